@@ -1,0 +1,134 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace Nvr {
+
+class ResId;
+class StringList;
+
+/// The text of the whole system: 8-bit, zero-terminated, immutable, in the system code page.
+///
+/// A string is one pointer to a shared, reference-counted representation with a cached hash; copying it is
+/// one increment. Every operation that changes a string makes a new representation. A string cannot hold a
+/// zero byte: what stands behind the first zero is lost. Indexes are byte offsets from 0; a search that
+/// finds nothing gives -1. Nothing here is safe across threads. A failed allocation raises
+/// OutOfMemoryException or std::bad_alloc and leaves the string as it was.
+class String {
+public:
+    String() noexcept;
+    /// Copies `text` up to its zero, or at most `length` bytes of it when `length` is not negative.
+    /// A null pointer, a length of 0 and an empty text give the shared empty string.
+    String(const char* text, int length = -1); // NOLINT(google-explicit-constructor)
+    /// Copies `text` up to its first zero byte.
+    explicit String(std::string_view text);
+    /// `character` repeated `count` times; empty for a count below 1.
+    String(char character, int count);
+    /// The text of a string resource, "%app" replaced; then "%1" by `first`, "%2" by `second`, one after the
+    /// other over the whole text. A resource that cannot be found gives the empty string and one report.
+    explicit String(const ResId& id);
+    String(const ResId& id, const String& first);
+    String(const ResId& id, const String& first, const String& second);
+    /// "%app" is replaced before the substitutions; then "%i" by entry i - 1 of the list, i counted from 1.
+    String(const ResId& id, const StringList& list);
+
+    String(const String& other) noexcept;
+    String(String&& other) noexcept;
+    String& operator=(const String& other) noexcept;
+    String& operator=(String&& other) noexcept;
+    ~String();
+
+    /// Takes over a zero-terminated buffer made with array new; no text is copied.
+    static String Adopt(char* buffer);
+
+    const char* CStr() const noexcept;
+    unsigned Length() const noexcept;
+    bool IsEmpty() const noexcept { return Length() == 0; }
+    /// The bytes without the zero; valid as long as some string shares the representation.
+    std::string_view View() const noexcept { return {CStr(), Length()}; }
+    /// h = h * 31 + signed byte, plus 1; computed on first use and kept in the representation.
+    std::uint32_t Hash() const noexcept;
+    /// The byte at `index`; 0 at or past the length and for a negative index.
+    char CharAt(int index) const noexcept;
+    /// True when both are the same representation, not merely equal text.
+    bool SharesTextWith(const String& other) const noexcept;
+
+    friend bool operator==(const String& left, const String& right) noexcept;
+    friend bool operator==(const String& left, const char* right) noexcept;
+    /// Collation of the platform, case-sensitive.
+    friend bool operator<(const String& left, const String& right);
+    friend bool operator>(const String& left, const String& right);
+    friend bool operator<=(const String& left, const String& right);
+    friend bool operator>=(const String& left, const String& right);
+    /// The same collation, ignoring case.
+    bool EqualsIgnoreCase(const String& other) const;
+    bool EqualsIgnoreCase(const char* other) const;
+    /// True when the `count` bytes from `index` are `other`, which must be `count` long.
+    bool MatchesAt(int index, int count, const String& other) const;
+    /// True when the `count` bytes from `index` equal the start of `other`, ignoring case.
+    bool MatchesAtIgnoreCase(int index, int count, const String& other) const;
+
+    int Find(const String& text) const;
+    int Find(int start, const String& text) const;
+    int FindChar(char character) const;
+    int FindChar(int start, char character) const;
+    int FindLastChar(char character) const;
+    int FindSpace(int start) const;
+    int FindNonSpace(int start) const;
+    /// The nearest byte at or before `index` that is not white space.
+    int LastNonSpace(int index) const;
+
+    String& operator+=(const String& other);
+    String& operator+=(const char* other);
+    String& operator+=(char other);
+    friend String operator+(const String& left, const String& right);
+    friend String operator+(const String& left, const char* right);
+    friend String operator+(const char* left, const String& right);
+    friend String operator+(const String& left, char right);
+
+    /// `count` bytes from `start`, clipped to the end; empty when `start` is at or past it.
+    String Mid(int start, int count) const;
+    String Mid(int start) const;
+    String ToUpper() const;
+    String ToLower() const;
+    String Trim() const;
+    String RemoveSpaces() const;
+    String RemoveChar(char character) const;
+    String RemoveCRs() const;
+    String ReplaceChar(char from, char to) const;
+    /// Left to right, not overlapping. `from` must not be empty.
+    String ReplaceAll(const String& from, const String& to) const;
+
+    bool IsDigits() const;
+    bool IsAlphanumeric() const;
+    int ToInt() const;
+    long ToLong() const;
+    float ToFloat() const;
+    /// The leading run of "0" and "1" as a binary number.
+    unsigned FromBinaryDigits() const;
+
+    static String FromInt(std::int32_t value);
+    static String FromUnsigned(std::uint32_t value);
+    static String FromInt64(std::int64_t value);
+    static String FromUnsigned64(std::uint64_t value);
+    /// "1" or "0".
+    static String FromBool(bool value);
+    /// Six decimals when `decimals` is -1. `trimZeros` cuts zeros behind the point, and a bare point.
+    static String FromFloat(double value, int decimals = -1, bool trimZeros = false);
+
+    /// What functions return by reference when they have nothing to return.
+    static const String& Empty();
+    /// Replaces "%app" in resource texts; empty unless set.
+    static const String& ApplicationName();
+    static void SetApplicationName(const String& name);
+
+private:
+    struct Representation;
+    explicit String(Representation* representation) noexcept;
+
+    Representation* m_Representation;
+};
+
+} // namespace Nvr
