@@ -1,7 +1,7 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace Nvr {
@@ -125,10 +125,118 @@ public:
     static void SetApplicationName(const String& name);
 
 private:
-    struct Representation;
-    explicit String(Representation* representation) noexcept;
+    /// What the strings of one text share. Made in one of three shapes: the one empty representation, which
+    /// is never freed; text and zero behind the representation in the same allocation; or a buffer made
+    /// elsewhere with array new. The bytes never change once a string points here; only the hash does.
+    struct Representation {
+        const char* Text;
+        std::uint32_t Length;
+        /// 0 as long as it is not computed.
+        std::uint32_t CachedHash;
+        std::uint32_t ReferenceCount;
+        bool HasStaticText;
+        bool HasInlineText;
+    };
+
+    /// Takes over the one reference of a new representation.
+    explicit String(Representation* representation) noexcept : m_Representation(representation) {}
+
+    /// A new representation with room for `length` bytes and the zero, to be written through `text` and then
+    /// closed with FinishInline.
+    static Representation* NewInline(std::size_t length, char*& text);
+    /// Scans for the zero, which is what decides the length.
+    static String FinishInline(Representation* representation);
+    /// One allocation: `left` followed by `right`, both without zero bytes.
+    static String Join(std::string_view left, std::string_view right);
+    static void Free(Representation* representation) noexcept;
+    static std::uint32_t ComputeHash(Representation& representation) noexcept;
+
+    bool HasRange(int index, int count) const noexcept;
+    template <class KeepByte>
+    String Filtered(KeepByte keep) const;
+    template <class MapByte>
+    String Mapped(MapByte map) const;
+
+    static Representation* ShareEmpty() noexcept {
+        ++s_EmptyRepresentation.ReferenceCount;
+        return &s_EmptyRepresentation;
+    }
+    static Representation* Share(Representation* representation) noexcept {
+        ++representation->ReferenceCount;
+        return representation;
+    }
+    static void Drop(Representation* representation) noexcept {
+        if (--representation->ReferenceCount == 0)
+            Free(representation);
+    }
+
+    static Representation s_EmptyRepresentation;
 
     Representation* m_Representation;
 };
+
+inline String::String() noexcept : m_Representation(ShareEmpty()) {}
+
+inline String::String(const String& other) noexcept : m_Representation(Share(other.m_Representation)) {}
+
+inline String::String(String&& other) noexcept : m_Representation(other.m_Representation) {
+    other.m_Representation = ShareEmpty();
+}
+
+inline String& String::operator=(const String& other) noexcept {
+    Representation* old = m_Representation;
+    m_Representation = Share(other.m_Representation);
+    Drop(old);
+    return *this;
+}
+
+inline String& String::operator=(String&& other) noexcept {
+    Representation* old = m_Representation;
+    m_Representation = other.m_Representation;
+    other.m_Representation = old;
+    return *this;
+}
+
+inline String::~String() {
+    Drop(m_Representation);
+}
+
+inline const char* String::CStr() const noexcept {
+    return m_Representation->Text;
+}
+
+inline unsigned String::Length() const noexcept {
+    return m_Representation->Length;
+}
+
+inline std::uint32_t String::Hash() const noexcept {
+    const std::uint32_t cached = m_Representation->CachedHash;
+    return cached != 0 ? cached : ComputeHash(*m_Representation);
+}
+
+inline char String::CharAt(int index) const noexcept {
+    // A negative index becomes one that is past any length.
+    return static_cast<unsigned>(index) < Length() ? CStr()[index] : '\0';
+}
+
+inline bool String::SharesTextWith(const String& other) const noexcept {
+    return m_Representation == other.m_Representation;
+}
+
+inline bool operator==(const String& left, const String& right) noexcept {
+    if (left.m_Representation == right.m_Representation)
+        return true;
+    if (left.Length() != right.Length())
+        return false;
+    if (left.Length() == 0)
+        return true;
+    if (left.Hash() != right.Hash())
+        return false;
+    return std::memcmp(left.CStr(), right.CStr(), left.Length()) == 0;
+}
+
+inline bool operator==(const String& left, const char* right) noexcept {
+    return std::strcmp(left.CStr(), right != nullptr ? right : "") == 0;
+}
 
 } // namespace Nvr

@@ -1,0 +1,121 @@
+#include "Shared/Utils/AList.h"
+
+#include "Shared/Utils/AllocationFailure.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <utility>
+
+namespace Nvr {
+
+namespace {
+
+// Indexes are ints.
+constexpr std::uint32_t kLargestCapacity = std::numeric_limits<std::int32_t>::max();
+constexpr std::uint64_t kLargestBlock = std::numeric_limits<std::ptrdiff_t>::max();
+
+} // namespace
+
+std::uint32_t ListGrowth::NextCapacity(std::uint32_t capacity, std::uint32_t growBy) {
+    const std::uint32_t more = growBy != 0 ? growBy : std::max(capacity, 1U);
+    if (more > kLargestCapacity - capacity)
+        RaiseAllocationFailure();
+    return capacity + more;
+}
+
+AList::AList(int capacity, int growBy) : m_GrowBy(static_cast<std::uint32_t>(std::max(growBy, 0))) {
+    Reserve(capacity);
+}
+
+AList::~AList() {
+    FreeBlock(m_Items);
+}
+
+void AList::Insert(void* item, int index) {
+    if (index < 0 || index > Count())
+        return;
+    Add(item);
+    std::rotate(m_Items + index, m_Items + m_Count - 1, m_Items + m_Count);
+}
+
+void AList::Reserve(int capacity) {
+    if (capacity > Capacity())
+        SetCapacity(static_cast<std::uint32_t>(capacity));
+}
+
+int AList::IndexOf(const void* item) const {
+    void** const end = m_Items + m_Count;
+    void** const found = std::find(m_Items, end, item);
+    return found != end ? static_cast<int>(found - m_Items) : -1;
+}
+
+void AList::Remove(const void* item) {
+    const int index = IndexOf(item);
+    if (index >= 0)
+        TakeOutAt(static_cast<std::uint32_t>(index));
+}
+
+void AList::Delete(void* item) {
+    Remove(item);
+    if (item != nullptr)
+        DeleteItem(item);
+}
+
+void AList::DeleteAt(int index) {
+    if (index < 0 || index >= Count())
+        return;
+    void* const item = m_Items[index];
+    TakeOutAt(static_cast<std::uint32_t>(index));
+    if (item != nullptr)
+        DeleteItem(item);
+}
+
+void AList::DeleteAll() {
+    // Taken out first, so that an item that looks at its list on its way out finds an empty one.
+    void** const items = std::exchange(m_Items, nullptr);
+    const std::uint32_t count = std::exchange(m_Count, 0U);
+    m_Capacity = 0;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        if (items[i] != nullptr)
+            DeleteItem(items[i]);
+    }
+    FreeBlock(items);
+}
+
+void AList::Forget() noexcept {
+    FreeBlock(std::exchange(m_Items, nullptr));
+    m_Capacity = 0;
+    m_Count = 0;
+}
+
+void AList::TakeFrom(AList& other) {
+    if (&other == this)
+        return;
+    DeleteAll();
+    m_Items = std::exchange(other.m_Items, nullptr);
+    m_Capacity = std::exchange(other.m_Capacity, 0U);
+    m_Count = std::exchange(other.m_Count, 0U);
+}
+
+void AList::Grow() {
+    SetCapacity(ListGrowth::NextCapacity(m_Capacity, m_GrowBy));
+}
+
+void AList::SetCapacity(std::uint32_t capacity) {
+    const std::uint32_t slots = ListGrowth::AllocatedSlots(capacity);
+    if (m_Items == nullptr || slots != ListGrowth::AllocatedSlots(m_Capacity)) {
+        const std::uint64_t bytes = std::uint64_t{slots} * sizeof(void*);
+        if (bytes > kLargestBlock)
+            RaiseAllocationFailure();
+        m_Items = static_cast<void**>(ResizeBlock(m_Items, static_cast<std::size_t>(bytes)));
+    }
+    m_Capacity = capacity;
+}
+
+void AList::TakeOutAt(std::uint32_t index) noexcept {
+    std::copy(m_Items + index + 1, m_Items + m_Count, m_Items + index);
+    --m_Count;
+}
+
+} // namespace Nvr

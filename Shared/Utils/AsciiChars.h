@@ -1,0 +1,46 @@
+#pragma once
+
+/// Tests and casing of single bytes as plain ASCII, whatever the locale of the process. Bytes from 128 up are
+/// nothing and stay as they are. Characters of the system code page are the business of
+/// Shared/Utils/platform/TextServices.h.
+namespace Nvr::Ascii {
+
+constexpr bool IsDigit(char c) noexcept {
+    return c >= '0' && c <= '9';
+}
+
+constexpr bool IsUpper(char c) noexcept {
+    return c >= 'A' && c <= 'Z';
+}
+
+constexpr bool IsLower(char c) noexcept {
+    return c >= 'a' && c <= 'z';
+}
+
+constexpr bool IsAlpha(char c) noexcept {
+    return IsUpper(c) || IsLower(c);
+}
+
+constexpr bool IsAlnum(char c) noexcept {
+    return IsAlpha(c) || IsDigit(c);
+}
+
+/// Space, tab, line feed, vertical tab, form feed and carriage return.
+constexpr bool IsSpace(char c) noexcept {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+/// Space to tilde.
+constexpr bool IsPrint(char c) noexcept {
+    return c >= ' ' && c <= '~';
+}
+
+constexpr char ToLower(char c) noexcept {
+    return IsUpper(c) ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+constexpr char ToUpper(char c) noexcept {
+    return IsLower(c) ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+} // namespace Nvr::Ascii

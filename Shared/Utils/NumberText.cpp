@@ -1,0 +1,149 @@
+#include "Shared/Utils/NumberText.h"
+
+#include "Shared/Utils/AsciiChars.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <optional>
+#include <system_error>
+
+namespace Nvr {
+
+namespace {
+
+constexpr int kDecimalsOfPercentF = 6;
+constexpr std::size_t kHexadecimalPrefixLength = 2;
+// Digits before the point of the largest double, a sign, the point and a little room.
+constexpr std::size_t kRoomForWholePart = std::numeric_limits<double>::max_exponent10 + 8;
+
+template <class Number>
+std::size_t WriteInteger(Number value, char* first, char* last) {
+    char* const end = std::to_chars(first, last - 1, value).ptr;
+    *end = '\0';
+    return static_cast<std::size_t>(end - first);
+}
+
+struct SignedText {
+    std::string_view Magnitude;
+    bool IsNegative = false;
+};
+
+SignedText SkipSpaceAndSign(std::string_view text) {
+    text.remove_prefix(
+        static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), Ascii::IsSpace) - text.begin()));
+    if (text.empty() || (text.front() != '-' && text.front() != '+'))
+        return {text, false};
+    return {text.substr(1), text.front() == '-'};
+}
+
+template <class Number>
+Number ParseWhole(std::string_view text) {
+    using Limits = std::numeric_limits<Number>;
+    const auto [magnitude, isNegative] = SkipSpaceAndSign(text);
+    if (magnitude.empty() || !Ascii::IsDigit(magnitude.front()))
+        return 0;
+    // The magnitude of the lowest number is one larger than that of the highest.
+    unsigned long long value = 0;
+    const auto result = std::from_chars(magnitude.data(), magnitude.data() + magnitude.size(), value);
+    const auto limit = static_cast<unsigned long long>(Limits::max()) + (isNegative ? 1U : 0U);
+    if (result.ec == std::errc::result_out_of_range || value >= limit)
+        return isNegative ? Limits::min() : Limits::max();
+    const auto number = static_cast<Number>(value);
+    return isNegative ? static_cast<Number>(-number) : number;
+}
+
+bool StartsWithHexadecimal(std::string_view text) {
+    return text.size() > kHexadecimalPrefixLength && text[0] == '0' && Ascii::ToLower(text[1]) == 'x';
+}
+
+// What from_chars gives for "too large" and "too small" alike is told apart by the number just behind it: the
+// power of ten that the first digit other than 0 stands for, plus the exponent.
+bool IsTooLarge(std::string_view digits) {
+    long long power = -1;
+    bool seenPoint = false;
+    bool seenDigit = false;
+    std::size_t at = 0;
+    for (; at < digits.size() && (Ascii::IsDigit(digits[at]) || (digits[at] == '.' && !seenPoint)); ++at) {
+        if (digits[at] == '.') {
+            seenPoint = true;
+            continue;
+        }
+        seenDigit = seenDigit || digits[at] != '0';
+        if (!seenPoint && seenDigit)
+            ++power;
+        else if (seenPoint && !seenDigit)
+            --power;
+    }
+    if (at < digits.size() && Ascii::ToLower(digits[at]) == 'e')
+        power += ParseInt(digits.substr(at + 1));
+    return power > 0;
+}
+
+bool IsHexadecimalTooLarge(std::string_view digits) {
+    const auto exponent = digits.find_first_of("pP");
+    return exponent == std::string_view::npos || digits.substr(exponent + 1, 1) != "-";
+}
+
+std::optional<double> ParseMagnitude(std::string_view text) {
+    const bool isHexadecimal = StartsWithHexadecimal(text);
+    const auto digits = isHexadecimal ? text.substr(kHexadecimalPrefixLength) : text;
+    // A second sign is no number, though from_chars would take it.
+    if (digits.empty() || digits.front() == '-')
+        return std::nullopt;
+    double value = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value,
+                                        isHexadecimal ? std::chars_format::hex : std::chars_format::general);
+    if (result.ec == std::errc::result_out_of_range) {
+        const bool isTooLarge = isHexadecimal ? IsHexadecimalTooLarge(digits) : IsTooLarge(digits);
+        return isTooLarge ? std::numeric_limits<double>::infinity() : 0;
+    }
+    if (result.ec != std::errc())
+        return std::nullopt;
+    return value;
+}
+
+} // namespace
+
+IntegerText::IntegerText(long long value) : m_Text{} {
+    m_Length = WriteInteger(value, m_Text.data(), m_Text.data() + m_Text.size());
+}
+
+IntegerText::IntegerText(unsigned long long value) : m_Text{} {
+    m_Length = WriteInteger(value, m_Text.data(), m_Text.data() + m_Text.size());
+}
+
+std::string FormatFixed(double value, int decimals) {
+    const int places = decimals < 0 ? kDecimalsOfPercentF : decimals;
+    std::string text(kRoomForWholePart + static_cast<std::size_t>(places), '\0');
+    const auto result =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, places);
+    text.resize(static_cast<std::size_t>(result.ptr - text.data()));
+    return text;
+}
+
+int ParseInt(std::string_view text) {
+    return ParseWhole<int>(text);
+}
+
+long ParseLong(std::string_view text) {
+    return ParseWhole<long>(text);
+}
+
+long long ParseLongLong(std::string_view text) {
+    return ParseWhole<long long>(text);
+}
+
+double ParseDouble(std::string_view text) {
+    const auto [magnitude, isNegative] = SkipSpaceAndSign(text);
+    const auto value = ParseMagnitude(magnitude);
+    if (!value)
+        return 0;
+    return isNegative ? -*value : *value;
+}
+
+float ParseFloat(std::string_view text) {
+    return static_cast<float>(ParseDouble(text));
+}
+
+} // namespace Nvr
