@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Shared/NotaveraAPI/NotaveraPlugin.h"
+
+namespace Nvr {
+
+/// The six functions of the host, as far as they are bound; null for one that is not. All are null until a
+/// bind, after a failed one, and after ClearHostFunctions.
+struct HostFunctionTable {
+    NvrLoadTempFile LoadTempFile = nullptr;
+    NvrResultsDialogMessage ResultsDialogMessage = nullptr;
+    NvrUpdateProgressDialog UpdateProgressDialog = nullptr;
+    NvrDestroyProgressDialog DestroyProgressDialog = nullptr;
+    NvrCreateProgressDialog2 CreateProgressDialog2 = nullptr;
+    NvrChooseTransposingInstruments ChooseTransposingInstruments = nullptr;
+};
+
+/// The one table of the process.
+const HostFunctionTable& HostFunctions();
+
+/// Empties the table.
+void ClearHostFunctions();
+
+/// Looks the six up in the main executable of the process, in the order of the table, and stops at the first
+/// that is missing. False then, with those before it bound: the caller clears the table.
+bool BindHostFunctions();
+
+/// The value that goes with every progress call; null until the host has given one.
+void* ProgressContext();
+void SetProgressContext(void* context);
+
+} // namespace Nvr
