@@ -1,8 +1,9 @@
 #pragma once
 
+#include "Projects/Fretline/stave/ScoreBar.h"
+#include "Projects/Fretline/stave/TabChord.h"
 #include "Projects/Fretline/stave/TabColumn.h"
 
-#include <cstdint>
 #include <map>
 #include <memory>
 #include <vector>
@@ -17,10 +18,27 @@ class Rhythms;
 class TabFile;
 class TabStave;
 struct RiffLabel;
-struct ScoreBar;
-struct TabChord;
-struct TabNote;
 struct TabTimeSignature;
+
+enum class RhythmLineKind { None, NoteLengths, BeatPositions };
+
+/// The line of the text that states a bar's rhythm.
+struct RhythmLine {
+    RhythmLineKind m_Kind = RhythmLineKind::None;
+    /// The line of the file; -1 when there is none.
+    int m_Line = -1;
+};
+
+/// What became of one chord symbol of a bar.
+struct ChordReading {
+    const TabChord* m_Chord;
+    /// The column nearest to the symbol's middle, null when the bar has none.
+    const TabColumn* m_Column;
+    /// The column took it; false when another symbol won the column.
+    bool m_Attached;
+    /// It reached the score: attached, and the first of the columns that sound together there.
+    bool m_Written;
+};
 
 /// One bar of a stave: a rectangle of the text, as high as the stave and as wide as the space between two
 /// barlines. It is read into notes once, by ImportToScore, and asked about afterwards.
@@ -28,10 +46,13 @@ struct TabTimeSignature;
 /// Made and owned by its TabStave. Owns its columns, score bars, rhythm source and chords; borrows file,
 /// tuning, stave, label and time signature. Lines are those of the file; columns are bar-relative unless
 /// called absolute; times are in score units (1024 to the whole note). Text that does not fit is left out:
-/// nothing here fails or reports.
+/// nothing here fails or reports. Reading costs in proportion to the bar's cells.
 class TabBar {
 public:
-    /// `startColumn` is absolute. Works out whether the rectangle holds a dash; all else is empty.
+    using ColumnMap = std::map<int, std::unique_ptr<TabColumn>>;
+
+    /// `startColumn` is absolute. Works out whether the rectangle holds a dash; all else is empty. The tuning
+    /// has one entry a line when the bar is read; it may be filled after the bar is made.
     TabBar(TabFile& file, int firstLine, int lineCount, int startColumn, int width,
            const std::vector<int>& tuning, TabStave& stave);
     ~TabBar();
@@ -39,8 +60,13 @@ public:
     TabBar& operator=(const TabBar&) = delete;
 
     /// Reads the bar and appends its score bars to the section `bars` of the score's stave. `lastNoteRest`
-    /// is the last NoteRest written so far, null before the first; left alone when none was written.
+    /// is the last NoteRest written so far, null before the first; left alone when none was written. Once a
+    /// bar, and not after ReadBar.
     void ImportToScore(Nvr::TreeNode* bars, Nvr::TreeNode*& lastNoteRest);
+
+    /// The reading half of ImportToScore: everything is known afterwards, and nothing written. Only a tie at
+    /// the start of the bar reaches out, to the notes of `lastNoteRest`, which may be null. Once a bar.
+    void ReadBar(Nvr::TreeNode* lastNoteRest);
 
     void SetTimeSignature(const TabTimeSignature* timeSignature) { m_TimeSignature = timeSignature; }
     const TabTimeSignature* GetTimeSignature() const { return m_TimeSignature; }
@@ -52,9 +78,10 @@ public:
     bool HasDash() const { return m_HasDash; }
     /// The bar has real durations, from a rhythm line or from spacing.
     bool HasRhythms() const { return m_HasRhythms; }
-    int ScoreBarCount() const;
+    int ScoreBarCount() const { return static_cast<int>(m_ScoreBars.size()); }
     bool HasChords() const { return !m_Chords.empty(); }
 
+    const TabFile& GetFile() const { return m_File; }
     int GetFirstLine() const { return m_FirstLine; }
     int GetLineCount() const { return m_LineCount; }
     /// Absolute.
@@ -63,13 +90,64 @@ public:
     /// Open strings as Chrom2, lowest first.
     const std::vector<int>& GetTuning() const { return m_Tuning; }
 
+    /// What reading has found. All of it is empty before; the pointers live as long as the bar.
+    ///
+    /// The columns that are timed, by bar-relative column.
+    const ColumnMap& GetColumns() const { return m_Columns; }
+    const std::vector<std::unique_ptr<ScoreBar>>& GetScoreBars() const { return m_ScoreBars; }
+    /// The symbols of the chosen chord line, in text order.
+    const std::vector<std::unique_ptr<TabChord>>& GetChords() const { return m_Chords; }
+    /// The same with their columns, and which of them lost.
+    std::vector<ChordReading> GetChordReadings() const;
+    /// The chosen rhythm line, found at every rhythm level; whether it was used, HasRhythms tells.
+    const RhythmLine& GetRhythmLine() const { return m_RhythmLine; }
+
 private:
+    // The rhythm source (TabBarRhythm.cpp).
+    void FindRhythmSource();
+    template <typename LineTest>
+    int FindLineOffset(LineTest isRhythmLine) const;
+    bool IsRhythmCandidate(int offset) const;
+    void ApplyRhythmSource();
+
+    // Columns (TabBarColumns.cpp).
+    void FindColumns();
+    void FindColumnsOfLine(int line);
+    TabColumn& GetColumn(int column);
+    void JoinRightAlignedColumns();
+
+    // Timing without a rhythm line (TabBarTiming.cpp).
+    void ComputeTiming();
+    void ApplyEvenTiming();
+    void ApplySpacing();
+    void SpreadOverSeveralBars();
+    void PlaceInProportion();
+
+    // Notes and score bars (TabBarNotes.cpp).
+    void ReadNotes(Nvr::TreeNode* lastNoteRest);
+    ColumnMap::const_iterator ReadGroup(ColumnMap::const_iterator first, int& cursor);
+    void ReadNotesOfColumn(const TabColumn& column, std::vector<TabNote>& notes) const;
+    void TieLastItemTo(const std::vector<TabNote>& notes);
+    void EmitDuration(int position, int duration, const std::vector<TabNote>& notes, const TabChord* chord);
+    void EmitIntoOneBar(int position, int duration, const std::vector<TabNote>& notes, const TabChord* chord);
+    ScoreBar& ScoreBarAt(int position);
+
+    // Chords (TabBarChords.cpp).
+    void ReadChords();
+    std::vector<std::unique_ptr<TabChord>> ReadChordLine(int offset) const;
+    void AttachChords();
+    TabColumn* FindNearestColumn(int column) const;
+    int MiddleOf(const TabChord& chord) const;
+    bool Displaces(const TabChord& chord, const TabChord& holder, int column) const;
+
+    void WriteScoreBar(const ScoreBar& scoreBar, Nvr::TreeNode* bars, Nvr::TreeNode*& lastNoteRest) const;
+
     TabFile& m_File;
     int m_FirstLine;
     int m_LineCount;
     int m_StartColumn;
     int m_Width;
-    std::map<int, std::unique_ptr<TabColumn>> m_Columns;
+    ColumnMap m_Columns;
     bool m_HasDash = false;
     const std::vector<int>& m_Tuning;
     int m_BarLength = 0;
@@ -79,8 +157,13 @@ private:
     const RiffLabel* m_Label = nullptr;
     std::unique_ptr<Rhythms> m_Rhythm;
     std::vector<std::unique_ptr<TabChord>> m_Chords;
+    /// Of a NoteLengths line, from m_FirstLine; otherwise 0.
     int m_RhythmLineOffset = 0;
     bool m_HasRhythms = false;
+    RhythmLine m_RhythmLine;
 };
+
+/// Ties every note of a written NoteRest to the next. A rest does not change.
+void MarkTied(Nvr::TreeNode* noteRest);
 
 } // namespace Fretline

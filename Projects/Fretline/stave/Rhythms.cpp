@@ -1,0 +1,7 @@
+#include "Projects/Fretline/stave/Rhythms.h"
+
+namespace Fretline {
+
+Rhythms::~Rhythms() = default;
+
+} // namespace Fretline

@@ -1,0 +1,128 @@
+#include "Projects/Fretline/stave/TabBar.h"
+
+#include "Projects/Fretline/text/TabFile.h"
+#include "Shared/Utils/AsciiChars.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace Fretline {
+
+namespace {
+
+// Guitars have hardly more frets; a run of digits of a higher value cannot be one number.
+constexpr int kHighestFretReadAsOneNumber = 22;
+
+bool IsMuted(char c) {
+    return c == 'x' || c == 'X';
+}
+
+/// The fret characters from some column on to the next other character.
+struct FretRun {
+    int m_Length;
+    /// It cannot be one number.
+    bool m_TooBig;
+};
+
+/// Gives the runs of one line of a bar, from columns asked for in ascending order. What a run holds is
+/// gathered once, so that asking for each of its columns does not cost its length each time.
+class FretRunReader {
+public:
+    FretRunReader(const TabBar& bar, int line) : m_Bar(bar), m_Line(line) {}
+
+    FretRun ReadAt(int column) {
+        if (column >= m_End)
+            Gather(column);
+        return {m_End - column, column < m_End && IsTooBigFrom(column)};
+    }
+
+private:
+    char CharAt(int column) const { return m_Bar.GetFile().GetChar(m_Line, m_Bar.GetStartColumn() + column); }
+
+    void Gather(int column) {
+        m_End = column;
+        m_LastMuted = -1;
+        m_FirstNonZero = column;
+        for (; m_End < m_Bar.GetWidth(); ++m_End) {
+            const char c = CharAt(m_End);
+            if (IsMuted(c))
+                m_LastMuted = m_End;
+            else if (!Nvr::Ascii::IsDigit(c))
+                return;
+        }
+    }
+
+    bool IsTooBigFrom(int column) {
+        if (m_LastMuted >= column)
+            return true;
+        m_FirstNonZero = std::max(m_FirstNonZero, column);
+        while (m_FirstNonZero < m_End && CharAt(m_FirstNonZero) == '0')
+            ++m_FirstNonZero;
+        const int digits = m_End - m_FirstNonZero;
+        return digits > 2 || (digits == 2 && NumberOfTwoDigits() > kHighestFretReadAsOneNumber);
+    }
+
+    int NumberOfTwoDigits() const {
+        return (CharAt(m_FirstNonZero) - '0') * 10 + (CharAt(m_FirstNonZero + 1) - '0');
+    }
+
+    const TabBar& m_Bar;
+    int m_Line;
+    int m_End = 0;
+    int m_LastMuted = -1;
+    int m_FirstNonZero = 0;
+};
+
+} // namespace
+
+TabColumn& TabBar::GetColumn(int column) {
+    std::unique_ptr<TabColumn>& entry = m_Columns[column];
+    if (entry == nullptr) {
+        entry = std::make_unique<TabColumn>();
+        entry->m_Column = column;
+    }
+    return *entry;
+}
+
+void TabBar::FindColumns() {
+    for (int line = m_FirstLine; line < m_FirstLine + m_LineCount; ++line)
+        FindColumnsOfLine(line);
+}
+
+void TabBar::FindColumnsOfLine(int line) {
+    FretRunReader runs(*this, line);
+    int i = 0;
+    while (i < m_Width) {
+        const FretRun run = runs.ReadAt(i);
+        if (run.m_Length == 0) {
+            ++i;
+        } else if (run.m_TooBig) {
+            for (const int end = i + run.m_Length; i < end; ++i) {
+                TabColumn& column = GetColumn(i);
+                column.m_Single = true;
+                column.m_Width = 1;
+            }
+        } else {
+            TabColumn& column = GetColumn(i);
+            if (!column.m_Single)
+                column.m_Width = std::max(column.m_Width, run.m_Length);
+            i += column.m_Width;
+        }
+    }
+}
+
+void TabBar::JoinRightAlignedColumns() {
+    constexpr int kTwoDigits = 2;
+    auto current = m_Columns.begin();
+    while (current != m_Columns.end()) {
+        const auto next = std::next(current);
+        if (next != m_Columns.end() && next->first == current->first + 1 &&
+            current->second->m_Width == kTwoDigits) {
+            next->second->m_StartOffset = -1;
+            m_Columns.erase(current);
+        }
+        current = next;
+    }
+}
+
+} // namespace Fretline

@@ -1,0 +1,187 @@
+#include "Projects/Fretline/score/ScoreItems.h"
+#include "Projects/Fretline/stave/ScoreTime.h"
+#include "Projects/Fretline/stave/TabBar.h"
+#include "Projects/Fretline/text/TabFile.h"
+#include "Shared/Utils/AsciiChars.h"
+#include "Shared/Utils/tree/TreeNode.h"
+#include "Shared/Utils/tree/TreeNodeIterator.h"
+
+#include <algorithm>
+#include <array>
+#include <compare>
+#include <cstddef>
+
+namespace Fretline {
+
+namespace {
+
+constexpr int kChrom2PerSemitone = 2;
+constexpr int kSemitonesPerOctave = 12;
+constexpr int kStepsPerOctave = 7;
+
+// The diatonic step of each pitch class from C up: C, C sharp, D, E flat, E, F, F sharp, G, G sharp, A, B
+// flat, B.
+constexpr std::array<int, kSemitonesPerOctave> kDiatonicSteps = {0, 0, 1, 2, 2, 3, 3, 4, 4, 5, 6, 6};
+
+const std::vector<TabNote> kRest;
+
+std::uint8_t NarrowTo8Bits(int value) {
+    return static_cast<std::uint8_t>(value);
+}
+
+std::uint8_t DiatOf(std::uint8_t chrom2) {
+    const int note = chrom2 / kChrom2PerSemitone;
+    const int step = kDiatonicSteps[static_cast<std::size_t>(note % kSemitonesPerOctave)];
+    return NarrowTo8Bits(note / kSemitonesPerOctave * kStepsPerOctave + step);
+}
+
+// Strings and pitches in an order in which two lists can be compared.
+std::vector<int> SortedKeys(const std::vector<TabNote>& notes) {
+    constexpr int kPitches = 256;
+    std::vector<int> keys;
+    keys.reserve(notes.size());
+    for (const TabNote& note : notes)
+        keys.push_back(note.m_String * kPitches + note.m_Chrom2);
+    std::ranges::sort(keys);
+    return keys;
+}
+
+} // namespace
+
+TabNote::TabNote(int string, int chrom2)
+    : m_String(NarrowTo8Bits(string)), m_Chrom2(NarrowTo8Bits(chrom2)), m_Diat(DiatOf(m_Chrom2)) {}
+
+void MarkTied(Nvr::TreeNode* noteRest) {
+    static const Nvr::String kNotes("Notes");
+    static const Nvr::String kFlags("Flags");
+    const Nvr::TreeNode* notes = noteRest->FindChild(kNotes);
+    if (notes == nullptr)
+        return;
+    Nvr::TreeNodeIterator iterator(*notes);
+    while (const Nvr::TreeNode* note = iterator.Next())
+        if (Nvr::TreeNode* flags = note->FindChild(kFlags))
+            flags->SetValue(flags->GetValueAsInt() | kNoteTied);
+}
+
+void TabBar::ReadNotes(Nvr::TreeNode* lastNoteRest) {
+    if (lastNoteRest != nullptr && !m_Columns.empty() && m_Columns.begin()->second->m_Tied)
+        MarkTied(lastNoteRest);
+    int cursor = 0;
+    auto next = m_Columns.cbegin();
+    while (next != m_Columns.cend())
+        next = ReadGroup(next, cursor);
+    if (cursor < m_BarLength)
+        EmitDuration(cursor, m_BarLength - cursor, kRest, nullptr);
+}
+
+// A column, with the columns before it that last no time, sounds as one chord.
+TabBar::ColumnMap::const_iterator TabBar::ReadGroup(ColumnMap::const_iterator first, int& cursor) {
+    std::vector<TabNote> notes;
+    const TabChord* chord = nullptr;
+    bool tied = false;
+    bool followsAtOnce = first != m_Columns.cbegin() && cursor == first->second->m_Position;
+    const TabColumn* column = nullptr;
+    auto next = first;
+    do {
+        column = next->second.get();
+        if (chord == nullptr)
+            chord = column->m_Chord;
+        tied = tied || column->m_Tied;
+        if (cursor < column->m_Position)
+            EmitDuration(cursor, column->m_Position - cursor, notes, nullptr);
+        ReadNotesOfColumn(*column, notes);
+        cursor = column->m_Position + column->m_Duration;
+        ++next;
+    } while (column->m_Duration == 0 && next != m_Columns.cend());
+
+    std::ranges::stable_sort(notes, {}, &TabNote::m_Diat);
+    if (tied && followsAtOnce)
+        TieLastItemTo(notes);
+    EmitDuration(column->m_Position, column->m_Duration, notes, chord);
+    return next;
+}
+
+void TabBar::ReadNotesOfColumn(const TabColumn& column, std::vector<TabNote>& notes) const {
+    const int first = std::max(column.m_Column + column.m_StartOffset, 0);
+    const int end = std::min(column.m_Column + column.m_Width, m_Width);
+    for (int string = 0; string < m_LineCount; ++string) {
+        const int line = m_FirstLine + m_LineCount - 1 - string;
+        // Only the low bits of a pitch are kept, so a number too long for any type may lose its high ones.
+        unsigned number = 0;
+        bool hasDigit = false;
+        for (int i = first; i < end; ++i) {
+            const char c = m_File.GetChar(line, m_StartColumn + i);
+            if (!Nvr::Ascii::IsDigit(c))
+                continue;
+            number = number * 10 + static_cast<unsigned>(c - '0');
+            hasDigit = true;
+        }
+        if (hasDigit) {
+            const int fret = NarrowTo8Bits(static_cast<int>(number % 256));
+            notes.emplace_back(string,
+                               m_Tuning[static_cast<std::size_t>(string)] + kChrom2PerSemitone * fret);
+        }
+    }
+}
+
+// A tie inside the bar joins the item before to the same notes struck again in the text. Where the notes
+// differ there is nothing to join, and the mark is without effect.
+void TabBar::TieLastItemTo(const std::vector<TabNote>& notes) {
+    if (m_ScoreBars.empty() || m_ScoreBars.back()->m_Items.empty())
+        return;
+    BarItem& last = m_ScoreBars.back()->m_Items.back();
+    if (std::ranges::includes(SortedKeys(notes), SortedKeys(last.m_Notes)))
+        last.m_Tied = true;
+}
+
+void TabBar::EmitDuration(int position, int duration, const std::vector<TabNote>& notes,
+                          const TabChord* chord) {
+    // Where a bar is shorter than the quaver that every note of a stave without barlines gets, the note goes
+    // on over the barlines: no bar is stepped over, and none is fuller than it is long.
+    while (m_BarLength > 0 && m_BarLength < kUnitsPerQuaver) {
+        const int left = m_BarLength - position % m_BarLength;
+        if (duration <= left)
+            break;
+        EmitIntoOneBar(position, left, notes, chord);
+        m_ScoreBars.back()->m_Items.back().m_Tied = true;
+        position += left;
+        duration -= left;
+        chord = nullptr;
+    }
+    EmitIntoOneBar(position, duration, notes, chord);
+}
+
+// All pieces stay in the score bar in which the duration begins. They fall in size, and are tied together.
+void TabBar::EmitIntoOneBar(int position, int duration, const std::vector<TabNote>& notes,
+                            const TabChord* chord) {
+    ScoreBar& scoreBar = ScoreBarAt(position);
+    int positionInBar = m_BarLength > 0 ? position % m_BarLength : position;
+    bool isFirst = true;
+    while (duration > 0) {
+        BarItem item;
+        item.m_Position = positionInBar;
+        item.m_LogDuration = FloorLog2(duration);
+        item.m_Notes = notes;
+        if (isFirst)
+            item.m_Chord = chord;
+        else
+            scoreBar.m_Items.back().m_Tied = true;
+        isFirst = false;
+        scoreBar.m_Items.push_back(std::move(item));
+        const int length = 1 << scoreBar.m_Items.back().m_LogDuration;
+        positionInBar += length;
+        duration -= length;
+    }
+}
+
+// Positions never step over a score bar, so at most the next one is missing.
+ScoreBar& TabBar::ScoreBarAt(int position) {
+    const auto index = static_cast<std::size_t>(m_BarLength > 0 ? position / m_BarLength : 0);
+    if (index >= m_ScoreBars.size()) {
+        m_ScoreBars.push_back(std::make_unique<ScoreBar>());
+        return *m_ScoreBars.back();
+    }
+    return *m_ScoreBars[index];
+}
+
+} // namespace Fretline
