@@ -3,6 +3,7 @@
 #include "Shared/Utils/NvrString.h"
 
 #include <cstddef>
+#include <new>
 
 namespace Nvr {
 
@@ -27,9 +28,19 @@ struct TreeRectangle {
 ///
 /// A node owns its children, strictly downward; there is no parent pointer and no type tag. Labels need not
 /// be unique among siblings: finding gives the first match, and the order of children is kept by every
-/// operation and by both stored forms. Labels and values are interned in the process-wide NodeStringTable.
-/// Operations that take a `TreeNode*` to add take ownership of it. Finders answer null, and nothing here
-/// reports an error. No operation recurses, so a tree may be as deep as memory allows.
+/// operation and by both stored forms. Labels and values are interned in the process-wide NodeStringTable,
+/// but for "True" and "False" of a bool, which are shared as they are. Finders answer null, and nothing here
+/// reports an error.
+///
+/// Operations that take a `TreeNode*` to add take ownership of it, also when they fail. A node is added to
+/// one parent, and never to a node below itself. A failed allocation raises the allocation failure, leaks
+/// nothing and leaves a sound tree, in which what was done until then may stand. No operation recurses, so a
+/// tree may be as deep as memory allows, and destroying one allocates nothing.
+///
+/// Typed values are decimal text, whatever the locale: whole numbers as "%d", floats as "%f". Text that is no
+/// number reads as 0, a number beyond the type's range as the nearest limit. A bool is "True" or "False". A
+/// point has the children "X" and "Y", a rectangle the points "TopLeft" and "BottomRight", and no value;
+/// a missing child counts as 0.
 class TreeNode {
 public:
     TreeNode() = default;
@@ -42,12 +53,17 @@ public:
     TreeNode(const String& label, float value);
     TreeNode(const String& label, const TreePoint& value);
     TreeNode(const String& label, const TreeRectangle& value);
+    /// A deep copy.
     TreeNode(const TreeNode& other);
+    /// Takes label, value and deep copies of the children of `other`, which may lie below this node.
     TreeNode& operator=(const TreeNode& other);
     ~TreeNode();
 
+    /// Nodes lie in the TreeNodePool; a TreeNodeRoot lies in general memory. A node may be deleted through a
+    /// TreeNode pointer whichever it is.
     static void* operator new(std::size_t size);
     static void operator delete(void* address) noexcept;
+    static void operator delete(TreeNode* node, std::destroying_delete_t) noexcept;
 
     const String& GetLabel() const { return m_Label; }
     const String& GetValue() const { return m_Value; }
@@ -95,37 +111,53 @@ public:
     void AddChildFirst(TreeNode* node);
     /// Before the child at `index`; first for an index below 1, last for one at or past the count.
     void InsertChild(TreeNode* node, int index);
-    /// A child of the same label takes value and copies of the children, and `node` is deleted; otherwise
-    /// `node` is appended.
+    /// The first child of the same label takes value and copies of the children, and `node` is deleted;
+    /// otherwise `node` is appended. Null, the node itself and a child that would merge with itself are
+    /// ignored.
     void MergeChild(TreeNode* node);
-    /// Takes `node` out when it is a child, and deletes it in either case.
+    /// Takes `node` out when it is a child, and deletes it in either case; null is ignored.
     void RemoveChild(TreeNode* node);
+    /// Deletes all children.
     void ClearChildren();
     /// Empties the list without deleting the children, which the caller must hold elsewhere.
     void ForgetChildren();
-    /// Replaces the children by deep copies; label and value stay.
+    /// Replaces the children by deep copies of those of `other`, which may lie below this node; label and
+    /// value stay. A failed allocation leaves the children as they were.
     void CopyChildrenFrom(const TreeNode& other);
 
-    /// The text form, from depth 0.
+    /// The text form, from depth 0, with CR LF line ends.
     String ToText() const;
     /// `binary` true gives the binary form, with UTF-16 strings when `unicode` is true; otherwise the text
-    /// form at `depth`. `encoding` is 0 for the system code page, 1 for the Macintosh code page.
+    /// form at `depth`. `encoding` says from what code page the strings are converted to UTF-16: 1 is the
+    /// Macintosh code page, any other number the system's. A failure shows in the stream's state.
     void WriteToStream(OutStream& stream, int depth, bool binary, bool unicode, int encoding) const;
-    /// False, with a report, when the file cannot be opened or written.
-    bool SaveToFile(const String& fileName, bool binary = false, bool unicode = false, int encoding = 0) const;
+    /// Writes a file of the form that WriteToStream gives at depth 0. False, with a report, when the file
+    /// cannot be opened or written; a file that was there is then as it was.
+    bool SaveToFile(const String& fileName, bool binary = false, bool unicode = false,
+                    int encoding = 0) const;
 
-    /// The loads give a tree owned by the caller, or null with reports.
+    /// The loads take both forms, see TreeNodeReader, and give a tree owned by the caller, or null with
+    /// reports. The memory is not needed any longer afterwards.
     static TreeNodeRoot* LoadFromString(const String& text);
     static TreeNodeRoot* LoadFromMemory(const void* memory, std::size_t size);
     static TreeNodeRoot* LoadFromStream(InStream& stream);
+    /// A stop label ends the read with an exception, see TreeNodeReader::Read.
     static TreeNodeRoot* LoadFromFile(const String& fileName, const String& stopLabel = String(),
                                       int stopMode = 0);
-    /// The value of the first node with that label in the file; empty when there is none.
+    /// The value of the first node with that label in the file; empty when there is none. In the text form a
+    /// node without a value is passed over.
     static String FindValueInFile(const String& fileName, const String& label);
-    /// The first node with that label, whole, owned by the caller; null when there is none.
+    /// The first node with that label, owned by the caller; null when there is none. In the text form a node
+    /// without braces is passed over. Of a node in which the file breaks off, what was read of it.
     static TreeNode* FindSubTreeInFile(const String& fileName, const String& label);
 
 private:
+    friend class TreeNodeBinaryParser;
+    friend class TreeNodeList;
+
+    TreeNodeList& NeedChildren();
+    TreeNode& NeedChild(const String& label);
+
     String m_Label;
     String m_Value;
     TreeNodeList* m_Children = nullptr;

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace Nvr {
+
+/// Memory for the many small objects of a tree: nodes and their lists.
+///
+/// Sizes of 1 to 199 bytes fall into 50 classes by steps of 4; each class has pages of its own, cut into
+/// cells of one size. A page is a block of 32768 bytes that starts at a multiple of its size, so the page of
+/// a cell is known from the cell's address. A class keeps its pages in two lists, those with free cells and
+/// the full ones; a page without cells in use is given back at once. Memory is aligned to 4 bytes, and to 8
+/// when the size is a multiple of 8.
+///
+/// A pool does not free what is still in use when it goes: every cell must have been released before. Not
+/// safe across threads.
+class TreeNodePool {
+public:
+    static constexpr std::size_t kPageSize = 32768;
+    static constexpr std::size_t kLargestSize = 199;
+    static constexpr std::size_t kClassCount = 50;
+
+    constexpr TreeNodePool() = default;
+    TreeNodePool(const TreeNodePool&) = delete;
+    TreeNodePool& operator=(const TreeNodePool&) = delete;
+
+    /// The pool of the process, which serves all nodes and lists. Never destroyed, so that nodes may be
+    /// destroyed at any time.
+    static TreeNodePool& Shared() noexcept { return s_Shared; }
+
+    /// A cell of at least `size` bytes; null for a size that has no class, which is the general allocator's
+    /// business. A failed allocation of a page raises the allocation failure and leaves the pool as it was.
+    void* Allocate(std::size_t size);
+    /// Takes a cell back. False when no page of this pool holds the address, and then nothing was done. Costs
+    /// the same however many pages there are.
+    bool Release(void* address) noexcept;
+
+    /// Cells that are not released yet, of all classes.
+    std::size_t CellsInUse() const noexcept { return m_CellsInUse; }
+    std::size_t PageCount() const noexcept { return m_Pages.Count(); }
+    /// The pages of the class that `size` falls in: with free cells, and full.
+    std::size_t PagesWithFreeCells(std::size_t size) const noexcept;
+    std::size_t FullPages(std::size_t size) const noexcept;
+
+private:
+    /// The head of a page. Cells are named by their offset in the page; 0, where the head lies, is none.
+    struct Page {
+        Page* Next;
+        std::uint32_t FirstFree;
+        std::uint32_t CellsInUse;
+        Page* Previous;
+        std::uint32_t ClassIndex;
+        bool IsFull;
+    };
+
+    /// The addresses of all pages, by which a foreign address is told from a cell.
+    class PageSet {
+    public:
+        constexpr PageSet() = default;
+        std::size_t Count() const noexcept { return m_Count; }
+        bool Contains(std::uintptr_t page) const noexcept;
+        /// Makes sure that the next Add cannot fail.
+        void MakeRoomForOne();
+        void Add(std::uintptr_t page) noexcept;
+        void Remove(std::uintptr_t page) noexcept;
+
+    private:
+        std::size_t HomeOf(std::uintptr_t page) const noexcept;
+        void Place(std::uintptr_t page) noexcept;
+
+        // Open addressing with at most half of the slots in use; 0 is a free slot.
+        std::uintptr_t* m_Slots = nullptr;
+        std::size_t m_SlotCount = 0;
+        std::size_t m_Count = 0;
+    };
+
+    static constexpr std::size_t ClassOf(std::size_t size) { return (size - 1) / 4; }
+    static constexpr std::size_t CellSizeOf(std::size_t classIndex) { return classIndex * 4 + 4; }
+    Page* NewPage(std::size_t classIndex);
+    void DeletePage(Page* page) noexcept;
+    Page*& ListOf(const Page& page) noexcept;
+    void Link(Page* page) noexcept;
+    void Unlink(Page* page) noexcept;
+    void MoveToOtherList(Page* page) noexcept;
+    static std::size_t CountPages(const Page* page) noexcept;
+
+    static TreeNodePool s_Shared;
+
+    Page* m_WithFreeCells[kClassCount] = {};
+    Page* m_Full[kClassCount] = {};
+    PageSet m_Pages;
+    std::size_t m_CellsInUse = 0;
+};
+
+} // namespace Nvr
