@@ -38,6 +38,8 @@ public:
     /// Without the terminating zero.
     void AppendText(std::string_view text);
     void AppendText(const String& text) { AppendText(text.View()); }
+    /// Null is nothing.
+    void AppendText(const char* text) { AppendText(std::string_view(text != nullptr ? text : "")); }
     /// At most `count` bytes of `other` from `offset` on. How many were taken: 0 when `offset` is at or past
     /// the other's size, or negative.
     int AppendFrom(const ByteBuffer& other, int offset, int count);

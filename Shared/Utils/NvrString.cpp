@@ -20,7 +20,7 @@ String::Representation* String::NewInline(std::size_t length, char*& text) {
 
 String String::FinishInline(Representation* representation) {
     representation->Length = static_cast<std::uint32_t>(std::strlen(representation->Text));
-    String result(representation);
+    String result(representation, TakeOver());
     return result.IsEmpty() ? String() : result;
 }
 
@@ -70,7 +70,7 @@ String String::Adopt(char* buffer) {
         return {};
     void* const block = ::operator new(sizeof(Representation));
     const auto length = static_cast<std::uint32_t>(std::strlen(buffer));
-    return String(new (block) Representation{owned.release(), length, 0, 1, false, false});
+    return {new (block) Representation{owned.release(), length, 0, 1, false, false}, TakeOver()};
 }
 
 bool operator<(const String& left, const String& right) {

@@ -138,8 +138,9 @@ private:
         bool HasInlineText;
     };
 
+    struct TakeOver {};
     /// Takes over the one reference of a new representation.
-    explicit String(Representation* representation) noexcept : m_Representation(representation) {}
+    String(Representation* representation, TakeOver) noexcept : m_Representation(representation) {}
 
     /// A new representation with room for `length` bytes and the zero, to be written through `text` and then
     /// closed with FinishInline.
