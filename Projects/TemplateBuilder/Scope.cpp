@@ -1,0 +1,117 @@
+#include "Projects/TemplateBuilder/Scope.h"
+
+#include "Projects/TemplateBuilder/BuildError.h"
+#include "Projects/TemplateBuilder/Rules.h"
+
+#include <charconv>
+#include <vector>
+
+namespace TemplateBuilder {
+
+namespace {
+
+bool IsNumber(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+} // namespace
+
+Scope::Scope(const Scope& outer, const Table& table, std::size_t row)
+    : m_Outer(&outer), m_Table(&table), m_Place(row) {}
+
+Scope::Scope(const Scope& outer, const std::string& entry, std::size_t index)
+    : m_Outer(&outer), m_Place(index), m_Entry(entry) {}
+
+std::string Scope::Fill(std::string_view value) const {
+    std::string filled;
+    for (std::size_t at = 0; at < value.size(); ++at) {
+        if (value[at] != '{') {
+            filled += value[at];
+            continue;
+        }
+        if (at + 1 < value.size() && value[at + 1] == '{') {
+            filled += '{';
+            ++at;
+            continue;
+        }
+        const std::size_t end = value.find('}', at);
+        if (end == std::string_view::npos)
+            Fail("the reference in '" + std::string(value) + "' has no closing brace");
+        filled += Resolve(value.substr(at + 1, end - at - 1));
+        at = end;
+    }
+    return filled;
+}
+
+std::string Scope::Resolve(std::string_view reference) const {
+    const std::size_t mark = reference.find('?');
+    if (mark != std::string_view::npos) {
+        std::string result = Get(reference.substr(0, mark));
+        return result.empty() ? std::string(reference.substr(mark + 1)) : result;
+    }
+    return reference.find(' ') == std::string_view::npos ? Get(reference) : Compute(reference);
+}
+
+std::string Scope::Compute(std::string_view reference) const {
+    const std::vector<std::string> words = SplitList(reference, ' ');
+    std::vector<std::string> arguments;
+    for (std::size_t i = 1; i < words.size(); ++i)
+        arguments.push_back(IsNumber(words[i]) ? words[i] : Get(words[i]));
+    const std::optional<std::string> result = ApplyRule(words[0], arguments);
+    if (!result)
+        Fail("'{" + std::string(reference) + "}' is no rule with values that suit it");
+    return *result;
+}
+
+std::string Scope::Get(std::string_view name) const {
+    std::string result;
+    for (const Scope* scope = this; scope != nullptr; scope = scope->m_Outer) {
+        if (scope->Find(name, result))
+            return result;
+    }
+    Fail("nothing is named '" + std::string(name) + "' here");
+}
+
+bool Scope::Find(std::string_view name, std::string& result) const {
+    if (m_Table == nullptr)
+        return m_Outer != nullptr && FindInEntry(name, result);
+    if (const std::string* field = m_Table->Field(m_Place, name)) {
+        result = *field;
+        return true;
+    }
+    if (name == "row") {
+        result = std::to_string(m_Place);
+        return true;
+    }
+    return false;
+}
+
+bool Scope::FindInEntry(std::string_view name, std::string& result) const {
+    constexpr std::string_view kPart = "item.";
+    if (name == "index") {
+        result = std::to_string(m_Place);
+        return true;
+    }
+    if (name == "item") {
+        result = m_Entry;
+        return true;
+    }
+    if (!name.starts_with(kPart) || !IsNumber(name.substr(kPart.size())))
+        return false;
+    std::size_t part = 0;
+    std::from_chars(name.data() + kPart.size(), name.data() + name.size(), part);
+    const std::vector<std::string> parts = SplitList(m_Entry, ':');
+    result = part >= 1 && part <= parts.size() ? parts[part - 1] : std::string();
+    return true;
+}
+
+void Scope::Fail(const std::string& sentence) const {
+    const Scope* scope = this;
+    while (scope->m_Table == nullptr && scope->m_Outer != nullptr)
+        scope = scope->m_Outer;
+    if (scope->m_Table != nullptr)
+        throw BuildError(scope->m_Table->File(), scope->m_Table->LineOf(scope->m_Place), sentence);
+    throw BuildError(scope->m_File, sentence);
+}
+
+} // namespace TemplateBuilder

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Shared/Utils/tree/TreeNode.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace TemplateBuilder {
+
+/// Reads a text tree that a person wrote.
+///
+/// The general reader of text trees forgives what a program would never write: a list without its closing
+/// brace, a text without its closing quote, and anything behind the document's one node. Here they are
+/// mistakes, named by their line, and so is a character outside all quotes that no label may hold, and a
+/// nesting deeper than `kDeepestNesting`. `file` names the document in messages. Throws BuildError.
+std::unique_ptr<Nvr::TreeNodeRoot> ReadTextTree(const std::string& file, std::string_view text);
+
+/// Far above any template; it bounds the walks over such a tree.
+constexpr int kDeepestNesting = 40;
+
+/// True when a reader of the text form takes `label` back as it stands: only letters and digits of ASCII and
+/// the characters `-`, `.`, `/`, `\`, `_` and `~`.
+bool IsReadableLabel(std::string_view label);
+
+} // namespace TemplateBuilder
