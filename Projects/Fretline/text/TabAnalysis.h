@@ -3,6 +3,7 @@
 #include "Projects/Fretline/text/RiffLabel.h"
 #include "Projects/Fretline/text/TabTimeSignature.h"
 
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <vector>
@@ -12,15 +13,21 @@ namespace Fretline {
 class TabBar;
 class TabFile;
 class TabStave;
+struct LineRun;
 
 /// What the rest of the system gets from the text: staves, bars in reading order, time signatures and section
 /// labels, each bar knowing its time signature, its length and its label.
 ///
 /// Owns staves (and with them bars), labels and time signatures; borrows the file, which must outlive it.
-/// The constructor runs all passes; afterwards only the bars change, when they are read.
+/// The constructor runs all passes; afterwards only the bars change, when they are read. All passes and
+/// queries cost in proportion to the text, or less.
+///
+/// The passes stand in StaveDetection.cpp, TimeSignatures.cpp and Labels.cpp.
 class TabAnalysis {
 public:
-    /// Reports lines that only resemble a stave to the file's output. Fails on nothing else.
+    /// Makes itself the file's analysis. Reports lines that only resemble a stave to the file's output; text
+    /// that is not understood is left out. Only a failed allocation, or what the output throws, passes
+    /// through.
     explicit TabAnalysis(TabFile& file);
     ~TabAnalysis();
     TabAnalysis(const TabAnalysis&) = delete;
@@ -33,13 +40,15 @@ public:
     /// All bars with a dash: stave by stave, left to right.
     const std::vector<TabBar*>& GetReadableBars() const { return m_ReadableBars; }
     const std::vector<std::unique_ptr<TabStave>>& GetStaves() const { return m_Staves; }
-    const std::vector<std::unique_ptr<TabTimeSignature>>& GetTimeSignatures() const { return m_TimeSignatures; }
+    const std::vector<std::unique_ptr<TabTimeSignature>>& GetTimeSignatures() const {
+        return m_TimeSignatures;
+    }
     const std::vector<std::unique_ptr<RiffLabel>>& GetLabels() const { return m_Labels; }
     /// True when some readable bar has real durations.
     bool HasRhythms() const;
 
     /// Numbers the score bars from 1 and gives their count. Call it once all bars have been read; the four
-    /// queries below take a number that it has given.
+    /// queries below take a number that it has given, and raise std::out_of_range for any other.
     int ScoreBarCount();
     /// In score units; 1024 where the bar has none.
     int BarLengthOf(int scoreBar) const;
@@ -50,12 +59,33 @@ public:
     bool BarHasChords(int scoreBar) const;
 
 private:
+    void FindStaveLines();
+    void GroupStaveLines();
+    /// Trims the run, then drops it or cuts it into staves.
+    void ProcessRun(LineRun run);
+    void CutIntoStaves(const LineRun& run);
+    void FindTimeSignatures();
+    void AssignTimeSignatures();
+    /// To the bars of one stave. `topLine` is the line behind the stave above, or 0.
+    void AssignTimeSignaturesOf(const TabStave& stave, int topLine, const TabTimeSignature*& current,
+                                int length);
+    void FindLabels();
+    void AttachLabels();
+    /// To the stave, those of the nearest labelled line above it down to `topLine`. `labelsAbove` is the
+    /// number of labels in front of the stave.
+    void AttachNearestLabels(TabStave& stave, int topLine, std::size_t labelsAbove);
+    const TabBar& BarOf(int scoreBar) const;
+
     TabFile& m_File;
+    /// Ascending: first the candidates, in the end the lines of the staves.
     std::vector<int> m_StaveLines;
     std::vector<std::unique_ptr<TabStave>> m_Staves;
     std::vector<TabBar*> m_ReadableBars;
+    /// By line, then by column.
     std::vector<std::unique_ptr<TabTimeSignature>> m_TimeSignatures;
+    /// Index into m_ReadableBars of each score bar, counted from 1.
     std::map<int, int> m_BarOfScoreBar;
+    /// By line; on one line by keyword, then by column.
     std::vector<std::unique_ptr<RiffLabel>> m_Labels;
 };
 

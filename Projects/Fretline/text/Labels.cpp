@@ -1,0 +1,140 @@
+#include "Projects/Fretline/text/Labels.h"
+
+#include "Projects/Fretline/text/TabAnalysis.h"
+#include "Projects/Fretline/text/TabFile.h"
+#include "Projects/Fretline/text/TabStave.h"
+#include "Shared/Utils/AsciiChars.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+#include <utility>
+
+namespace Fretline {
+
+namespace {
+
+/// The blank that a label does not reach over.
+constexpr std::ptrdiff_t kStoppingBlank = 3;
+
+bool IsLetterAt(const TabFile& file, int line, int column) {
+    return column >= 0 && Nvr::Ascii::IsAlpha(file.GetChar(line, column));
+}
+
+bool IsPartOfWord(const TabFile& file, int line, int column, int length) {
+    return IsLetterAt(file, line, column - 1) || IsLetterAt(file, line, column + length);
+}
+
+/// The labels of one line on their way into the list.
+class LineLabels {
+public:
+    LineLabels(const TabFile& file, int line, std::vector<std::unique_ptr<RiffLabel>>& found)
+        : m_File(file), m_Line(line), m_Found(found) {}
+
+    void Search(std::string_view keyword) {
+        const int length = static_cast<int>(keyword.size());
+        for (int column = m_File.FindText(m_Line, 0, keyword); column >= 0;
+             column = m_File.FindText(m_Line, column + length, keyword))
+            if (!IsPartOfWord(m_File, m_Line, column, length))
+                Add(column, keyword);
+    }
+
+private:
+    void Add(int column, std::string_view keyword) {
+        // Most lines hold no keyword and are spared this.
+        if (!m_Extents)
+            m_Extents.emplace(m_File.GetLine(m_Line));
+        const auto [start, end] = m_Extents->Around(column, static_cast<int>(keyword.size()));
+        if (m_Places.emplace(start, end).second)
+            m_Found.push_back(
+                std::make_unique<RiffLabel>(RiffLabel{&m_File, m_Line, start, end, Nvr::String(keyword)}));
+    }
+
+    const TabFile& m_File;
+    int m_Line;
+    std::vector<std::unique_ptr<RiffLabel>>& m_Found;
+    std::optional<LabelExtents> m_Extents;
+    std::set<std::pair<int, int>> m_Places;
+};
+
+} // namespace
+
+Nvr::String RiffLabel::GetText() const {
+    return m_File->GetText(m_Line, m_StartColumn, m_EndColumn - m_StartColumn).Trim();
+}
+
+bool RiffLabel::IsSamePlaceAs(const RiffLabel& other) const {
+    return m_Line == other.m_Line && m_StartColumn == other.m_StartColumn && m_EndColumn == other.m_EndColumn;
+}
+
+LabelExtents::LabelExtents(std::string_view line) : m_Length(static_cast<int>(line.size())) {
+    for (int column = 0; column < m_Length; ++column) {
+        const char c = line[static_cast<std::size_t>(column)];
+        if (c == ' ')
+            m_Blanks.push_back(column);
+        if (Nvr::Ascii::IsSpace(c))
+            continue;
+        m_NotWhiteSpace.push_back(column);
+        (c == '\0' ? m_Zeros : m_Visible).push_back(column);
+    }
+}
+
+LabelExtent LabelExtents::Around(int column, int length) const {
+    return {FindStart(column), FindEnd(column + length - 1)};
+}
+
+int LabelExtents::FindStart(int column) const {
+    const auto behindBlanks = std::lower_bound(m_Blanks.begin(), m_Blanks.end(), column);
+    const bool stopsAtBlank = behindBlanks - m_Blanks.begin() >= kStoppingBlank;
+    const int start = stopsAtBlank ? *(behindBlanks - kStoppingBlank) : 0;
+    // The keyword itself is no white space, so there is one.
+    return *std::lower_bound(m_NotWhiteSpace.begin(), m_NotWhiteSpace.end(), start);
+}
+
+int LabelExtents::FindEnd(int column) const {
+    const auto nextBlank = std::upper_bound(m_Blanks.begin(), m_Blanks.end(), column);
+    const auto nextZero = std::upper_bound(m_Zeros.begin(), m_Zeros.end(), column);
+    int stop = nextZero == m_Zeros.end() ? m_Length : *nextZero;
+    if (m_Blanks.end() - nextBlank >= kStoppingBlank)
+        stop = std::min(stop, *(nextBlank + (kStoppingBlank - 1)));
+    // The stop itself is never visible, and the keyword in front of it is.
+    return *(std::lower_bound(m_Visible.begin(), m_Visible.end(), stop) - 1) + 1;
+}
+
+void FindLabelsIn(const TabFile& file, int line, std::vector<std::unique_ptr<RiffLabel>>& found) {
+    LineLabels labels(file, line, found);
+    for (const std::string_view keyword : kLabelKeywords)
+        labels.Search(keyword);
+}
+
+void TabAnalysis::FindLabels() {
+    for (int line = 0; line < m_File.GetLineCount(); ++line)
+        FindLabelsIn(m_File, line, m_Labels);
+}
+
+void TabAnalysis::AttachLabels() {
+    auto nextLabel = m_Labels.begin();
+    int topLine = 0;
+    for (const std::unique_ptr<TabStave>& stave : m_Staves) {
+        nextLabel =
+            std::find_if(nextLabel, m_Labels.end(), [&stave](const std::unique_ptr<RiffLabel>& label) {
+                return label->m_Line >= stave->GetFirstLine();
+            });
+        AttachNearestLabels(*stave, topLine, static_cast<std::size_t>(nextLabel - m_Labels.begin()));
+        topLine = stave->GetEndLine();
+    }
+}
+
+void TabAnalysis::AttachNearestLabels(TabStave& stave, int topLine, std::size_t labelsAbove) {
+    if (labelsAbove == 0 || m_Labels[labelsAbove - 1]->m_Line < topLine)
+        return;
+    // The list is in the order of lines, so the labels of the nearest labelled line are the last ones above.
+    const int line = m_Labels[labelsAbove - 1]->m_Line;
+    std::size_t first = labelsAbove;
+    while (first > 0 && m_Labels[first - 1]->m_Line == line)
+        --first;
+    for (std::size_t i = first; i < labelsAbove; ++i)
+        stave.AttachLabel(m_Labels[i].get());
+}
+
+} // namespace Fretline

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <vector>
+
+namespace Fretline {
+
+class TabFile;
+
+/// Stave detection: what makes a line a stave line is that it looks like one and stands among others that do.
+///
+/// It is the first pass of TabAnalysis. FindStaveLines takes every line with two hyphens or more as a
+/// candidate; GroupStaveLines goes through the runs of candidates that follow one another without a gap,
+/// drops what only resembles a stave, reports each thing that it drops, and cuts the rest into staves.
+
+/// Consecutive lines that are all candidates.
+struct LineRun {
+    int m_First;
+    int m_Last;
+
+    int GetLineCount() const { return m_Last - m_First + 1; }
+};
+
+/// What a run of lines has in common, against which each of its lines is measured. Made once a run, and not
+/// again when lines leave the run.
+///
+/// Every line counts as wide as the run's longest: what is missing is blank. Works in time and memory in
+/// proportion to the text of the run, also when one line of it is very long.
+class RunStatistics {
+public:
+    /// The run must have a line.
+    RunStatistics(const TabFile& file, const LineRun& run);
+
+    /// The line has hyphens enough, or few enough blanks, or a note letter where most lines of the run have
+    /// one. `line` is one of the run.
+    bool IsRealStaveLine(int line) const;
+
+    int GetLargestHyphenCount() const { return m_LargestHyphenCount; }
+    /// Rounded down.
+    long long GetAverageBlankCount() const { return m_AverageBlankCount; }
+    int GetHyphenCount(int line) const { return At(line).m_Hyphens; }
+    int GetBlankCount(int line) const { return At(line).m_Blanks; }
+    bool IsLetterLine(int line) const { return At(line).m_HasLetter; }
+
+private:
+    struct LineCounts {
+        int m_Hyphens = 0;
+        /// White space and zeros.
+        int m_Blanks = 0;
+        /// A note letter stands in the letter column.
+        bool m_HasLetter = false;
+    };
+
+    const LineCounts& At(int line) const { return m_Lines[static_cast<std::size_t>(line - m_FirstLine)]; }
+    void CountCharacters(const TabFile& file, const LineRun& run, int width);
+    void FindLetterLines(const TabFile& file, const LineRun& run, int width);
+
+    int m_FirstLine;
+    int m_LargestHyphenCount = 0;
+    long long m_AverageBlankCount = 0;
+    std::vector<LineCounts> m_Lines;
+};
+
+} // namespace Fretline

@@ -1,0 +1,163 @@
+#include "Projects/Fretline/text/TimeSignatures.h"
+
+#include "Projects/Fretline/stave/TabBar.h"
+#include "Projects/Fretline/text/TabAnalysis.h"
+#include "Projects/Fretline/text/TabFile.h"
+#include "Projects/Fretline/text/TabStave.h"
+#include "Shared/Utils/AsciiChars.h"
+
+#include <algorithm>
+#include <bit>
+#include <limits>
+
+namespace Fretline {
+
+namespace {
+
+constexpr int kLogWholeNote = 10;
+constexpr int kUnitsPerWholeNote = 1 << kLogWholeNote;
+
+/// How far a signature reaches from its slash on either side: two digits.
+constexpr int kMostDigits = 2;
+/// A signature takes effect also at a bar that starts this many columns to the right of it.
+constexpr int kColumnsInFrontOfBar = 2;
+
+bool IsDigitAt(const TabFile& file, int line, int column) {
+    return column >= 0 && Nvr::Ascii::IsDigit(file.GetChar(line, column));
+}
+
+int DigitAt(const TabFile& file, int line, int column) {
+    return file.GetChar(line, column) - '0';
+}
+
+/// The number of one or two digits between the columns, both included.
+int NumberAt(const TabFile& file, int line, int first, int last) {
+    const int units = DigitAt(file, line, last);
+    return first == last ? units : DigitAt(file, line, first) * 10 + units;
+}
+
+bool IsNoteValue(int denominator) {
+    return denominator == 2 || denominator == 4 || denominator == 8 || denominator == 16;
+}
+
+TabTimeSignature ReadAround(const TabFile& file, int line, int slash) {
+    const int start = IsDigitAt(file, line, slash - 2) ? slash - 2 : slash - 1;
+    const int end = IsDigitAt(file, line, slash + 2) ? slash + 2 : slash + 1;
+    return {line,
+            slash,
+            start,
+            end,
+            NumberAt(file, line, start, slash - 1),
+            NumberAt(file, line, slash + 1, end)};
+}
+
+/// True when the signature stands in front of the place, in text order.
+bool IsBefore(const TabTimeSignature& signature, int line, int column) {
+    return signature.m_Line != line ? signature.m_Line < line : signature.m_Column < column;
+}
+
+TimeSignatureList::const_iterator FirstFrom(const TimeSignatureList& list, int line, int column) {
+    return std::partition_point(list.begin(), list.end(),
+                                [line, column](const std::unique_ptr<TabTimeSignature>& signature) {
+                                    return IsBefore(*signature, line, column);
+                                });
+}
+
+} // namespace
+
+int TabTimeSignature::GetLogUnitLength() const {
+    return kLogWholeNote - std::countr_zero(static_cast<unsigned>(m_Denominator));
+}
+
+int TabTimeSignature::GetLength() const {
+    return m_Numerator << GetLogUnitLength();
+}
+
+bool TabTimeSignature::IsSameAs(const TabTimeSignature& other) const {
+    return m_Numerator == other.m_Numerator && m_Denominator == other.m_Denominator;
+}
+
+void FindTimeSignaturesIn(const TabFile& file, int line, TimeSignatureList& found) {
+    const int lastColumn = file.GetMaxLineLength() - 1;
+    for (int slash = file.FindChar(line, 0, '/'); slash > 0 && slash < lastColumn;
+         slash = file.FindChar(line, slash + 1, '/')) {
+        if (!IsDigitAt(file, line, slash - 1) || !IsDigitAt(file, line, slash + 1))
+            continue;
+        const TabTimeSignature signature = ReadAround(file, line, slash);
+        if (signature.m_Numerator > 0 && IsNoteValue(signature.m_Denominator))
+            found.push_back(std::make_unique<TabTimeSignature>(signature));
+    }
+}
+
+const TabTimeSignature* FindTimeSignatureAt(const TimeSignatureList& list, int line, int column) {
+    for (auto at = FirstFrom(list, line, column - kMostDigits); at != list.end(); ++at) {
+        const TabTimeSignature& signature = **at;
+        if (signature.m_Line != line || signature.m_Column > column + kMostDigits)
+            return nullptr;
+        if (signature.m_StartColumn <= column && column <= signature.m_EndColumn)
+            return &signature;
+    }
+    return nullptr;
+}
+
+SignaturesAboveStave::SignaturesAboveStave(const TimeSignatureList& list, int topLine, int endLine)
+    : m_List(list) {
+    const auto last = FirstFrom(list, endLine, 0);
+    for (auto at = FirstFrom(list, topLine, 0); at < last; ++at)
+        m_ByColumn.emplace_back((*at)->m_Column, static_cast<std::size_t>(at - list.begin()));
+    std::sort(m_ByColumn.begin(), m_ByColumn.end());
+}
+
+const TabTimeSignature* SignaturesAboveStave::FirstWithin(int left, int right) const {
+    // The bars of a stave lie side by side, so that all their walks together pass each signature twice at
+    // most.
+    constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
+    std::size_t first = kNone;
+    for (auto at = std::lower_bound(m_ByColumn.begin(), m_ByColumn.end(), std::pair(left, std::size_t{0}));
+         at != m_ByColumn.end() && at->first < right; ++at)
+        first = std::min(first, at->second);
+    return first == kNone ? nullptr : m_List[first].get();
+}
+
+void TabAnalysis::FindTimeSignatures() {
+    int line = 0;
+    for (const std::unique_ptr<TabStave>& stave : m_Staves) {
+        for (; line < stave->GetFirstLine(); ++line)
+            FindTimeSignaturesIn(m_File, line, m_TimeSignatures);
+        line = stave->GetEndLine();
+    }
+}
+
+void TabAnalysis::AssignTimeSignatures() {
+    const TabTimeSignature* current = m_TimeSignatures.empty() ? nullptr : m_TimeSignatures.front().get();
+    // One length for the whole file: a later signature changes what is written, not how bars are read.
+    const int length = current == nullptr ? kUnitsPerWholeNote : current->GetLength();
+    int topLine = 0;
+    for (const std::unique_ptr<TabStave>& stave : m_Staves) {
+        AssignTimeSignaturesOf(*stave, topLine, current, length);
+        topLine = stave->GetEndLine();
+    }
+}
+
+void TabAnalysis::AssignTimeSignaturesOf(const TabStave& stave, int topLine, const TabTimeSignature*& current,
+                                         int length) {
+    const bool mayChange = m_TimeSignatures.size() > 1;
+    const SignaturesAboveStave above(m_TimeSignatures, topLine, stave.GetFirstLine());
+    for (const std::unique_ptr<TabBar>& bar : stave.GetBars()) {
+        if (!bar->HasDash())
+            continue;
+        const int left = std::max(bar->GetStartColumn() - kColumnsInFrontOfBar, 0);
+        const TabTimeSignature* found = above.FirstWithin(left, left + bar->GetWidth());
+        if (mayChange && found != nullptr)
+            current = found;
+        bar->SetTimeSignature(current);
+        bar->SetBarLength(length);
+        m_ReadableBars.push_back(bar.get());
+    }
+}
+
+bool TabAnalysis::IsTimeSignatureAt(int line, int column) const {
+    return FindTimeSignatureAt(m_TimeSignatures, line, column) != nullptr;
+}
+
+} // namespace Fretline
