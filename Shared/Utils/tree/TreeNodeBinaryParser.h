@@ -1,0 +1,70 @@
+#pragma once
+
+#include "Shared/Utils/NvrString.h"
+#include "Shared/Utils/tree/TreeNode.h"
+#include "Shared/Utils/tree/TreeNodeReader.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Nvr {
+
+/// One read of the binary form, behind its two opening bytes. Borrows the reader.
+///
+/// The document's strings are interned as they come, and kept by index for the references to them. A
+/// reference to an index that no string has is the empty string. Fields of which only a part is left have
+/// zeros for the rest.
+class TreeNodeBinaryParser {
+public:
+    /// `unicode`: the strings are UTF-16.
+    TreeNodeBinaryParser(TreeNodeReader& reader, bool unicode);
+
+    /// Reads the document into `root` and gives it back; null, with a report, when it is damaged or too deep.
+    /// Throws what TreeNodeReader::Read does, and the root's own node with it when that is the one found.
+    std::unique_ptr<TreeNodeRoot> Parse(std::unique_ptr<TreeNodeRoot> root, const String& stopLabel,
+                                        int stopMode);
+
+private:
+    /// A node of which children are still to come. Attached to its parent when the last one is there.
+    struct OpenNode {
+        std::unique_ptr<TreeNode> Node;
+        std::uint32_t ChildrenLeft = 0;
+        bool IsSought = false;
+        /// Where its children begin in m_Finished.
+        std::size_t FirstChild = 0;
+    };
+
+    OpenNode ReadNodeHead(std::unique_ptr<TreeNode> node, const String& stopLabel, int stopMode);
+    void ReadNextChild(const String& stopLabel, int stopMode);
+    /// Gives the last open node its children.
+    void CloseLastNode(int stopMode);
+
+    String ReadString();
+    String ReadNewString();
+    std::string_view ReadStringBytes(std::uint32_t length);
+    String StringFromUtf16(std::string_view bytes);
+    bool ReadNumber(std::uint32_t& number);
+
+    void RaiseEndOfFile() { RaiseError("Unexpected end of file"); }
+    void RaiseError(const String& message);
+
+    TreeNodeReader& m_Reader;
+    bool m_IsUnicode;
+    bool m_HasError = false;
+    std::vector<String> m_Strings;
+    /// From the root down.
+    std::vector<OpenNode> m_Open;
+    /// Whole subtrees, in order, that wait for the end of their parent. Only so is the size of its list
+    /// known: a count that is read may lie.
+    std::vector<std::unique_ptr<TreeNode>> m_Finished;
+    String m_Empty;
+    // Kept from string to string.
+    ByteBuffer m_StringBytes;
+    std::u16string m_Units;
+    std::string m_Converted;
+};
+
+} // namespace Nvr

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Shared/Utils/NvrString.h"
+#include "Shared/Utils/tree/TreeNodeOutput.h"
+#include "Shared/Utils/tree/TreeNodeStringIndexes.h"
+
+#include <cstdint>
+#include <string>
+
+namespace Nvr {
+
+class TreeNode;
+
+/// Writes the binary form of one tree. Each string stands in full once; later ones refer to it by its index
+/// in the order of writing. With UTF-16 strings carriage returns are left out; a string of nothing else is
+/// then written as the empty string it becomes.
+class TreeNodeBinaryWriter {
+public:
+    /// `encoding`: what code page the strings are taken to be in when they become UTF-16, see
+    /// ConvertToUtf16.
+    TreeNodeBinaryWriter(TreeNodeOutput& output, bool unicode, int encoding);
+
+    /// Stops when the output's stream has failed. The tree must not change meanwhile.
+    void Write(const TreeNode& root);
+
+private:
+    void WriteString(const String& string);
+    void WriteNewString(const String& string);
+    void WriteNumber(std::uint32_t number);
+
+    TreeNodeOutput& m_Output;
+    bool m_IsUnicode;
+    int m_Encoding;
+    TreeNodeStringIndexes m_Indexes;
+    // Kept from string to string.
+    std::u16string m_Units;
+};
+
+} // namespace Nvr

@@ -1,0 +1,61 @@
+#include "Shared/Utils/tree/TreeNodeStringIndexes.h"
+
+namespace Nvr {
+
+namespace {
+
+constexpr std::size_t kFewestPlaces = 1024;
+
+} // namespace
+
+TreeNodeStringIndexes::TreeNodeStringIndexes() : m_Addresses(kFewestPlaces), m_Strings(kFewestPlaces) {}
+
+std::uint32_t TreeNodeStringIndexes::FindOrAddContent(const String& string, std::size_t addressPlace) {
+    KnownString& known = m_Strings[PlaceOf(string)];
+    const bool isNew = known.Text == nullptr;
+    if (isNew)
+        known = {&string, string.Hash(), m_StringCount++};
+    const std::uint32_t index = known.Index;
+    m_Addresses[addressPlace] = {string.CStr(), index};
+    if (++m_AddressCount * 2 > m_Addresses.size())
+        GrowAddresses();
+    if (std::size_t{m_StringCount} * 2 > m_Strings.size())
+        GrowStrings();
+    return isNew ? kNew : index;
+}
+
+std::size_t TreeNodeStringIndexes::PlaceOf(const String& string) const {
+    constexpr std::uint32_t kGoldenRatio = 0x9E3779B9U;
+    constexpr unsigned kHalf = 16;
+    const std::uint32_t hash = string.Hash();
+    const std::uint32_t mixed = hash * kGoldenRatio;
+    std::size_t place = (mixed ^ mixed >> kHalf) & (m_Strings.size() - 1);
+    while (m_Strings[place].Text != nullptr &&
+           (m_Strings[place].Hash != hash || !(*m_Strings[place].Text == string)))
+        place = Next(place, m_Strings.size());
+    return place;
+}
+
+void TreeNodeStringIndexes::GrowAddresses() {
+    std::vector<KnownAddress> old(m_Addresses.size() * 2);
+    old.swap(m_Addresses);
+    for (const KnownAddress& known : old) {
+        if (known.Text == nullptr)
+            continue;
+        std::size_t place = PlaceOf(known.Text);
+        while (m_Addresses[place].Text != nullptr)
+            place = Next(place, m_Addresses.size());
+        m_Addresses[place] = known;
+    }
+}
+
+void TreeNodeStringIndexes::GrowStrings() {
+    std::vector<KnownString> old(m_Strings.size() * 2);
+    old.swap(m_Strings);
+    for (const KnownString& known : old) {
+        if (known.Text != nullptr)
+            m_Strings[PlaceOf(*known.Text)] = known;
+    }
+}
+
+} // namespace Nvr
