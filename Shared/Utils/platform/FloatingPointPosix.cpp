@@ -1,0 +1,112 @@
+#include "Shared/Utils/platform/FloatingPoint.h"
+
+#include <cfenv>
+
+namespace Nvr::Platform {
+
+namespace {
+
+struct MaskBit {
+    std::uint32_t Mask;
+    int Exception;
+};
+
+constexpr MaskBit kStandardBits[] = {
+    {kMaskInexact, FE_INEXACT},      {kMaskUnderflow, FE_UNDERFLOW}, {kMaskOverflow, FE_OVERFLOW},
+    {kMaskZeroDivide, FE_DIVBYZERO}, {kMaskInvalid, FE_INVALID},
+};
+
+// The x87 control word has a mask bit for each exception in the place that fenv gives the exception, and one
+// for denormal operands besides. The SSE control word has the same six bits further up.
+constexpr unsigned kDenormalException = 0x02;
+constexpr unsigned kSseMaskShift = 7;
+
+// What the environment of the C library holds tells which units this platform has.
+template <class Environment>
+concept HasX87 = requires(Environment& environment) {
+    environment.__control_word;
+    environment.__status_word;
+    environment.__eip;
+};
+template <class Environment>
+concept HasSse = requires(Environment& environment) {
+    environment.__mxcsr;
+};
+
+// The exceptions, with fenv's bits and the denormal one, that each unit would raise.
+template <class Environment>
+unsigned RaisedExceptions() {
+    auto raised = static_cast<unsigned>(fegetexcept());
+    Environment environment;
+    if constexpr (HasX87<Environment> || HasSse<Environment>) {
+        if (fegetenv(&environment) != 0)
+            return raised;
+    }
+    if constexpr (HasX87<Environment>)
+        raised |= ~static_cast<unsigned>(environment.__control_word);
+    if constexpr (HasSse<Environment>)
+        raised |= ~(static_cast<unsigned>(environment.__mxcsr) >> kSseMaskShift);
+    return raised & (static_cast<unsigned>(FE_ALL_EXCEPT) |
+                     (HasX87<Environment> || HasSse<Environment> ? kDenormalException : 0U));
+}
+
+// fenv has no word for denormal operands.
+template <class Environment>
+void MaskDenormal(bool masked) {
+    if constexpr (HasX87<Environment>) {
+        // Loading an environment leaves this one bit alone.
+        std::uint16_t control = 0;
+        asm volatile("fnstcw %0" : "=m"(control));
+        control =
+            static_cast<std::uint16_t>(masked ? control | kDenormalException : control & ~kDenormalException);
+        asm volatile("fldcw %0" : : "m"(control));
+    }
+    if constexpr (HasSse<Environment>) {
+        Environment environment;
+        if (fegetenv(&environment) != 0)
+            return;
+        constexpr unsigned bit = kDenormalException << kSseMaskShift;
+        environment.__mxcsr = masked ? environment.__mxcsr | bit : environment.__mxcsr & ~bit;
+        fesetenv(&environment);
+    }
+}
+
+// An exception still pending would be raised as soon as it is unmasked, and fenv clears no denormal one.
+template <class Environment>
+void ForgetPendingExceptions() {
+    if constexpr (HasX87<Environment>)
+        asm volatile("fnclex");
+    std::feclearexcept(FE_ALL_EXCEPT);
+}
+
+} // namespace
+
+void ResetFloatingPointUnit() {
+    ForgetPendingExceptions<std::fenv_t>();
+    std::fesetenv(FE_DFL_ENV);
+    MaskDenormal<std::fenv_t>(true);
+}
+
+std::uint32_t GetFloatingPointUnitMask() {
+    const unsigned raised = RaisedExceptions<std::fenv_t>();
+    std::uint32_t mask = kMaskAll;
+    for (const auto& bit : kStandardBits) {
+        if ((raised & static_cast<unsigned>(bit.Exception)) != 0)
+            mask &= ~bit.Mask;
+    }
+    return (raised & kDenormalException) != 0 ? mask & ~kMaskDenormal : mask;
+}
+
+void SetFloatingPointUnitMask(std::uint32_t mask) {
+    int masked = 0;
+    for (const auto& bit : kStandardBits) {
+        if ((mask & bit.Mask) != 0)
+            masked |= bit.Exception;
+    }
+    ForgetPendingExceptions<std::fenv_t>();
+    MaskDenormal<std::fenv_t>((mask & kMaskDenormal) != 0);
+    fedisableexcept(masked);
+    feenableexcept(FE_ALL_EXCEPT & ~masked);
+}
+
+} // namespace Nvr::Platform
