@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Shared/Utils/DiskFile.h"
+#include "Shared/Utils/DiskFolder.h"
+
+/// Names that no other file has.
+namespace Nvr {
+
+/// Makes an empty file in `TempFolder`, for the user alone: "nv", a number that nobody can foretell, ".tmp".
+/// An empty url when the folder is missing or takes no file. The caller deletes it.
+///
+/// Whoever writes a second file beside it (the same name, another extension) makes that with
+/// `DiskFile::CreateNew` first: in a folder that others can write to, they may have seen the first name.
+DiskFile CreateTempFile();
+/// The same in a folder of the caller's choice.
+DiskFile CreateTempFile(const DiskFolder& folder);
+
+/// A name in the folder under which no file exists, "temp" and ten digits. The file is not created. An empty
+/// url when there is no folder, or when 5000 tries have found no free name.
+DiskFile UniqueFile(const DiskFolder& folder);
+
+} // namespace Nvr

@@ -1,0 +1,101 @@
+#include "Shared/Utils/platform/FileServices.h"
+
+#include "Shared/Utils/platform/PosixFile.h"
+
+#include <array>
+#include <climits>
+#include <cstdlib>
+#include <ctime>
+#include <memory>
+#include <random>
+#include <type_traits>
+#include <vector>
+
+#include <langinfo.h>
+#include <locale.h>
+#include <pwd.h>
+
+namespace Nvr::Platform {
+
+namespace {
+
+constexpr const char* kUsualTemporaryFolder = "/tmp";
+constexpr const char* kSharedDataFolder = "/var/lib";
+
+// The absolute path in an environment variable; empty when there is none.
+std::string PathFromEnvironment(const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr && value[0] == '/' ? value : "";
+}
+
+bool TakesNewFiles(const std::string& folder) {
+    return ExamineFile(folder).Kind == FileKind::Folder && access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+std::string HomeFolder() {
+    const std::string home = PathFromEnvironment("HOME");
+    if (!home.empty())
+        return home;
+    constexpr std::size_t kLargestEntry = 16384;
+    std::vector<char> text(kLargestEntry);
+    passwd entry{};
+    passwd* found = nullptr;
+    if (getpwuid_r(getuid(), &entry, text.data(), text.size(), &found) != 0 || found == nullptr)
+        return {};
+    return found->pw_dir != nullptr && found->pw_dir[0] == '/' ? found->pw_dir : "";
+}
+
+} // namespace
+
+std::string TemporaryFolder() {
+    const std::string chosen = PathFromEnvironment("TMPDIR");
+    return TakesNewFiles(chosen) ? chosen : kUsualTemporaryFolder;
+}
+
+std::string ExecutableFolder() {
+    // As long as a path can be.
+    std::vector<char> path(PATH_MAX);
+    const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
+    if (length <= 0)
+        return {};
+    return FolderOfPath(std::string(path.data(), static_cast<std::size_t>(length)));
+}
+
+std::string UserDataFolderPath() {
+    const std::string chosen = PathFromEnvironment("XDG_DATA_HOME");
+    if (!chosen.empty())
+        return chosen;
+    const std::string home = HomeFolder();
+    return home.empty() ? home : PathInFolder(home, ".local/share");
+}
+
+std::string CommonDataFolderPath() {
+    return kSharedDataFolder;
+}
+
+std::string LongDateAndTime(std::int64_t time) {
+    const auto moment = static_cast<std::time_t>(time);
+    std::tm parts{};
+    if (moment != time || localtime_r(&moment, &parts) == nullptr)
+        return {};
+    // The host may have left the process in the "C" locale; the user's own is in the environment.
+    const auto freeLocale = [](locale_t locale) { freelocale(locale); };
+    const std::unique_ptr<std::remove_pointer_t<locale_t>, decltype(freeLocale)> user(
+        newlocale(LC_TIME_MASK, "", nullptr), freeLocale);
+    std::array<char, 256> text{};
+    constexpr const char* kFormat = "%A, %e %B %Y %X";
+    const std::size_t length = user != nullptr
+                                   ? strftime_l(text.data(), text.size(), kFormat, &parts, user.get())
+                                   : std::strftime(text.data(), text.size(), kFormat, &parts);
+    return std::string(text.data(), length);
+}
+
+std::uint64_t UnguessableNumber() {
+    std::uint64_t number = 0;
+    if (getentropy(&number, sizeof number) == 0)
+        return number;
+    std::random_device device;
+    return std::uniform_int_distribution<std::uint64_t>()(device);
+}
+
+} // namespace Nvr::Platform

@@ -1,0 +1,72 @@
+#include "Shared/Utils/platform/PathRules.h"
+
+#include "Shared/Utils/AsciiChars.h"
+#include "Shared/Utils/FileUrl.h"
+
+#include <algorithm>
+
+namespace Nvr::Platform {
+
+namespace {
+
+constexpr std::string_view kScheme = "file://";
+constexpr std::string_view kThisComputer = "localhost";
+
+bool StartsWithIgnoreCase(std::string_view text, std::string_view start) {
+    return text.size() >= start.size() &&
+           std::equal(start.begin(), start.end(), text.begin(),
+                      [](char a, char b) { return Ascii::ToLower(a) == Ascii::ToLower(b); });
+}
+
+// An escaped slash would be part of a name, and a zero would end the path: neither can be.
+bool HoldsImpossibleEscape(std::string_view url) {
+    for (auto percent = url.find('%'); percent != std::string_view::npos;
+         percent = url.find('%', percent + 1)) {
+        const std::string byte = UnescapeUrl(url.substr(percent, 3));
+        if (byte == "/" || byte == std::string_view("\0", 1))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+PathParts SplitPath(std::string_view path) {
+    const auto slash = path.rfind('/');
+    const std::size_t nameStart = slash == std::string_view::npos ? 0 : slash + 1;
+    const auto dot = path.rfind('.');
+    const std::size_t nameEnd = dot == std::string_view::npos || dot < nameStart ? path.size() : dot;
+    return {{},
+            std::string(path.substr(0, nameStart)),
+            std::string(path.substr(nameStart, nameEnd - nameStart)),
+            std::string(path.substr(nameEnd))};
+}
+
+std::string JoinPath(const PathParts& parts) {
+    std::string path = parts.Drive + parts.Folder;
+    if (!parts.Folder.empty() && parts.Folder.back() != '/')
+        path += '/';
+    path += parts.Name;
+    if (!parts.Extension.empty() && parts.Extension.front() != '.')
+        path += '.';
+    return path + parts.Extension;
+}
+
+std::string UrlOfPath(std::string_view path) {
+    if (path.empty() || path.front() != '/')
+        return {};
+    return std::string(kScheme) + EscapeUrlPath(path);
+}
+
+std::string PathOfUrl(std::string_view url) {
+    if (!StartsWithIgnoreCase(url, kScheme))
+        return {};
+    url.remove_prefix(kScheme.size());
+    if (StartsWithIgnoreCase(url, kThisComputer))
+        url.remove_prefix(kThisComputer.size());
+    if (url.empty() || url.front() != '/' || HoldsImpossibleEscape(url))
+        return {};
+    return UnescapeUrl(url);
+}
+
+} // namespace Nvr::Platform
