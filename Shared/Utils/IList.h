@@ -5,12 +5,12 @@
 namespace Nvr {
 
 /// A base for what an IList chains: it holds the link to the next element. Lies in at most one list at a
-/// time. A copy of an element is in no list.
+/// time, and is not copied.
 class IListElement {
 public:
     IListElement() = default;
-    IListElement(const IListElement&) noexcept {}
-    IListElement& operator=(const IListElement&) noexcept { return *this; }
+    IListElement(const IListElement&) = delete;
+    IListElement& operator=(const IListElement&) = delete;
     virtual ~IListElement() = default;
 
     /// The element behind this one; null at the end and in no list.

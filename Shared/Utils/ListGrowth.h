@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 
@@ -21,9 +22,9 @@ constexpr std::uint32_t AllocatedSlots(std::uint32_t capacity) noexcept {
     if (capacity <= kLongestExactArray)
         return capacity;
     const std::uint32_t step = std::bit_floor(capacity) / kStepsPerDoubling;
-    const std::uint32_t rest = capacity % step;
-    const std::uint32_t missing = rest == 0 ? 0 : step - rest;
-    return capacity > UINT32_MAX - missing ? UINT32_MAX : capacity + missing;
+    // The step is a power of two.
+    const std::uint64_t rounded = (std::uint64_t{capacity} + step - 1) & ~(std::uint64_t{step} - 1);
+    return static_cast<std::uint32_t>(std::min<std::uint64_t>(rounded, UINT32_MAX));
 }
 
 } // namespace Nvr::ListGrowth

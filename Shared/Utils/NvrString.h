@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 namespace Nvr {
 
@@ -185,16 +186,13 @@ inline String::String(String&& other) noexcept : m_Representation(other.m_Repres
 }
 
 inline String& String::operator=(const String& other) noexcept {
-    Representation* old = m_Representation;
-    m_Representation = Share(other.m_Representation);
-    Drop(old);
+    String copy(other);
+    std::swap(m_Representation, copy.m_Representation);
     return *this;
 }
 
 inline String& String::operator=(String&& other) noexcept {
-    Representation* old = m_Representation;
-    m_Representation = other.m_Representation;
-    other.m_Representation = old;
+    std::swap(m_Representation, other.m_Representation);
     return *this;
 }
 
