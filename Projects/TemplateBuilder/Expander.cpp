@@ -20,6 +20,10 @@ bool IsDirective(const Nvr::TreeNode& node) {
     return node.GetLabel().CharAt(0) == '~';
 }
 
+bool HasBody(std::string_view directive) {
+    return directive == "~row" || directive == "~each" || directive == "~if" || directive == "~unless";
+}
+
 /// "COLUMN" or "COLUMN=TEXT": whether the names at hand fulfil it.
 bool Holds(std::string_view condition, const Scope& scope) {
     const std::size_t equals = condition.find('=');
@@ -100,6 +104,10 @@ void Expander::MakeChildren(Nvr::TreeNode& parent, const Nvr::TreeNode& pattern,
 void Expander::Obey(Nvr::TreeNode& parent, const Nvr::TreeNode& directive, const Scope& scope, int depth) {
     const std::string_view name = directive.GetLabel().View();
     const std::string_view argument = directive.GetValue().View();
+    // A list without a label belongs to the node before it: behind a directive that has no children of its own
+    // it would be lost without a word.
+    if (directive.GetChildCount() != 0 && !HasBody(name))
+        scope.Fail("the list behind " + std::string(name) + " \"" + std::string(argument) + "\" belongs to nothing");
     if (name == "~include")
         Include(parent, directive, scope, depth);
     else if (name == "~rows")
