@@ -75,6 +75,8 @@ bool FinishReplacement(const Replacement& replacement);
 std::string TemporaryFolder();
 /// The folder of the process's executable.
 std::string ExecutableFolder();
+/// The user's folder for settings of programs; empty when there is none.
+std::string UserConfigFolderPath();
 /// The folders for data that programs keep, of the user and for all users; empty when there is none.
 std::string UserDataFolderPath();
 std::string CommonDataFolderPath();

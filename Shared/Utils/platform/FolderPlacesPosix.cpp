@@ -45,6 +45,15 @@ std::string HomeFolder() {
     return found->pw_dir != nullptr && found->pw_dir[0] == '/' ? found->pw_dir : "";
 }
 
+// The folder that the user has chosen for a purpose, or the usual one in the home folder.
+std::string FolderOfUser(const char* variable, const char* usual) {
+    const std::string chosen = PathFromEnvironment(variable);
+    if (!chosen.empty())
+        return chosen;
+    const std::string home = HomeFolder();
+    return home.empty() ? home : PathInFolder(home, usual);
+}
+
 } // namespace
 
 std::string TemporaryFolder() {
@@ -61,12 +70,12 @@ std::string ExecutableFolder() {
     return FolderOfPath(std::string(path.data(), static_cast<std::size_t>(length)));
 }
 
+std::string UserConfigFolderPath() {
+    return FolderOfUser("XDG_CONFIG_HOME", ".config");
+}
+
 std::string UserDataFolderPath() {
-    const std::string chosen = PathFromEnvironment("XDG_DATA_HOME");
-    if (!chosen.empty())
-        return chosen;
-    const std::string home = HomeFolder();
-    return home.empty() ? home : PathInFolder(home, ".local/share");
+    return FolderOfUser("XDG_DATA_HOME", ".local/share");
 }
 
 std::string CommonDataFolderPath() {
