@@ -1,0 +1,202 @@
+#include "Projects/Fretline/text/StaveDetection.h"
+
+#include "Projects/Fretline/text/TabAnalysis.h"
+#include "Projects/Fretline/text/TabStave.h"
+#include "Shared/Utils/platform/ResourceTable.h"
+#include "tests/support/TabText.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+namespace Fretline {
+namespace {
+
+using TestSupport::FakeOutput;
+using TestSupport::TabText;
+
+constexpr Nvr::Platform::StringResource kStrings[] = {
+    {100, "Line %1 looks like it isn't a real tab stave line so it has been ignored"},
+    {101, "Lines %1 to %2 inclusive don't seem to be part of a real stave so they have been ignored"},
+};
+const Nvr::Platform::ResourceTable kResources(kStrings, {});
+
+FakeOutput::Message LineIgnored(int line) {
+    return {100, 4,
+            "Line " + std::to_string(line) +
+                " looks like it isn't a real tab stave line so it has been ignored",
+            true};
+}
+
+FakeOutput::Message LinesIgnored(int first, int last) {
+    return {101, 4,
+            "Lines " + std::to_string(first) + " to " + std::to_string(last) +
+                " inclusive don't seem to be part of a real stave so they have been ignored",
+            true};
+}
+
+std::string Repeat(const std::string& text, int count) {
+    std::string repeated;
+    for (int i = 0; i < count; ++i)
+        repeated += text;
+    return repeated;
+}
+
+std::string Dashes(int count) {
+    std::string line(static_cast<std::size_t>(count), '-');
+    line += '\n';
+    return line;
+}
+
+/// A string with its name.
+std::string Named(int count) {
+    std::string line("E|");
+    line += Dashes(count);
+    return line;
+}
+
+/// First line and line count.
+using Staves = std::vector<std::pair<int, int>>;
+
+Staves StavesOf(const TabAnalysis& analysis) {
+    Staves staves;
+    for (const auto& stave : analysis.GetStaves())
+        staves.emplace_back(stave->GetFirstLine(), stave->GetLineCount());
+    return staves;
+}
+
+TEST(StaveDetection, FindsStavesAndSaysWhatItDrops) {
+    const std::string stave = Repeat(Dashes(20), 6);
+    const std::string named = Repeat(Named(18), 6);
+    const struct {
+        std::string Text;
+        Staves Found;
+        std::vector<FakeOutput::Message> Messages;
+        const char* Why;
+    } cases[] = {
+        {"", {}, {}, "nothing at all"},
+        {"words\nand more words\n", {}, {}, "text without a candidate"},
+        {stave, {{0, 6}}, {}, "six lines"},
+        {"a title\n\n" + stave + "\n" + stave, {{2, 6}, {9, 6}}, {}, "two staves with a gap between"},
+        {std::string("\n") + Dashes(20) + "\n",
+         {},
+         {LinesIgnored(2, 2)},
+         "a ruler on its own, its number twice"},
+        {Repeat(Dashes(20), 3), {}, {LinesIgnored(1, 3)}, "three lines are dropped, untrimmed"},
+        {"a-b-c\n", {}, {LinesIgnored(1, 1)}, "two hyphens apart make a candidate"},
+        {"a-b\n", {}, {}, "one does not"},
+        {"--", {}, {LinesIgnored(1, 1)}, "the last line of a file without a line end"},
+        {Repeat(Dashes(20), 4), {{0, 4}}, {}, "four lines are the fewest"},
+        {Repeat(Dashes(20), 7), {{0, 6}, {6, 1}}, {}, "seven are six and one"},
+        {Repeat(Dashes(20), 8), {{0, 6}, {6, 2}}, {}, "not two staves of a bass"},
+        {Repeat(Dashes(20), 12), {{0, 6}, {6, 6}}, {}, "twelve are two staves"},
+        {Dashes(60) + Repeat(Named(30), 6),
+         {{0, 6}, {6, 1}},
+         {},
+         "a ruler has the most hyphens and takes the place of the first string; the letters save the rest"},
+        {Dashes(60) + Repeat(Dashes(33), 6),
+         {{0, 6}, {6, 1}},
+         {},
+         "without letters too: when six of seven are shorter, none has more blanks than the average allows"},
+        {named + "So far a-way a-way\n",
+         {{0, 6}},
+         {LineIgnored(7)},
+         "a lyric below: few hyphens, many blanks"},
+        {"So I a-way a-way\n" + named, {{1, 6}}, {LineIgnored(1)}, "a lyric above"},
+        {named + "Dear me a-way a-way\n",
+         {{0, 6}, {6, 1}},
+         {},
+         "a lyric that has a note letter in the column of the names passes for a string"},
+        {Repeat(Dashes(20), 3) + "--\n" + Repeat(Dashes(20), 3),
+         {{0, 6}, {6, 1}},
+         {},
+         "a line that fails between two that pass stays, unnamed"},
+        {"-x x -   .\n- x x -  .\n" + Repeat(Dashes(30), 3),
+         {},
+         {LineIgnored(1), LineIgnored(2), LinesIgnored(3, 5)},
+         "five lines that shrink to three"},
+        {Dashes(3) + Dashes(2) + Repeat(Dashes(20), 4) + Dashes(2) + Dashes(3),
+         {{2, 4}},
+         {LineIgnored(1), LineIgnored(2), LineIgnored(8), LineIgnored(7)},
+         "from the top downward, then from the bottom upward"},
+        {Dashes(2) + "\n" + Dashes(2) + Repeat(Dashes(20), 4) + "\n" + Dashes(2),
+         {{3, 4}},
+         {LinesIgnored(1, 1), LineIgnored(3), LinesIgnored(9, 9)},
+         "run after run"},
+    };
+    for (const auto& row : cases) {
+        TabText text(row.Text);
+        const TabAnalysis analysis(text.File);
+        EXPECT_EQ(StavesOf(analysis), row.Found) << row.Why;
+        EXPECT_EQ(text.Output.Messages, row.Messages) << row.Why;
+    }
+}
+
+TEST(StaveDetection, DroppedLinesBelongToNoStave) {
+    TabText text(Dashes(2) + Repeat(Dashes(20), 7) + "\n" + Dashes(20));
+    const TabAnalysis analysis(text.File);
+    const std::vector<bool> expected = {false, true, true, true, true, true, true, true, false, false, false};
+    for (int line = 0; line < text.File.GetLineCount(); ++line)
+        EXPECT_EQ(analysis.IsStaveLine(line), expected[static_cast<std::size_t>(line)]) << line;
+    EXPECT_FALSE(analysis.IsStaveLine(-1));
+}
+
+TEST(RunStatistics, CountsTheLinesAsWideAsTheLongest) {
+    // Columns:              0123456789
+    const TabText text("E--- 0--5-\n"
+                       "B--|\n"
+                       "xG\v-\n"
+                       "x-h-\n");
+    const RunStatistics statistics(text.File, {0, 3});
+    const struct {
+        int Hyphens, Blanks;
+        bool HasLetter;
+    } expected[] = {{6, 1, true}, {2, 6, true}, {1, 7, false}, {2, 6, false}};
+    for (int line = 0; line < 4; ++line) {
+        EXPECT_EQ(statistics.GetHyphenCount(line), expected[line].Hyphens) << line;
+        EXPECT_EQ(statistics.GetBlankCount(line), expected[line].Blanks) << line;
+        EXPECT_EQ(statistics.IsLetterLine(line), expected[line].HasLetter) << line;
+    }
+    EXPECT_EQ(statistics.GetLargestHyphenCount(), 6);
+    EXPECT_EQ(statistics.GetAverageBlankCount(), 5) << "twenty blanks of four lines";
+}
+
+TEST(RunStatistics, TakesTheLeftmostOfEqualLetterColumns) {
+    const TabText text("E-A-\nE-A-\n--A-\nE---\n");
+    const RunStatistics statistics(text.File, {0, 3});
+    EXPECT_TRUE(statistics.IsLetterLine(0));
+    EXPECT_TRUE(statistics.IsLetterLine(1));
+    EXPECT_FALSE(statistics.IsLetterLine(2));
+    EXPECT_TRUE(statistics.IsLetterLine(3));
+}
+
+TEST(RunStatistics, JudgesAtTheVeryShare) {
+    const auto isReal = [](int hyphens, int others, int blanks) {
+        const auto run = [](char c, int count) { return std::string(static_cast<std::size_t>(count), c); };
+        const TabText text(run('-', 30) + run(' ', 10) + '\n' + run('-', hyphens) + run('.', others) +
+                           run(' ', blanks));
+        return RunStatistics(text.File, {0, 1}).IsRealStaveLine(1);
+    };
+    // 65% of 30 hyphens are 19.5, taken as 19.
+    EXPECT_TRUE(isReal(19, 0, 21));
+    EXPECT_FALSE(isReal(18, 0, 22));
+    // 15 blanks against an average of 12, of which 120% are 14.4, taken as 14.
+    EXPECT_FALSE(isReal(0, 25, 15));
+    // 14 against 12 again.
+    EXPECT_TRUE(isReal(0, 26, 14));
+}
+
+TEST(RunStatistics, StandsOneVeryLongLineAmongManyShortOnes) {
+    // The blanks of the run are more than 31 bits hold, and were they walked over one by one, this would
+    // never end.
+    constexpr int kShortLines = 20'000;
+    constexpr int kLongLine = 1'000'000;
+    const TabText text(Repeat("--\n", kShortLines) + Dashes(kLongLine));
+    const RunStatistics statistics(text.File, {0, kShortLines});
+    EXPECT_EQ(statistics.GetBlankCount(0), kLongLine - 2);
+    EXPECT_EQ(statistics.GetAverageBlankCount(), (kLongLine - 2LL) * kShortLines / (kShortLines + 1));
+    EXPECT_TRUE(statistics.IsRealStaveLine(0)) << "no more blanks than the average allows";
+}
+
+} // namespace
+} // namespace Fretline
