@@ -99,11 +99,12 @@ void ReportException(const Exception& exception, const char* file, int line) noe
 }
 
 void ShowMessage(const String& text) noexcept {
+    if (!s_MessagesShown)
+        return;
     try {
         if (IsSwitchOn(s_DumpUserCalls, "DumpUserCalls"))
             DumpCallStack();
-        if (s_MessagesShown)
-            Platform::ShowInformationBox(kMessageTitle, Platform::ToUtf8(text.View()));
+        Platform::ShowInformationBox(kMessageTitle, Platform::ToUtf8(text.View()));
     } catch (...) {
         return;
     }

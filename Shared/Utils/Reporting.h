@@ -70,7 +70,7 @@ void ShowMessage(const String& text) noexcept;
 /// Shows what the exception says.
 void ShowException(const std::exception& exception) noexcept;
 
-/// Whether ShowMessage shows anything; it does unless switched off. Gives the former state.
+/// Whether ShowMessage does anything; it does unless switched off. Gives the former state.
 bool SetMessagesShown(bool shown);
 
 /// Forgets the debug switches, which are otherwise read once, when first needed.
