@@ -1,8 +1,11 @@
+#include "Projects/Fretline/score/BuildScore.h"
+
 #include "Projects/Fretline/score/ScoreAccess.h"
+#include "Projects/Fretline/score/ScoreHolder.h"
 #include "Projects/Fretline/score/ScoreItems.h"
-#include "Projects/Fretline/score/TabConverter.h"
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/text/TabAnalysis.h"
+#include "Shared/NotaveraAPI/ConverterOutput.h"
 
 namespace Fretline {
 
@@ -200,9 +203,9 @@ private:
 
 } // namespace
 
-bool TabConverter::BuildScore() {
-    TreeNode* const music = m_Score.Music();
-    return music != nullptr && ScoreBuilder(*m_Analysis, m_Score, *m_Output, *music).Build();
+bool BuildScore(TabAnalysis& analysis, ScoreHolder& score, Nvr::ConverterOutput& output) {
+    TreeNode* const music = score.Music();
+    return music != nullptr && ScoreBuilder(analysis, score, output, *music).Build();
 }
 
 } // namespace Fretline

@@ -81,8 +81,8 @@ Nvr::TreeNode* AddStaveTypeChange(Nvr::TreeNode* items, const Nvr::String& stave
 Nvr::TreeNode* AddTimeSignature(Nvr::TreeNode* items, int top, int logUnitLength);
 Nvr::TreeNode* AddSystemText(Nvr::TreeNode* items, int sr, const Nvr::String& style, const Nvr::String& text,
                              int dx, int dy);
-Nvr::TreeNode* AddText(Nvr::TreeNode* items, int sr, const Nvr::String& style, const Nvr::String& text, int dx,
-                       int dy, bool drawAtStartOfSystem);
+Nvr::TreeNode* AddText(Nvr::TreeNode* items, int sr, const Nvr::String& style, const Nvr::String& text,
+                       int dx, int dy, bool drawAtStartOfSystem);
 Nvr::TreeNode* AddNoteRest(Nvr::TreeNode* items, const NoteRestRecord& record);
 Nvr::TreeNode* AddNote(Nvr::TreeNode* notes, const NoteRecord& record);
 

@@ -1,5 +1,6 @@
 #include "Projects/Fretline/score/TabConverter.h"
 
+#include "Projects/Fretline/score/BuildScore.h"
 #include "Projects/Fretline/text/TabAnalysis.h"
 #include "Projects/Fretline/text/TabFile.h"
 
@@ -49,6 +50,10 @@ bool TabConverter::RunConversion(const Nvr::String& sourcePath, Nvr::TreeNode* s
     // A failed write is reported where it happens; the host then finds no file.
     m_Score.Save(tempPath, kSystemCodePage);
     return hasBars;
+}
+
+bool TabConverter::BuildScore() {
+    return Fretline::BuildScore(*m_Analysis, m_Score, *m_Output);
 }
 
 } // namespace Fretline

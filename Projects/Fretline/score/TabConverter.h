@@ -22,7 +22,8 @@ public:
     /// Reads the text, builds the score in `scoreTemplate` (flattened; borrowed) and writes it to `tempPath`.
     /// True when the score has at least one bar. Throws ConverterCancelled, and std::out_of_range when the
     /// text holds no readable bar; nothing is written then.
-    bool RunConversion(const Nvr::String& sourcePath, Nvr::TreeNode* scoreTemplate, const Nvr::String& tempPath);
+    bool RunConversion(const Nvr::String& sourcePath, Nvr::TreeNode* scoreTemplate,
+                       const Nvr::String& tempPath);
 
 private:
     bool BuildScore();

@@ -36,7 +36,7 @@ public:
 
 private:
     const Nvr::String& m_Path;
-    std::unique_ptr<Nvr::TreeNode> m_Tree;
+    std::unique_ptr<Nvr::TreeNodeRoot> m_Tree;
     int m_RhythmLevel = kRhythmsWhenIndicated;
 };
 

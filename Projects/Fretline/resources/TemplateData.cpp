@@ -1,0 +1,17 @@
+#include "Shared/Utils/platform/ResourceTable.h"
+
+// The bytes that the assembler puts between these two.
+extern "C" const std::byte FretlineTemplateBegin[];
+extern "C" const std::byte FretlineTemplateEnd[];
+
+namespace {
+
+using Nvr::Platform::DataResource;
+
+constexpr int kTemplateId = 100;
+
+const DataResource kData[] = {{"TREENODE", "", kTemplateId, {FretlineTemplateBegin, FretlineTemplateEnd}}};
+
+const Nvr::Platform::ResourceTable kResources({}, kData);
+
+} // namespace

@@ -1,0 +1,48 @@
+#include "Projects/Fretline/shell/ConvertFile.h"
+
+#include "Projects/Fretline/score/ScoreAccess.h"
+#include "Projects/Fretline/score/TabConverter.h"
+#include "Projects/Fretline/shell/FretlineOptions.h"
+#include "Projects/Fretline/shell/TemporaryFile.h"
+#include "Shared/Utils/ResId.h"
+#include "Shared/Utils/TempFiles.h"
+#include "Shared/Utils/tree/TreeNode.h"
+
+#include <memory>
+
+namespace Fretline {
+
+using Nvr::String;
+
+namespace {
+
+constexpr int kTemplateResource = 100;
+
+bool ConvertInto(const String& sourcePath, const String& tempPath, const String& configFolder,
+                 Nvr::ConverterOutput& output) {
+    const String optionsPath = FretlineOptions::PathIn(configFolder);
+    const FretlineOptions options(optionsPath);
+    const std::unique_ptr<Nvr::TreeNodeRoot> score(Nvr::ResId(kTemplateResource).LoadFromResource());
+    if (score == nullptr)
+        return false;
+    FlattenPartMaps(score.get());
+    return TabConverter(&output, &options).RunConversion(sourcePath, score.get(), tempPath);
+}
+
+} // namespace
+
+int ConvertFile(const String& sourcePath, String& tempPath, const String& configFolder,
+                Nvr::ConverterOutput& output) {
+    Nvr::DiskFile scoreFile = Nvr::CreateTempFile();
+    // Its name is taken as long as it is there.
+    const String reservedPath = scoreFile.GetPath();
+    const TemporaryFile reserved(reservedPath);
+    scoreFile.ChangeExtension("nvf", false, false);
+    tempPath = scoreFile.GetPath();
+    Nvr::ClearNodeStringTable();
+    const bool hasScore = ConvertInto(sourcePath, tempPath, configFolder, output);
+    Nvr::ClearNodeStringTable();
+    return hasScore ? 1 : 0;
+}
+
+} // namespace Fretline

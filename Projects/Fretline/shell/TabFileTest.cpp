@@ -1,0 +1,89 @@
+#include "Projects/Fretline/shell/TabFileTest.h"
+
+#include "Projects/Fretline/shell/FileTypes.h"
+#include "Shared/Utils/FileStream.h"
+#include "Shared/Utils/PathText.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace Fretline {
+
+using Nvr::String;
+
+namespace {
+
+constexpr int kMostHyphensOfPlainText = 10;
+constexpr std::int64_t kLeastPercentOfText = 95;
+constexpr std::size_t kBlockSize = 64 * 1024;
+
+/// Counts what tells a tab from another text; a file of any size takes the same room.
+class TabTextCount {
+public:
+    void Add(std::string_view bytes) {
+        for (const char byte : bytes)
+            Add(byte);
+    }
+
+    bool IsTabText() const {
+        return m_HasLineOfHyphens && m_Acceptable * 100 / m_Total >= kLeastPercentOfText;
+    }
+
+private:
+    void Add(char byte) {
+        ++m_Total;
+        if (IsAcceptable(byte))
+            ++m_Acceptable;
+        if (byte == '\n' || byte == '\r')
+            m_HyphensOfLine = 0;
+        else if (byte == '-' && ++m_HyphensOfLine > kMostHyphensOfPlainText)
+            m_HasLineOfHyphens = true;
+    }
+
+    static bool IsAcceptable(char byte) {
+        return (byte >= ' ' && byte <= '~') || byte == '\t' || byte == '\n' || byte == '\r';
+    }
+
+    std::int64_t m_Total = 0;
+    std::int64_t m_Acceptable = 0;
+    std::int64_t m_HyphensOfLine = 0;
+    bool m_HasLineOfHyphens = false;
+};
+
+/// True also for a path without extension.
+bool HasExtensionOfTab(const String& path) {
+    String drive;
+    String folder;
+    String name;
+    String extension;
+    Nvr::SplitPath(path, drive, folder, name, extension);
+    if (extension.CharAt(0) == '.')
+        extension = extension.Mid(1);
+    if (extension.IsEmpty())
+        return true;
+    return std::any_of(FileTypeTable.begin(), FileTypeTable.end(),
+                       [&](const FileTypeEntry& type) { return extension.EqualsIgnoreCase(type.Extension); });
+}
+
+bool HoldsTabText(const String& path) {
+    Nvr::InFileStream file(path);
+    if (!file.Good())
+        return false;
+    TabTextCount count;
+    std::vector<char> block(kBlockSize);
+    while (file.Good()) {
+        const std::size_t length = file.Read(block.data(), block.size());
+        count.Add({block.data(), length});
+    }
+    return count.IsTabText();
+}
+
+} // namespace
+
+bool IsTabFile(const String& path) {
+    return HasExtensionOfTab(path) && HoldsTabText(path);
+}
+
+} // namespace Fretline
