@@ -161,8 +161,12 @@ bool TreeNodeBinaryParser::ReadNumber(std::uint32_t& number) {
         number = FromBigEndian(inPlace);
         return true;
     }
-    if (m_Reader.ReadBytes(bytes.data(), bytes.size()))
-        return false;
+    for (std::uint8_t& byte : bytes) {
+        const int next = m_Reader.ReadByte();
+        if (next < 0)
+            return false;
+        byte = static_cast<std::uint8_t>(next);
+    }
     number = FromBigEndian(bytes.data());
     return true;
 }

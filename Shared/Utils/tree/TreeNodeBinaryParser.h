@@ -15,8 +15,8 @@ namespace Nvr {
 /// One read of the binary form, behind its two opening bytes. Borrows the reader.
 ///
 /// The document's strings are interned as they come, and kept by index for the references to them. A
-/// reference to an index that no string has is the empty string. Fields of which only a part is left have
-/// zeros for the rest.
+/// reference to an index that no string has is the empty string. Of a string that the source cuts off what is
+/// there is taken; the next field is then missing, which is the error, as is a number cut off.
 class TreeNodeBinaryParser {
 public:
     /// `unicode`: the strings are UTF-16.
@@ -46,6 +46,7 @@ private:
     String ReadNewString();
     std::string_view ReadStringBytes(std::uint32_t length);
     String StringFromUtf16(std::string_view bytes);
+    /// False when not all of its bytes are there.
     bool ReadNumber(std::uint32_t& number);
 
     void RaiseEndOfFile() { RaiseError("Unexpected end of file"); }

@@ -53,6 +53,8 @@ bool TreeNodeTextParser::ParseNodeHead() {
     return false;
 }
 
+// An end mark behind label or text is left for the list in which the node stands: there it takes the place of
+// the right brace that is missed.
 bool TreeNodeTextParser::ParseBehindLabel() {
     switch (NextToken()) {
     case Token::Label:
@@ -65,6 +67,8 @@ bool TreeNodeTextParser::ParseBehindLabel() {
     case Token::RightBrace:
         return EndNodeAtRightBrace("Unexpected right brace parsing after label - no parent node");
     case Token::EndMark:
+        PushBack();
+        break;
     case Token::Nothing:
         break;
     }
@@ -84,6 +88,8 @@ bool TreeNodeTextParser::ParseBehindText(const char* rightBraceMessage) {
     case Token::RightBrace:
         return EndNodeAtRightBrace(rightBraceMessage);
     case Token::EndMark:
+        PushBack();
+        break;
     case Token::Nothing:
         break;
     }

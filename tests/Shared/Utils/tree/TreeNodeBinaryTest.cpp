@@ -1,0 +1,201 @@
+#include "tests/Shared/Utils/tree/StoredTree.h"
+
+#include <random>
+
+using Nvr::String;
+using Nvr::TreeNode;
+
+namespace {
+
+class TreeNodeBinaryTest : public TreeTest {};
+
+using Reports = std::vector<std::string>;
+
+const std::string kCutOff = "Unexpected end of file";
+const std::string kFailed = "Could not read treenode";
+const std::string kEmpty = "00 00000000 ";
+const std::string kLeaf = "00000000 ";
+
+/// A root labelled R with children that use both kinds of strings.
+std::unique_ptr<TreeNode> SampleTree() {
+    return std::unique_ptr<TreeNode>(TreeNode::LoadFromString("R \"x\" {A \"R\" A \"x\" {\"A\"} x}"));
+}
+
+} // namespace
+
+TEST_F(TreeNodeBinaryTest, IsWrittenByteByByte) {
+    EXPECT_EQ(Written(TreeNode(), true), Bytes("00 01 " + kEmpty + kEmpty + kLeaf));
+    EXPECT_EQ(Written(TreeNode(), true, true), Bytes("00 02 " + kEmpty + kEmpty + kLeaf));
+    const std::string body8 = "00 00000001 'R' 00 00000001 'x' 00000003"
+                              "00 00000001 'A' 01 00000000 00000000"
+                              "01 00000002 01 00000001 00000001"
+                              "00 00000000 01 00000002 00000000"
+                              "01 00000001 00 00000000 00000000";
+    const std::string body16 = "00 00000002 00'R' 00 00000002 00'x' 00000003"
+                               "00 00000002 00'A' 01 00000000 00000000"
+                               "01 00000002 01 00000001 00000001"
+                               "00 00000000 01 00000002 00000000"
+                               "01 00000001 00 00000000 00000000";
+    EXPECT_EQ(Written(*SampleTree(), true), Bytes("00 01" + body8));
+    EXPECT_EQ(Written(*SampleTree(), true, true), Bytes("00 02" + body16));
+    EXPECT_EQ(Written(*SampleTree(), true, true, 2, 5), Bytes("00 02" + body16)) << "depth plays no part";
+    for (const bool unicode : {false, true}) {
+        const auto again = LoadBytes(Written(*SampleTree(), true, unicode));
+        EXPECT_TRUE(again->IsSameTree(*SampleTree()));
+        EXPECT_TRUE(again->WasBinary);
+        EXPECT_EQ(again->WasUnicode, unicode);
+    }
+}
+
+TEST_F(TreeNodeBinaryTest, EmptyListIsClosedByAZeroCount) {
+    TreeNode node;
+    node.AddChild(new TreeNode);
+    node.ClearChildren();
+    EXPECT_EQ(Written(node, true).size(), 16U);
+}
+
+TEST_F(TreeNodeBinaryTest, EqualTextsAreOneStringHoweverTheyAreHeld) {
+    TreeNode node("Label");
+    Nvr::ClearNodeStringTable();
+    node.AddChild(new TreeNode("Label", "Label"));
+    EXPECT_EQ(Written(node, true),
+              Bytes("00 01 00 00000005 'Label'" + kEmpty + "00000001" + "01 00000000 01 00000000 00000000"));
+}
+
+TEST_F(TreeNodeBinaryTest, EveryByteSurvivesBothVersions) {
+    TreeNode node("R");
+    for (int byte = 1; byte < 256; ++byte) {
+        if (byte != '\r')
+            node.AddChild(new TreeNode("B", String(static_cast<char>(byte), 2)));
+    }
+    EXPECT_TRUE(LoadBytes(Written(node, true, false))->IsSameTree(node));
+    EXPECT_TRUE(LoadBytes(Written(node, true, true))->IsSameTree(node));
+}
+
+TEST_F(TreeNodeBinaryTest, EncodingChoosesTheCodePage) {
+    const TreeNode node("N", "\x80\xA5");
+    const std::string opening = "00 02 00 00000002 00'N' 00 00000004 ";
+    EXPECT_EQ(Written(node, true, true, 0), Bytes(opening + "20AC 00A5" + kLeaf));
+    EXPECT_EQ(Written(node, true, true, 1), Bytes(opening + "00C4 2022" + kLeaf));
+    EXPECT_EQ(Written(node, true, true, 2), Bytes(opening + "20AC 00A5" + kLeaf));
+    EXPECT_EQ(Written(node, true, true, 77), Bytes(opening + "20AC 00A5" + kLeaf));
+}
+
+TEST_F(TreeNodeBinaryTest, CarriageReturnsStayOutOfUtf16) {
+    TreeNode node("A", "x\r\ny");
+    EXPECT_EQ(LoadBytes(Written(node, true, false))->GetValue(), "x\r\ny");
+    EXPECT_EQ(LoadBytes(Written(node, true, true))->GetValue(), "x\ny");
+    EXPECT_EQ(LoadBytes(Bytes("00 02" + kEmpty + "00 00000006 00'x' 000D 00'y'" + kLeaf))->GetValue(), "xy");
+    // Nothing but carriage returns is written as an empty string, which takes no index; the strings behind
+    // it must still be found.
+    node.AddChild(new TreeNode("\r", "\r\r"));
+    node.AddChild(new TreeNode("B", "B"));
+    EXPECT_EQ(Outline(LoadBytes(Written(node, true, true)).get()), "A=|x\ny|(,B=|B|)");
+    // When such a string is stored all the same, it has an index.
+    EXPECT_EQ(Outline(LoadBytes(Bytes("00 02 00 00000002 000D 00 00000002 00'v' 00000001"
+                                      "01 00000001 01 00000000 00000000"))
+                          .get()),
+              "=|v|(v)");
+}
+
+TEST_F(TreeNodeBinaryTest, StringsEndAtTheirFirstZero) {
+    EXPECT_EQ(LoadBytes(Bytes("00 01 00 00000003 'a' 00 'b' 01 00000000" + kLeaf))->GetValue(), "a");
+    EXPECT_EQ(LoadBytes(Bytes("00 02 00 00000006 00'a' 0000 00'b' 01 00000000" + kLeaf))->GetValue(), "a");
+    // Half a code unit is dropped.
+    EXPECT_EQ(Outline(LoadBytes(Bytes("00 02 00 00000003 00'a' 00 01 00000000" + kLeaf)).get()), "a=|a|");
+}
+
+TEST_F(TreeNodeBinaryTest, UnknownIndexIsTheEmptyString) {
+    EXPECT_EQ(Outline(LoadBytes(Bytes("00 01 01 00000000 00 00000001 'v' 00000001"
+                                      "01 00000001 01 FFFFFFFF 00000000"))
+                          .get()),
+              "=|v|()");
+    EXPECT_TRUE(TakeReports().empty());
+}
+
+TEST_F(TreeNodeBinaryTest, DamageIsReported) {
+    struct Case {
+        std::string Document;
+        Reports Expected;
+        const char* Why;
+    };
+    const Case cases[] = {
+        {"00 00", {"Could not read treenode - version is not recognized"}, "version 0"},
+        {"00 03", {"Could not read treenode - version is not recognized"}, "version 3"},
+        {"00", {"Could not read treenode - version is not recognized"}, "no version"},
+        {"00 01", {kCutOff, kFailed}, "nothing behind the version"},
+        {"00 01 02", {"Unexpected field type: 2", kFailed}, "tag of the label"},
+        {"00 01" + kEmpty + "FF", {"Unexpected field type: 255", kFailed}, "tag of the value"},
+        {"00 01" + kEmpty + kEmpty, {kCutOff, kFailed}, "no child count"},
+        {"00 01" + kEmpty + kEmpty + "00000002" + kEmpty + kEmpty + kLeaf,
+         {kCutOff, kFailed},
+         "a child missing"},
+        {"00 01" + kEmpty + kEmpty + "FFFFFFFF" + kEmpty + kEmpty + kLeaf,
+         {kCutOff, kFailed},
+         "a count that lies"},
+        {"00 01 00 FFFFFFFF 'abc'", {kCutOff, kFailed}, "a length that lies: the value is missing"},
+        {"00 02 00 7FFFFFFF 00'a' 00'b' 00'c'", {kCutOff, kFailed}, "the same in UTF-16"},
+        {"00 01 00 00000005", {kCutOff, kFailed}, "no byte of a string"},
+        {"00 01 01", {kCutOff, kFailed}, "no index"},
+        {"00 01 00", {kCutOff, kFailed}, "no length"},
+        {"00 01" + kEmpty + kEmpty + "000000", {kCutOff, kFailed}, "half a number is none"},
+    };
+    for (const Case& c : cases) {
+        const std::string bytes = Bytes(c.Document);
+        EXPECT_EQ(LoadBytes(bytes), nullptr) << c.Why;
+        EXPECT_EQ(TakeReports(), c.Expected) << c.Why;
+        EXPECT_EQ(LoadAsBuffer(bytes), nullptr) << c.Why;
+        EXPECT_EQ(TakeReports(), c.Expected) << c.Why;
+        EXPECT_EQ(LoadAsStream(bytes), nullptr) << c.Why;
+        EXPECT_EQ(TakeReports(), c.Expected) << c.Why;
+    }
+}
+
+TEST_F(TreeNodeBinaryTest, EveryTruncationIsNoticed) {
+    for (const bool unicode : {false, true}) {
+        const std::string whole = Written(*SampleTree(), true, unicode);
+        for (std::size_t size = 2; size < whole.size(); ++size) {
+            const std::string cut = whole.substr(0, size);
+            EXPECT_EQ(LoadBytes(cut), nullptr) << size;
+            EXPECT_EQ(LoadAsStream(cut), nullptr) << size;
+            EXPECT_EQ(TakeReports(), (Reports{kCutOff, kFailed, kCutOff, kFailed})) << size;
+        }
+    }
+}
+
+TEST_F(TreeNodeBinaryTest, RandomDamageNeverDoesWorseThanNull) {
+    const std::string whole = Written(*SampleTree(), true, true);
+    std::mt19937 random(3);
+    int read = 0;
+    for (int round = 0; round < 20000; ++round) {
+        std::string bytes = whole;
+        for (unsigned changes = 1 + Below(random, 3); changes > 0; --changes)
+            bytes[2 + random() % (bytes.size() - 2)] =
+                static_cast<char>(random() % 4 == 0 ? random() : random() % 3);
+        const auto tree = LoadBytes(bytes);
+        if (tree != nullptr) {
+            ++read;
+            const auto again = LoadBytes(Written(*tree, true, true));
+            ASSERT_TRUE(again != nullptr && again->IsSameTree(*tree));
+        }
+    }
+    EXPECT_GT(read, 0);
+}
+
+TEST_F(TreeNodeBinaryTest, TextAndBinaryHoldTheSameTree) {
+    std::mt19937 random(11);
+    for (int round = 0; round < 50; ++round) {
+        TreeNode root("Root");
+        std::vector<TreeNode*> nodes{&root};
+        while (nodes.size() < 300) {
+            auto* const node =
+                new TreeNode(String("L") + String::FromUnsigned(Below(random, 20)),
+                             random() % 3 == 0 ? String() : String::FromUnsigned(Below(random, 50)));
+            nodes[random() % nodes.size()]->AddChild(node);
+            nodes.push_back(node);
+        }
+        EXPECT_TRUE(LoadBytes(Written(root, true, true))->IsSameTree(root));
+        EXPECT_TRUE(LoadAsStream(Written(root, true, false))->IsSameTree(root));
+        EXPECT_TRUE(LoadAsStream(Written(root, false))->IsSameTree(root));
+    }
+}

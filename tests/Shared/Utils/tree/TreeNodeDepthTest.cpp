@@ -1,0 +1,121 @@
+#include "tests/Shared/Utils/tree/StoredTree.h"
+
+#include "Shared/Utils/tree/TreeNodeVisitor.h"
+#include "Shared/Utils/tree/TreeNodeWalk.h"
+
+using Nvr::String;
+using Nvr::TreeNode;
+using Nvr::TreeNodeReader;
+
+namespace {
+
+constexpr int kMillion = 1000000;
+
+class TreeNodeDepthTest : public TreeTest {};
+
+/// A chain of nodes, `depth` levels below its root.
+std::unique_ptr<TreeNode> MakeChain(int depth) {
+    auto root = std::make_unique<TreeNode>("N");
+    for (int i = 0; i < depth; ++i) {
+        auto* const parent = new TreeNode("N");
+        parent->AddChild(root.release());
+        root.reset(parent);
+    }
+    return root;
+}
+
+std::string BinaryChain(int depth) {
+    std::string document = Bytes("00 01");
+    for (int i = 0; i < depth; ++i)
+        document += Bytes("00 00000000 00 00000000 00000001");
+    return document + Bytes("00 00000000 00 00000000 00000000");
+}
+
+std::string TextChain(int depth) {
+    const auto count = static_cast<std::size_t>(depth);
+    return std::string(count, '{') + "A" + std::string(count, '}');
+}
+
+int DepthOf(const TreeNode& root) {
+    int depth = 0;
+    for (const TreeNode* node = &root; node->GetChildCount() != 0; node = node->GetChild(0))
+        ++depth;
+    return depth;
+}
+
+} // namespace
+
+TEST_F(TreeNodeDepthTest, HandMadeTreesHaveNoLimit) {
+    const std::unique_ptr<TreeNode> chain = MakeChain(kMillion);
+    const TreeNode copy(*chain);
+    EXPECT_TRUE(copy.IsSameTree(*chain));
+    chain->GetChild(0)->AddChild(new TreeNode);
+    EXPECT_FALSE(copy.IsSameTree(*chain));
+    EXPECT_EQ(DepthOf(copy), kMillion);
+    EXPECT_EQ(Written(copy, true).size(), 2U + 14U + 1U + kMillion * 14U);
+
+    class Counter : public Nvr::TreeNodeVisitor {
+    public:
+        bool EnterNode(TreeNode&, int depth) override {
+            Deepest = depth;
+            return true;
+        }
+        void LeaveNode(TreeNode&, int) override {}
+        int Deepest = 0;
+    } counter;
+    TreeNode walked(copy);
+    Nvr::WalkTree(walked, counter);
+    EXPECT_EQ(counter.Deepest, kMillion);
+    walked = *walked.GetChild(0)->GetChild(0);
+    EXPECT_EQ(DepthOf(walked), kMillion - 2);
+    walked.GetChild(0)->ClearChildren();
+    EXPECT_EQ(DepthOf(walked), 1);
+}
+
+TEST_F(TreeNodeDepthTest, TextOfADeepTreeIsWritten) {
+    constexpr int kDepth = 2000;
+    const auto chain = MakeChain(kDepth);
+    const auto again = LoadAsString(std::string(chain->ToText().View()));
+    EXPECT_TRUE(again->IsSameTree(*chain));
+}
+
+TEST_F(TreeNodeDepthTest, DeeperDocumentsAreRefused) {
+    const std::vector<std::string> binaryReports{"Nodes are nested too deeply", "Could not read treenode"};
+    const std::vector<std::string> textReports{"Nodes are nested too deeply at line 0 - current text {",
+                                               "Could not read treenode"};
+    for (const int depth : {TreeNodeReader::kDeepestLevel + 1, kMillion}) {
+        EXPECT_EQ(LoadBytes(BinaryChain(depth)), nullptr) << depth;
+        EXPECT_EQ(TakeReports(), binaryReports);
+        EXPECT_EQ(LoadAsStream(BinaryChain(depth)), nullptr) << depth;
+        EXPECT_EQ(TakeReports(), binaryReports);
+        EXPECT_EQ(LoadBytes(std::string(static_cast<std::size_t>(depth) + 1, '{')), nullptr) << depth;
+        EXPECT_EQ(TakeReports(), textReports);
+    }
+    const auto binary = LoadBytes(BinaryChain(TreeNodeReader::kDeepestLevel));
+    ASSERT_NE(binary, nullptr);
+    EXPECT_EQ(DepthOf(*binary), TreeNodeReader::kDeepestLevel);
+    const auto text = LoadBytes(TextChain(TreeNodeReader::kDeepestLevel));
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(DepthOf(*text), TreeNodeReader::kDeepestLevel);
+    EXPECT_EQ(LoadBytes(TextChain(TreeNodeReader::kDeepestLevel + 1)), nullptr);
+}
+
+TEST_F(TreeNodeDepthTest, WideTreesStayLinear) {
+    constexpr int kChildren = 300000;
+    TreeNode root("Root");
+    for (int i = 0; i < kChildren; ++i)
+        root.AddChild(new TreeNode("Child", i));
+    const TreeNode copy(root);
+    EXPECT_TRUE(LoadBytes(Written(copy, true, true))->IsSameTree(root));
+    EXPECT_TRUE(LoadBytes(Written(copy, false))->IsSameTree(root));
+}
+
+TEST_F(TreeNodeDepthTest, CountsThatLieAtEveryLevelCostNothing) {
+    // Each level claims 4 billion children, and brings one.
+    std::string document = Bytes("00 01");
+    for (int i = 0; i < TreeNodeReader::kDeepestLevel; ++i)
+        document += Bytes("00 00000000 00 00000000 FFFFFFFF");
+    document += std::string(1000000, '\0');
+    EXPECT_EQ(LoadBytes(document), nullptr);
+    EXPECT_EQ(TakeReports().size(), 2U);
+}
