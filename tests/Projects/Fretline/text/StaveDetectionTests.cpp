@@ -2,7 +2,6 @@
 
 #include "Projects/Fretline/text/TabAnalysis.h"
 #include "Projects/Fretline/text/TabStave.h"
-#include "Shared/Utils/platform/ResourceTable.h"
 #include "tests/support/TabText.h"
 
 #include <gtest/gtest.h>
@@ -14,12 +13,6 @@ namespace {
 
 using TestSupport::FakeOutput;
 using TestSupport::TabText;
-
-constexpr Nvr::Platform::StringResource kStrings[] = {
-    {100, "Line %1 looks like it isn't a real tab stave line so it has been ignored"},
-    {101, "Lines %1 to %2 inclusive don't seem to be part of a real stave so they have been ignored"},
-};
-const Nvr::Platform::ResourceTable kResources(kStrings, {});
 
 FakeOutput::Message LineIgnored(int line) {
     return {100, 4,
