@@ -1,7 +1,8 @@
 #pragma once
 
 /// Lets the n-th allocation of a test fail. The program that links this has its own `operator new`, which
-/// behaves as the standard one does: it calls the installed handler when it gets no memory.
+/// behaves as the standard one does: it calls the installed handler when it gets no memory. Its `realloc`
+/// counts too.
 namespace AllocationFaults {
 
 /// The `count`-th allocation from now on fails, and only that; counted from 1.
