@@ -2,6 +2,7 @@
 
 #include "Shared/NotaveraAPI/ConverterOutput.h"
 
+#include <functional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -38,6 +39,8 @@ public:
     std::vector<Progress> ProgressCalls;
     /// The progress call, counted from 1, at which the user cancels; 0 for never.
     int CancelAt = 0;
+    /// Runs behind each progress call; may throw.
+    std::function<void(int percent)> OnProgress;
 
     void SetConverterName(Nvr::String name) override { m_ConverterName = name; }
     void SetFileName(Nvr::String name) override { m_FileName = name; }
@@ -56,6 +59,8 @@ public:
         ProgressCalls.push_back({percent, std::string(text.View())});
         if (static_cast<int>(ProgressCalls.size()) == CancelAt)
             throw Nvr::ConverterCancelled();
+        if (OnProgress)
+            OnProgress(percent);
     }
     void Report(Nvr::ResId id, int kind, Nvr::String text, bool repeat) override {
         Messages.push_back({id.GetId(), kind, std::string(text.View()), repeat});

@@ -1,0 +1,167 @@
+#include "Projects/Fretline/score/ScoreAccess.h"
+
+#include "tests/Projects/Fretline/score/NodeText.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using namespace Fretline;
+using Nvr::TreeNode;
+using ScoreTest::Child;
+using ScoreTest::ChildrenText;
+
+TEST(ScoreAccess, SectionsHaveTheirLabelsAndAreMadeOnce) {
+    const char* const labels[] = {"Bars",        "Items",       "Staves",   "Barlines", "Notes",
+                                  "Instruments", "BarSpacings", "Brackets", "MidPoints"};
+    for (int section = SectionBars; section <= SectionMidPoints; ++section)
+        EXPECT_EQ(SectionLabel(section), labels[section]);
+    EXPECT_EQ(SectionLabel(-1), "");
+    EXPECT_EQ(SectionLabel(9), "");
+
+    TreeNode parent;
+    Child(parent, "Other");
+    TreeNode* const bars = GetSection(&parent, SectionBars);
+    EXPECT_EQ(GetSection(&parent, SectionBars), bars);
+    EXPECT_EQ(ChildrenText(parent), "Other= Bars=");
+}
+
+TEST(ScoreAccess, TypedChildrenAreReusedOnlyByLabel) {
+    struct Case {
+        const char* Why;
+        const char* Label;
+        const char* Type;
+        bool Reuse;
+        const char* Expected;
+    };
+    const Case cases[] = {
+        {"an item is always new", "", "Bar", true, "A(X=1) B(Type=Old Y=2) (Type=Bar)"},
+        {"a record is new unless reuse is asked for", "B", "New", false,
+         "A(X=1) B(Type=Old Y=2) B(Type=New)"},
+        {"its type changes in place", "B", "New", true, "A(X=1) B(Type=New Y=2)"},
+        {"a missing type goes behind the other children", "A", "New", true,
+         "A(X=1 Type=New) B(Type=Old Y=2)"},
+        {"no type, nothing written", "A", "", true, "A(X=1) B(Type=Old Y=2)"},
+        {"a label that is not there", "C", "", true, "A(X=1) B(Type=Old Y=2) C="},
+    };
+    for (const Case& row : cases) {
+        TreeNode parent;
+        Child(*Child(parent, "A"), "X", "1");
+        TreeNode* const b = Child(parent, "B");
+        Child(*b, "Type", "Old");
+        Child(*b, "Y", "2");
+        AddTypedChild(&parent, row.Label, row.Type, row.Reuse);
+        EXPECT_EQ(ChildrenText(parent), row.Expected) << row.Why;
+    }
+}
+
+TEST(ScoreAccess, AddAppendsAndSetChangesTheFirst) {
+    TreeNode parent;
+    AddIntChild(&parent, "N", -1);
+    AddIntChild(&parent, "N", 2);
+    AddBoolChild(&parent, "B", true);
+    AddStringChild(&parent, "S", "text");
+    EXPECT_EQ(ChildrenText(parent), "N=-1 N=2 B=True S=text");
+    EXPECT_EQ(SetIntChild(&parent, "N", 7), parent.GetChild(0));
+    SetStringChild(&parent, "S", "other");
+    SetBoolChild(&parent, "B", false);
+    SetIntChild(&parent, "M", 8);
+    SetStringChild(&parent, "T", "");
+    SetBoolChild(&parent, "C", true);
+    EXPECT_EQ(ChildrenText(parent), "N=7 N=2 B=False S=other M=8 T= C=True");
+}
+
+TEST(ScoreAccess, NothingIsDoneWithoutAParent) {
+    EXPECT_EQ(GetSection(nullptr, SectionBars), nullptr);
+    EXPECT_EQ(AddTypedChild(nullptr, "", "Bar", false), nullptr);
+    EXPECT_EQ(AddIntChild(nullptr, "N", 1), nullptr);
+    EXPECT_EQ(SetIntChild(nullptr, "N", 1), nullptr);
+    EXPECT_EQ(SetStringChild(nullptr, "N", "1"), nullptr);
+    EXPECT_EQ(SetBoolChild(nullptr, "N", true), nullptr);
+}
+
+std::string g_visited;
+
+bool RecordVisit(TreeNode* node, TreeNode* parent, int depth) {
+    g_visited += std::to_string(depth) + (node != nullptr ? node->GetLabel().CStr() : "null") + "<" +
+                 (parent != nullptr ? parent->GetLabel().CStr() : "null") + " ";
+    if (node != nullptr && node->GetLabel() == "grow")
+        Child(*node, "grown");
+    return node == nullptr || node->GetLabel() != "stop";
+}
+
+TEST(ScoreAccess, AWalkIsInDocumentOrderAndSeesWhatTheVisitorAdds) {
+    TreeNode root("root");
+    Child(*Child(root, "a"), "b");
+    Child(root, "grow");
+    Child(root, "stop");
+    Child(root, "never");
+    g_visited.clear();
+    EXPECT_FALSE(VisitTree(&root, RecordVisit, nullptr, 0));
+    EXPECT_EQ(g_visited, "0root<null 1a<root 2b<a 1grow<root 2grown<grow 1stop<root ");
+    g_visited.clear();
+    EXPECT_TRUE(VisitTree(nullptr, RecordVisit, nullptr, 3));
+    EXPECT_EQ(g_visited, "3null<null ");
+}
+
+bool Accept(TreeNode*, TreeNode*, int) {
+    return true;
+}
+
+TEST(ScoreAccess, AWalkGoesAsDeepAsTheTree) {
+    TreeNode root;
+    TreeNode* node = &root;
+    for (int depth = 0; depth < 300000; ++depth)
+        node = Child(*node, "x");
+    EXPECT_TRUE(VisitTree(&root, Accept, nullptr, 0));
+}
+
+TEST(ScoreAccess, PartMapsBecomeTheValueOfTheFullScore) {
+    struct Case {
+        const char* Why;
+        void (*Fill)(TreeNode& node);
+        const char* Expected;
+    };
+    const Case cases[] = {
+        {"a value", [](TreeNode& n) { Child(n, "__PartMapDefault", "304"); }, "Map=304"},
+        {"the overrides go, and what stands before the default too",
+         [](TreeNode& n) {
+             Child(*Child(n, "Before"), "X");
+             Child(n, "__PartMapDefault", "1");
+             Child(*Child(n, "PartMapOverrides"), "Y");
+         },
+         "Map=1"},
+        {"a record in its order; its value is dropped",
+         [](TreeNode& n) {
+             TreeNode* const record = Child(n, "__PartMapDefault", "lost");
+             Child(*record, "A", "1");
+             Child(*record, "B", "2");
+         },
+         "Map(A=1 B=2)"},
+        {"both empty",
+         [](TreeNode& n) {
+             Child(n, "__PartMapDefault");
+             Child(n, "PartMapOverrides");
+         },
+         "Map="},
+        {"a map inside of a map",
+         [](TreeNode& n) {
+             TreeNode* const inner = Child(*Child(n, "__PartMapDefault"), "Inner");
+             Child(*inner, "__PartMapDefault", "5");
+             Child(*inner, "PartMapOverrides");
+         },
+         "Map(Inner=5)"},
+        {"no map: everything stays", [](TreeNode& n) { Child(*Child(n, "PartMapOverrides"), "A", "1"); },
+         "Map(PartMapOverrides(A=1))"},
+    };
+    for (const Case& row : cases) {
+        TreeNode root;
+        row.Fill(*Child(root, "Map"));
+        FlattenPartMaps(&root);
+        EXPECT_EQ(ChildrenText(root), row.Expected) << row.Why;
+    }
+}
+
+} // namespace

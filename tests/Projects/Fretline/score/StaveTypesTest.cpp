@@ -1,0 +1,150 @@
+#include "Projects/Fretline/score/ScoreAccess.h"
+#include "Projects/Fretline/score/ScoreHolder.h"
+#include "tests/Projects/Fretline/score/NodeText.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Fretline;
+using Nvr::String;
+using Nvr::TreeNode;
+using ScoreTest::Child;
+using ScoreTest::ChildrenText;
+using Pitches = Nvr::TVAList<int>;
+
+Pitches PitchesOf(std::initializer_list<int> values) {
+    Pitches pitches;
+    for (const int value : values)
+        pitches.Add(value);
+    return pitches;
+}
+
+void AddRow(TreeNode& staveTypes, const char* id, const char* category, const char* showRhythms,
+            std::initializer_list<const char*> pitches) {
+    TreeNode* const row = Child(staveTypes, "");
+    Child(*row, "Type", "StaveType");
+    Child(*row, "Name", "name");
+    Child(*row, "Id", id);
+    Child(*row, "Category", category);
+    if (showRhythms != nullptr)
+        Child(*row, "ShowRhythms", showRhythms);
+    Child(*row, "StaveLines", "2");
+    Child(*row, "StaveLineSeparation", "48");
+    Child(*row, "BarlineDy", "1");
+    TreeNode* const strings = Child(*row, "Pitches");
+    for (const char* const pitch : pitches)
+        Child(*strings, "", pitch);
+    Child(*row, "BarlineBottomDy", "1");
+}
+
+class StaveTypes : public testing::Test {
+protected:
+    StaveTypes() {
+        AddRow(*Rows, "pitched", "0", "false", {"10", "20"});
+        Child(*Child(*Rows, ""), "Category", "2");
+        AddRow(*Rows, "plain", "2", "false", {"10", "20"});
+        AddRow(*Rows, "later", "2", "false", {"10", "20"});
+        AddRow(*Rows, "rhythms", "2", "True", {"10", "20"});
+        AddRow(*Rows, "silent", "2", nullptr, {"11", "20", "30"});
+        AddRow(*Rows, "one", "2", "1", {"7"});
+        Score.SetRoot(&Root);
+    }
+
+    TreeNode Root{"Root"};
+    TreeNode* Rows = Child(*Child(Root, "Music"), "StaveTypes");
+    ScoreHolder Score;
+};
+
+TEST_F(StaveTypes, AreFoundByPitchesInOrderAndByRhythms) {
+    struct Case {
+        const char* Why;
+        Pitches Tuning;
+        bool HasRhythms;
+        const char* Id;
+    };
+    const Case cases[] = {
+        {"the first tab row, not the pitched one and not the later one", PitchesOf({10, 20}), false, "plain"},
+        {"the same strings with rhythms", PitchesOf({10, 20}), true, "rhythms"},
+        {"another order of the strings", PitchesOf({20, 10}), false, ""},
+        {"fewer strings than any row", PitchesOf({10}), false, ""},
+        {"the beginning of a longer row", PitchesOf({11, 20}), false, ""},
+        {"no word about rhythms means none", PitchesOf({11, 20, 30}), false, "silent"},
+        {"and so they are not found with rhythms", PitchesOf({11, 20, 30}), true, ""},
+        {"1 counts as true", PitchesOf({7}), true, "one"},
+        {"a row without strings is not found by an empty tuning", PitchesOf({}), false, ""},
+    };
+    for (const Case& row : cases) {
+        String id("left over");
+        EXPECT_EQ(Score.FindStaveType(row.Tuning, row.HasRhythms, id), row.Id[0] != '\0') << row.Why;
+        EXPECT_EQ(id, row.Id) << row.Why;
+    }
+}
+
+TEST_F(StaveTypes, ANewOneIsTheBaseWithOtherStrings) {
+    const int before = Rows->GetChildCount();
+    const TreeNode base(*Rows->GetChild(2));
+    ASSERT_TRUE(Score.CreateStaveType("new.id", "tab 1234", PitchesOf({1, 2, 3, 4}), "plain"));
+    ASSERT_EQ(Rows->GetChildCount(), before + 1);
+    EXPECT_EQ(ChildrenText(*Rows->GetChild(before)),
+              "Type=StaveType Name=tab 1234 Id=new.id Category=2 ShowRhythms=false StaveLines=4 "
+              "StaveLineSeparation=48 BarlineDy=72 Pitches(=1 =2 =3 =4) BarlineBottomDy=72");
+    EXPECT_TRUE(Rows->GetChild(2)->IsSameTree(base)) << "the base stays";
+    String id;
+    EXPECT_TRUE(Score.FindStaveType(PitchesOf({1, 2, 3, 4}), false, id));
+    EXPECT_EQ(id, "new.id");
+}
+
+TEST_F(StaveTypes, ANewOneTakesTheHeightOfItsStrings) {
+    struct Case {
+        const char* Separation;
+        Pitches Tuning;
+        int HalfHeight;
+    };
+    const Case cases[] = {
+        {"48", PitchesOf({1}), 0}, {"48", PitchesOf({1, 2, 3, 4, 5, 6}), 120}, {"33", PitchesOf({1, 2}), 16}};
+    for (const Case& row : cases) {
+        SetStringChild(Rows->GetChild(2), "StaveLineSeparation", row.Separation);
+        ASSERT_TRUE(Score.CreateStaveType("id", "name", row.Tuning, "plain"));
+        const TreeNode* const created = Rows->GetChild(Rows->GetChildCount() - 1);
+        EXPECT_EQ(created->GetChildValue("BarlineDy", -1), row.HalfHeight);
+        EXPECT_EQ(created->GetChildValue("BarlineBottomDy", -1), row.HalfHeight);
+    }
+}
+
+TEST_F(StaveTypes, ABaseWithoutStringsKeepsItsLines) {
+    Rows->GetChild(2)->RemoveChild(Rows->GetChild(2)->FindChild("Pitches"));
+    ASSERT_TRUE(Score.CreateStaveType("id", "name", PitchesOf({1, 2, 3, 4}), "plain"));
+    EXPECT_EQ(Rows->GetChild(Rows->GetChildCount() - 1)->GetChildValue("StaveLines", -1), 2);
+}
+
+TEST_F(StaveTypes, WithoutBaseOrListNothingHappens) {
+    const TreeNode before(Root);
+    EXPECT_FALSE(Score.CreateStaveType("id", "name", PitchesOf({1}), "PLAIN"))
+        << "ids are compared byte for byte";
+    EXPECT_FALSE(Score.CreateStaveType("id", "name", PitchesOf({1}), "")) << "a row without an id is no base";
+    EXPECT_TRUE(Root.IsSameTree(before));
+    TreeNode bare("Root");
+    Child(bare, "Music");
+    String id("left over");
+    for (TreeNode* const root : {static_cast<TreeNode*>(nullptr), &bare}) {
+        Score.SetRoot(root);
+        EXPECT_FALSE(Score.FindStaveType(PitchesOf({7}), true, id));
+        EXPECT_EQ(id, "");
+        EXPECT_FALSE(Score.CreateStaveType("id", "name", PitchesOf({7}), "one"));
+    }
+}
+
+TEST(ScoreHolder, BorrowsARootOrHasItsOwn) {
+    ScoreHolder score;
+    EXPECT_EQ(score.Music(), nullptr);
+    TreeNode root("Root");
+    TreeNode* const music = Child(root, "Music");
+    EXPECT_TRUE(score.SetRoot(&root));
+    EXPECT_EQ(score.Music(), music);
+    EXPECT_FALSE(score.SetRoot(nullptr));
+    EXPECT_EQ(score.Music(), nullptr);
+    EXPECT_NE(score.GetRoot(), nullptr);
+}
+
+} // namespace

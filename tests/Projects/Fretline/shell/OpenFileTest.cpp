@@ -1,0 +1,285 @@
+#include "Projects/Fretline/shell/OpenFile.h"
+
+#include "Projects/Fretline/shell/PluginState.h"
+#include "Shared/NotaveraAPI/HostFunctions.h"
+#include "Shared/Utils/Exceptions.h"
+#include "Shared/Utils/tree/TreeNode.h"
+#include "tests/support/FakeHost.h"
+#include "tests/support/ScratchFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+
+#include <csignal>
+#include <stdexcept>
+
+namespace {
+
+using Calls = std::vector<std::string>;
+
+const std::string kDashes = "|----------------|----------------|\n";
+const std::string kTwoBars =
+    kDashes + kDashes + kDashes + kDashes + kDashes + "|--0--2----------|--3-------------|\n";
+const std::string kNoStave = "words --- and a line of hyphens\n\n------------------------\n\nmore words\n";
+
+const Calls kCallsOfTwoBars = {"create Importing Tab file|0|100|30",
+                               "update 0",
+                               "update 0",
+                               "update 10",
+                               "update 20",
+                               "update 20",
+                               "update 50",
+                               "update 80",
+                               "load",
+                               "update 100",
+                               "destroy"};
+constexpr std::size_t kLoad = 8;
+constexpr std::size_t kClosing = 9;
+
+class OpenFileTest : public testing::Test {
+protected:
+    OpenFileTest() {
+        Record.ProgressContext = Host.Context();
+        m_ConfigPath = Config.Path().string();
+        Record.ConfigFolder = m_ConfigPath.c_str();
+        EXPECT_TRUE(Fretline::InitialisePlugin(Record, Info));
+    }
+    ~OpenFileTest() override {
+        Fretline::TerminatePlugin();
+        EXPECT_TRUE(Temp.IsEmpty()) << "a temporary file was left behind";
+        EXPECT_EQ(Fretline::GetPluginState().ConversionInProgress, 0);
+    }
+
+    /// The result of the open; the calls are in Host.Calls.
+    bool Open(const std::string& path) {
+        Host.Calls.clear();
+        return Fretline::OpenFile(path.c_str());
+    }
+    bool IsLastCall(std::size_t index) const { return Host.Calls.size() == index + 1; }
+
+    TestSupport::ScratchFolder Config;
+    TestSupport::ScratchFolder Tabs;
+    TestSupport::ScratchTempFolder Temp;
+    TestSupport::FakeHost Host;
+    HostInitRecord Record{};
+    PluginInfoRecord Info{};
+
+private:
+    std::string m_ConfigPath;
+};
+
+TEST_F(OpenFileTest, GoesTheWholeWayInOrder) {
+    bool wasConverting = false;
+    Host.Answer = [&] {
+        wasConverting = wasConverting || Fretline::GetPluginState().ConversionInProgress == 1;
+        return 1;
+    };
+    EXPECT_TRUE(Open(Tabs.Write("a b%20.tab", kTwoBars)));
+    EXPECT_EQ(Host.Calls, kCallsOfTwoBars);
+    EXPECT_TRUE(wasConverting);
+    EXPECT_EQ(std::filesystem::path(Host.LoadedPath).extension(), ".nvf");
+    EXPECT_EQ(std::filesystem::path(Host.LoadedPath).parent_path(), Temp.Path());
+    EXPECT_EQ(std::filesystem::path(Host.LoadedPath).filename().string().substr(0, 2), "nv");
+    EXPECT_FALSE(std::filesystem::exists(Host.LoadedPath)) << "deleted behind the load";
+    EXPECT_EQ(Fretline::GetPluginState().Output->GetFileName(), "a b%20.tab");
+    EXPECT_EQ(Fretline::GetPluginState().Output->GetConverterName(), "Fretline Import");
+}
+
+TEST_F(OpenFileTest, TheScoreIsTheTemplateWithTheMusic) {
+    ASSERT_TRUE(Open(Tabs.Write("a.tab", kTwoBars)));
+    const std::unique_ptr<Nvr::TreeNodeRoot> score(
+        Nvr::TreeNode::LoadFromMemory(Host.LoadedBytes.data(), Host.LoadedBytes.size()));
+    ASSERT_NE(score, nullptr);
+    EXPECT_TRUE(score->WasBinary);
+    EXPECT_TRUE(score->WasUnicode);
+    const Nvr::TreeNode* const music = score->FindChild("Music");
+    ASSERT_NE(music, nullptr);
+    ASSERT_EQ(music->GetChildCount(), 61);
+    EXPECT_EQ(music->GetChild(58)->GetLabel(), "PartsToExtract");
+    EXPECT_EQ(music->GetChild(59)->GetLabel(), "ReBeamAll");
+    EXPECT_EQ(music->GetChild(60)->GetLabel(), "Instruments");
+    EXPECT_EQ(music->FindChild("Staves")->GetChildCount(), 1);
+    EXPECT_EQ(music->FindChild("Barlines")->GetChildCount(), 1);
+    EXPECT_EQ(music->FindChild("Brackets")->GetChildCount(), 0);
+    EXPECT_EQ(music->FindChild("BarSpacings")->GetChildCount(), 3);
+    EXPECT_EQ(music->FindChild("BarSpacings")->GetChild(0)->GetChildValue("BarLength", -1), 0);
+    EXPECT_EQ(music->GetChildValue("NumBars", -1), 0);
+    const Nvr::TreeNode* const systemBars = music->FindChild("SystemStave")->FindChild("Bars");
+    ASSERT_EQ(systemBars->GetChildCount(), 3);
+    EXPECT_EQ(systemBars->GetChild(0)->FindChild("Items")->GetChildCount(), 3) << "the template's lead-in";
+}
+
+TEST_F(OpenFileTest, ACancelAtAnyReportGoesStraightToTheClosingSequence) {
+    const std::string tab = Tabs.Write("a.tab", kTwoBars);
+    for (std::size_t at = 1; at < kCallsOfTwoBars.size(); ++at) {
+        Host.Answer = [&] { return IsLastCall(at) ? 0 : 1; };
+        EXPECT_TRUE(Open(tab)) << "a cancelled file was still ours";
+        Calls expected = kCallsOfTwoBars;
+        const bool isLookedAt = at > 1 && at < kLoad;
+        if (isLookedAt)
+            expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(at) + 1,
+                           expected.begin() + static_cast<std::ptrdiff_t>(kClosing));
+        EXPECT_EQ(Host.Calls, expected) << "cancelled at call " << at;
+        EXPECT_TRUE(Temp.IsEmpty()) << at;
+    }
+}
+
+TEST_F(OpenFileTest, WhateverTheHostThrowsTheClosingSequenceRunsAndNothingComesOut) {
+    using Throw = void (*)();
+    const Throw kinds[] = {[] { throw 42; }, [] { throw std::runtime_error("host"); },
+                           [] { throw Nvr::OutOfMemoryException(); },
+                           [] { throw Nvr::ConverterCancelled(); }};
+    const std::string tab = Tabs.Write("a.tab", kTwoBars);
+    for (const Throw raise : kinds) {
+        for (std::size_t at = 0; at < kCallsOfTwoBars.size(); ++at) {
+            Host.Answer = [&] {
+                if (IsLastCall(at))
+                    raise();
+                return 1;
+            };
+            EXPECT_TRUE(Open(tab));
+            Calls expected = kCallsOfTwoBars;
+            if (at < kClosing)
+                expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(at) + 1,
+                               expected.begin() + static_cast<std::ptrdiff_t>(kClosing));
+            EXPECT_EQ(Host.Calls, expected) << "thrown from call " << at;
+            EXPECT_TRUE(Temp.IsEmpty()) << at;
+            EXPECT_EQ(Fretline::GetPluginState().ConversionInProgress, 0) << at;
+        }
+    }
+}
+
+TEST_F(OpenFileTest, EveryCallOfTheClosingSequenceIsMadeWhenAllOfThemThrow) {
+    Host.Answer = []() -> int { throw 42; };
+    EXPECT_TRUE(Open(Tabs.Write("a.tab", kTwoBars)));
+    EXPECT_EQ(Host.Calls, (Calls{kCallsOfTwoBars[0], "update 100", "destroy"}));
+}
+
+TEST_F(OpenFileTest, AnOpenFromInsideAConversionOnlySaysWhoseTheFileIs) {
+    const std::string outer = Tabs.Write("outer.tab", kTwoBars);
+    const std::string tab = Tabs.Write("inner.tab", kTwoBars);
+    const std::string text = Tabs.Write("inner.txt", kTwoBars);
+    for (std::size_t at = 2; at < kCallsOfTwoBars.size(); ++at) {
+        Host.Answer = [&] {
+            if (IsLastCall(at)) {
+                EXPECT_TRUE(Fretline::OpenFile(tab.c_str()));
+                EXPECT_FALSE(Fretline::OpenFile(text.c_str()));
+            }
+            return 1;
+        };
+        EXPECT_TRUE(Open(outer));
+        EXPECT_EQ(Host.Calls, kCallsOfTwoBars) << at;
+    }
+}
+
+TEST_F(OpenFileTest, AnOpenFromInsideTheFirstCallsIsAConversionOfItsOwn) {
+    const std::string outer = Tabs.Write("outer.tab", kTwoBars);
+    const std::string inner = Tabs.Write("inner.tab", kTwoBars);
+    for (const std::size_t at : {std::size_t{0}, std::size_t{1}}) {
+        Host.Answer = [&] {
+            if (IsLastCall(at)) {
+                EXPECT_TRUE(Fretline::OpenFile(inner.c_str()));
+            }
+            return 1;
+        };
+        EXPECT_TRUE(Open(outer));
+        EXPECT_EQ(Host.Calls.size(), 2 * kCallsOfTwoBars.size());
+        EXPECT_EQ(Host.Calls.back(), "destroy");
+        EXPECT_EQ(Fretline::GetPluginState().Output->GetFileName(), "outer.tab")
+            << "its messages bear its own name";
+    }
+}
+
+TEST_F(OpenFileTest, FilesOfOthersMakeNoCalls) {
+    EXPECT_FALSE(Open(Tabs.Write("a.txt", kTwoBars)));
+    EXPECT_FALSE(Open((Tabs.Path() / "missing.tab").string()));
+    EXPECT_FALSE(Open(Tabs.Path().string()));
+    EXPECT_FALSE(Fretline::OpenFile(nullptr));
+    EXPECT_TRUE(Host.Calls.empty());
+}
+
+TEST_F(OpenFileTest, ATextWithoutAStaveEndsWithItsMessages) {
+    EXPECT_TRUE(Open(Tabs.Write("a.tab", kNoStave)));
+    const std::string message = "message Fretline Import|a.tab|4|-2|-2|Lines ";
+    const std::string rest = " inclusive don't seem to be part of a real stave so they have been ignored";
+    EXPECT_EQ(Host.Calls,
+              (Calls{"create Importing Tab file|0|100|30", "update 0", "update 0", message + "1 to 1" + rest,
+                     message + "3 to 3" + rest, "update 10", "update 20", "update 100", "destroy"}));
+}
+
+TEST_F(OpenFileTest, ATextWithoutNotesIsSavedButNotLoaded) {
+    EXPECT_TRUE(Open(Tabs.Write("a.tab", kDashes + kDashes + kDashes + kDashes)));
+    EXPECT_EQ(Host.Calls,
+              (Calls{"create Importing Tab file|0|100|30", "update 0", "update 0", "update 10", "update 20",
+                     "update 20", "update 50", "update 80", "update 100", "destroy"}));
+}
+
+TEST_F(OpenFileTest, TheStoredLevelReachesTheConversionThroughTheFile) {
+    const std::string tab = Tabs.Write("a.tab", kTwoBars);
+    for (const char* const level : {"0", "2"}) {
+        const std::string stored = std::string("\r\n{\r\n\tRhythmLevel \"") + level + "\"\r\n}\r\n";
+        Config.Write("FretlineOptions.txt", stored);
+        ASSERT_TRUE(Open(tab));
+        const std::unique_ptr<Nvr::TreeNodeRoot> score(
+            Nvr::TreeNode::LoadFromMemory(Host.LoadedBytes.data(), Host.LoadedBytes.size()));
+        ASSERT_NE(score, nullptr);
+        const Nvr::TreeNode* const spacings = score->FindChild("Music")->FindChild("BarSpacings");
+        EXPECT_EQ(spacings->GetChild(1)->GetChildValue("BarLength", 0), *level == '0' ? 256 : 1024);
+    }
+}
+
+TEST_F(OpenFileTest, AnEndInTheMidstCancelsAndAnotherStartGoesOn) {
+    const std::string tab = Tabs.Write("a.tab", kTwoBars);
+    Host.Answer = [&] {
+        if (IsLastCall(3))
+            Fretline::TerminatePlugin();
+        return 1;
+    };
+    EXPECT_TRUE(Open(tab));
+    EXPECT_EQ(Host.Calls, Calls(kCallsOfTwoBars.begin(), kCallsOfTwoBars.begin() + 4))
+        << "nothing is called any more";
+    Host.Answer = nullptr;
+    ASSERT_TRUE(Fretline::InitialisePlugin(Record, Info));
+    EXPECT_TRUE(Open(tab));
+    EXPECT_EQ(Host.Calls, kCallsOfTwoBars);
+}
+
+TEST_F(OpenFileTest, BeforeTheStartAFileIsTestedAndNothingIsCalled) {
+    Fretline::TerminatePlugin();
+    EXPECT_TRUE(Open(Tabs.Write("a.tab", kTwoBars)));
+    EXPECT_TRUE(Host.Calls.empty());
+    EXPECT_FALSE(Open(Tabs.Write("a.txt", kTwoBars)));
+}
+
+/// No file that this process writes may grow beyond a size, as on a disk that is full.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytesLeft) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_Former);
+        const rlimit limit{bytesLeft, m_Former.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &m_Former);
+        std::signal(SIGXFSZ, SIG_DFL);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_Former{};
+};
+
+TEST_F(OpenFileTest, OnAFullDiskTheHostFindsNoScore) {
+    const std::string tab = Tabs.Write("a.tab", kTwoBars);
+    {
+        const FullDisk disk(1000);
+        EXPECT_TRUE(Open(tab));
+    }
+    EXPECT_EQ(Host.Calls, kCallsOfTwoBars) << "a failed write is not told apart";
+    EXPECT_TRUE(Host.LoadedBytes.empty());
+}
+
+} // namespace

@@ -1,0 +1,97 @@
+/* A host in C with nothing but the boundary: loads the library named first, with its symbols "local" or
+ * "global", starts it, and tells what became of the start and of the two functions that only pass calls on.
+ * Built several times, each time without one of the six functions (a definition gives it another name). */
+
+#include "Shared/NotaveraAPI/NotaveraPlugin.h"
+
+#include <dlfcn.h>
+#include <stdio.h>
+#include <string.h>
+
+static int g_messages = 0;
+
+void NVR_LOADTEMPFILE(const char* scorePath);
+int NVR_UPDATEPROGRESSDIALOG(void* context, int percent, const char* text);
+void NVR_DESTROYPROGRESSDIALOG(void* context);
+void NVR_CREATEPROGRESSDIALOG_2(void* context, const char* title, int lowest, int highest, int last);
+
+void NVR_LOADTEMPFILE(const char* scorePath) {
+    (void)scorePath;
+}
+
+void NVR_RESULTSDIALOGMESSAGE(const char* converterName, const char* fileName, int kind, int context1,
+                              int context2, const char* message) {
+    if (strcmp(converterName, "c") == 0 && fileName == NULL && kind == 1 && context1 == 2 && context2 == 3 &&
+        strcmp(message, "m") == 0)
+        ++g_messages;
+}
+
+int NVR_UPDATEPROGRESSDIALOG(void* context, int percent, const char* text) {
+    (void)context;
+    (void)text;
+    return percent >= 0;
+}
+
+void NVR_DESTROYPROGRESSDIALOG(void* context) {
+    (void)context;
+}
+
+void NVR_CREATEPROGRESSDIALOG_2(void* context, const char* title, int lowest, int highest, int last) {
+    (void)context;
+    (void)title;
+    (void)lowest;
+    (void)highest;
+    (void)last;
+}
+
+intptr_t NVR_CHOOSETRANSPOSINGINSTRUMENTS(intptr_t a, intptr_t b, intptr_t c, intptr_t d, intptr_t e,
+                                          intptr_t f, intptr_t g, intptr_t h) {
+    return a + 2 * b + 3 * c + 4 * d + 5 * e + 6 * f + 7 * g + 8 * h;
+}
+
+typedef struct Plugin {
+    int (*Init)(const HostInitRecord*, PluginInfoRecord*);
+    int (*Term)(void);
+    void (*Message)(const char*, const char*, int, int, int, const char*);
+    NvrChooseTransposingInstruments Choose;
+} Plugin;
+
+static int Find(void* library, const char* name, void* function) {
+    void* const found = dlsym(library, name);
+    memcpy(function, &found, sizeof found);
+    return found != NULL;
+}
+
+static void TellWhatIsPassedOn(const char* when, const Plugin* plugin) {
+    g_messages = 0;
+    plugin->Message("c", NULL, 1, 2, 3, "m");
+    printf("%s: messages %d, chosen %ld\n", when, g_messages,
+           (long)plugin->Choose(-1, 20, 30, 40, 50, 60, 70, 80));
+}
+
+int main(int argc, char** argv) {
+    if (argc != 3)
+        return 2;
+    void* const library =
+        dlopen(argv[1], RTLD_NOW | (strcmp(argv[2], "global") == 0 ? RTLD_GLOBAL : RTLD_LOCAL));
+    Plugin plugin;
+    if (library == NULL || !Find(library, "NVR_INIT", &plugin.Init) ||
+        !Find(library, "NVR_TERM", &plugin.Term) ||
+        !Find(library, "NVR_RESULTSDIALOGMESSAGE", &plugin.Message) ||
+        !Find(library, "NVR_CHOOSETRANSPOSINGINSTRUMENTS", &plugin.Choose)) {
+        puts("not loaded");
+        return 1;
+    }
+    TellWhatIsPassedOn("before", &plugin);
+    HostInitRecord host = {0};
+    PluginInfoRecord info = {{0}, 0, NULL, 0};
+    host.ResourceModule = library;
+    host.ConfigFolder = "/";
+    const int result = plugin.Init(&host, &info);
+    printf("init: %d, %d file types, %d\n", result, (int)info.FileTypeCount, (int)info.Eight);
+    TellWhatIsPassedOn("started", &plugin);
+    const int first = plugin.Term();
+    printf("term: %d %d\n", first, plugin.Term());
+    TellWhatIsPassedOn("ended", &plugin);
+    return dlclose(library);
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+
+namespace TestSupport {
+
+/// A folder of the test's own, gone with the object.
+class ScratchFolder {
+public:
+    ScratchFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "fretline-test-XXXXXX").string();
+        m_Path = mkdtemp(pattern.data());
+    }
+    ~ScratchFolder() { std::filesystem::remove_all(m_Path); }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    const std::filesystem::path& Path() const { return m_Path; }
+    /// The path of a new file with these bytes.
+    std::string Write(std::string_view name, std::string_view bytes) const {
+        const std::filesystem::path path = m_Path / name;
+        std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return path.string();
+    }
+    bool IsEmpty() const { return std::filesystem::is_empty(m_Path); }
+
+private:
+    std::filesystem::path m_Path;
+};
+
+/// Makes a ScratchFolder the system's folder for temporary files while it lives.
+class ScratchTempFolder : public ScratchFolder {
+public:
+    ScratchTempFolder() {
+        if (const char* const former = std::getenv("TMPDIR"))
+            m_Former = former;
+        setenv("TMPDIR", Path().c_str(), 1);
+    }
+    ~ScratchTempFolder() {
+        if (m_Former.empty())
+            unsetenv("TMPDIR");
+        else
+            setenv("TMPDIR", m_Former.c_str(), 1);
+    }
+
+private:
+    std::string m_Former;
+};
+
+} // namespace TestSupport
