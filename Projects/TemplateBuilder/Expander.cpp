@@ -20,8 +20,9 @@ bool IsDirective(const Nvr::TreeNode& node) {
     return node.GetLabel().CharAt(0) == '~';
 }
 
-bool HasBody(std::string_view directive) {
-    return directive == "~row" || directive == "~each" || directive == "~if" || directive == "~unless";
+bool IsWithoutChildren(std::string_view directive) {
+    return directive == "~include" || directive == "~rows" || directive == kPartDirective ||
+           directive == "~note";
 }
 
 /// "COLUMN" or "COLUMN=TEXT": whether the names at hand fulfil it.
@@ -104,10 +105,11 @@ void Expander::MakeChildren(Nvr::TreeNode& parent, const Nvr::TreeNode& pattern,
 void Expander::Obey(Nvr::TreeNode& parent, const Nvr::TreeNode& directive, const Scope& scope, int depth) {
     const std::string_view name = directive.GetLabel().View();
     const std::string_view argument = directive.GetValue().View();
-    // A list without a label belongs to the node before it: behind a directive that has no children of its own
-    // it would be lost without a word.
-    if (directive.GetChildCount() != 0 && !HasBody(name))
-        scope.Fail("the list behind " + std::string(name) + " \"" + std::string(argument) + "\" belongs to nothing");
+    // A list without a label belongs to the node before it: behind a directive that has no children of its
+    // own it would be lost without a word.
+    if (directive.GetChildCount() != 0 && IsWithoutChildren(name))
+        scope.Fail("the list behind " + std::string(name) + " \"" + std::string(argument) +
+                   "\" belongs to nothing");
     if (name == "~include")
         Include(parent, directive, scope, depth);
     else if (name == "~rows")
@@ -130,7 +132,7 @@ void Expander::Include(Nvr::TreeNode& parent, const Nvr::TreeNode& directive, co
     if (depth > kDeepestExpansion)
         scope.Fail("the sources draw in each other without an end");
     const std::string path = scope.Fill(directive.GetValue().View()) + ".txt";
-    MakeChildren(parent, Source(scope, path), scope, depth + 1);
+    MakeChildren(parent, Source(scope, path), Scope::OfSource(scope, path), depth + 1);
 }
 
 void Expander::MakeRows(Nvr::TreeNode& parent, const Nvr::TreeNode& directive, const Scope& scope,
@@ -139,9 +141,11 @@ void Expander::MakeRows(Nvr::TreeNode& parent, const Nvr::TreeNode& directive, c
     if (words.empty() || words.size() > 2)
         scope.Fail("~rows wants a table and a schema");
     const Table& table = GetTable(scope, words.front());
-    const Nvr::TreeNode& schema = Source(scope, "schemas/" + words.back() + ".txt");
+    const std::string path = "schemas/" + words.back() + ".txt";
+    const Nvr::TreeNode& schema = Source(scope, path);
+    const Scope inSchema = Scope::OfSource(scope, path);
     for (std::size_t row = 0; row < table.RowCount(); ++row)
-        parent.AddChild(MakeNode(schema, Scope(scope, table, row), depth + 1).release());
+        parent.AddChild(MakeNode(schema, Scope(inSchema, table, row), depth + 1).release());
 }
 
 void Expander::LookUpRow(Nvr::TreeNode& parent, const Nvr::TreeNode& directive, const Scope& scope,

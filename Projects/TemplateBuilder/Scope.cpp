@@ -16,11 +16,17 @@ bool IsNumber(std::string_view text) {
 
 } // namespace
 
+Scope Scope::OfSource(const Scope& outer, const std::string& source) {
+    Scope scope(source);
+    scope.m_Outer = &outer;
+    return scope;
+}
+
 Scope::Scope(const Scope& outer, const Table& table, std::size_t row)
-    : m_Outer(&outer), m_Table(&table), m_Place(row) {}
+    : m_Kind(Kind::Row), m_Outer(&outer), m_Table(&table), m_Place(row) {}
 
 Scope::Scope(const Scope& outer, const std::string& entry, std::size_t index)
-    : m_Outer(&outer), m_Place(index), m_Entry(entry) {}
+    : m_Kind(Kind::Entry), m_Outer(&outer), m_Place(index), m_Text(entry) {}
 
 std::string Scope::Fill(std::string_view value) const {
     std::string filled;
@@ -73,17 +79,25 @@ std::string Scope::Get(std::string_view name) const {
 }
 
 bool Scope::Find(std::string_view name, std::string& result) const {
-    if (m_Table == nullptr)
-        return m_Outer != nullptr && FindInEntry(name, result);
-    if (const std::string* field = m_Table->Field(m_Place, name)) {
-        result = *field;
-        return true;
-    }
-    if (name == "row") {
-        result = std::to_string(m_Place);
-        return true;
+    switch (m_Kind) {
+    case Kind::Row:
+        return FindInRow(name, result);
+    case Kind::Entry:
+        return FindInEntry(name, result);
+    case Kind::Source:
+        break;
     }
     return false;
+}
+
+bool Scope::FindInRow(std::string_view name, std::string& result) const {
+    if (const std::string* field = m_Table->Field(m_Place, name))
+        result = *field;
+    else if (name == "row")
+        result = std::to_string(m_Place);
+    else
+        return false;
+    return true;
 }
 
 bool Scope::FindInEntry(std::string_view name, std::string& result) const {
@@ -93,25 +107,32 @@ bool Scope::FindInEntry(std::string_view name, std::string& result) const {
         return true;
     }
     if (name == "item") {
-        result = m_Entry;
+        result = m_Text;
         return true;
     }
     if (!name.starts_with(kPart) || !IsNumber(name.substr(kPart.size())))
         return false;
     std::size_t part = 0;
     std::from_chars(name.data() + kPart.size(), name.data() + name.size(), part);
-    const std::vector<std::string> parts = SplitList(m_Entry, ':');
+    const std::vector<std::string> parts = SplitList(m_Text, ':');
     result = part >= 1 && part <= parts.size() ? parts[part - 1] : std::string();
     return true;
 }
 
-void Scope::Fail(const std::string& sentence) const {
+const Scope* Scope::Innermost(Kind kind) const {
     const Scope* scope = this;
-    while (scope->m_Table == nullptr && scope->m_Outer != nullptr)
+    while (scope != nullptr && scope->m_Kind != kind)
         scope = scope->m_Outer;
-    if (scope->m_Table != nullptr)
-        throw BuildError(scope->m_Table->File(), scope->m_Table->LineOf(scope->m_Place), sentence);
-    throw BuildError(scope->m_File, sentence);
+    return scope;
+}
+
+void Scope::Fail(const std::string& sentence) const {
+    const Scope* const source = Innermost(Kind::Source);
+    const Scope* const row = Innermost(Kind::Row);
+    if (row == nullptr)
+        throw BuildError(source->m_Text, sentence);
+    throw BuildError(row->m_Table->File(), row->m_Table->LineOf(row->m_Place),
+                     sentence + ", by " + source->m_Text);
 }
 
 } // namespace TemplateBuilder

@@ -14,8 +14,10 @@ namespace TemplateBuilder {
 /// name means the innermost scope that has it. A scope borrows its table and the scope around it.
 class Scope {
 public:
-    /// The outermost scope, which has no names.
-    explicit Scope(std::string file) : m_File(std::move(file)) {}
+    /// The outermost scope, which has no names: `source` is the file that is being followed.
+    explicit Scope(std::string source) : m_Kind(Kind::Source), m_Text(std::move(source)) {}
+    /// The names of `outer`, while another file is being followed.
+    static Scope OfSource(const Scope& outer, const std::string& source);
     /// The columns of one row, and `row` for its place among the rows, counted from 0.
     Scope(const Scope& outer, const Table& table, std::size_t row);
     /// `item` for the entry itself, `item.1`, `item.2` and so on for what stands in it between colons, and
@@ -31,20 +33,26 @@ public:
     /// What a single name stands for. Throws BuildError when no scope has it.
     std::string Get(std::string_view name) const;
 
-    /// An error in what is being made here; the message names the row of the innermost table, if any.
+    /// An error in what is being made here. The message names the row at hand, if any, and the file that is
+    /// being followed.
     [[noreturn]] void Fail(const std::string& sentence) const;
 
 private:
+    enum class Kind { Source, Row, Entry };
+
     bool Find(std::string_view name, std::string& result) const;
+    bool FindInRow(std::string_view name, std::string& result) const;
     bool FindInEntry(std::string_view name, std::string& result) const;
     std::string Resolve(std::string_view reference) const;
     std::string Compute(std::string_view reference) const;
+    const Scope* Innermost(Kind kind) const;
 
+    Kind m_Kind;
     const Scope* m_Outer = nullptr;
     const Table* m_Table = nullptr;
     std::size_t m_Place = 0;
-    std::string m_Entry;
-    std::string m_File;
+    /// The entry of a list, or the name of the source.
+    std::string m_Text;
 };
 
 } // namespace TemplateBuilder
