@@ -1,0 +1,106 @@
+#include "tests/Projects/Fretline/stave/BarText.h"
+
+#include "Shared/Utils/tree/TreeNode.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <string_view>
+
+namespace Fretline {
+
+namespace {
+
+constexpr int kMany = 100000;
+
+std::string Repeated(std::string_view text, int count) {
+    std::string repeated;
+    for (int i = 0; i < count; ++i)
+        repeated += text;
+    return repeated;
+}
+
+// Far above what these bars take, also under sanitizers, and far below what they would take if the cost grew
+// with the square of their size.
+class Cost : public testing::Test {
+protected:
+    void TearDown() override {
+        EXPECT_LT(std::chrono::steady_clock::now() - m_Start, std::chrono::seconds(20));
+    }
+
+    std::chrono::steady_clock::time_point m_Start = std::chrono::steady_clock::now();
+};
+
+} // namespace
+
+TEST_F(Cost, OfManyColumnsInOneRun) {
+    // Every column of the first line stays single, so the second line is one long run read from each of them.
+    BarText text({std::string(2 * kMany, '9'), std::string(2 * kMany, '0')});
+    TabBar& bar = text.BarAt(0, 2);
+    bar.ReadBar(nullptr);
+    EXPECT_EQ(bar.GetColumns().size(), 2U * kMany);
+    EXPECT_EQ(bar.GetScoreBars().at(0)->m_Items.size(), 2U * kMany);
+}
+
+TEST_F(Cost, OfManyChords) {
+    BarText text({Repeated("C ", kMany), Repeated("5-", kMany), Repeated("--", kMany)});
+    TabBar& bar = text.BarAt(1, 2);
+    bar.ReadBar(nullptr);
+    EXPECT_EQ(bar.GetChords().size(), 1U * kMany);
+    const std::vector<ChordReading> readings = bar.GetChordReadings();
+    EXPECT_TRUE(std::ranges::all_of(readings, &ChordReading::m_Written));
+}
+
+TEST_F(Cost, OfAChordOfManyTokens) {
+    std::string chords = "C";
+    chords += Repeated(" m", kMany) + Repeated(" (7", kMany / 2);
+    BarText text({chords, Repeated("5-", 2 * kMany), Repeated("--", 2 * kMany)});
+    TabBar& bar = text.BarAt(1, 2);
+    bar.ReadBar(nullptr);
+    EXPECT_EQ(bar.GetChords().size(), 1U);
+    EXPECT_EQ(bar.GetChords().front()->m_Tokens.size(), 2U * kMany);
+}
+
+TEST_F(Cost, OfManyScoreBars) {
+    BarText text({Repeated("5-", kMany), Repeated("--", kMany)}, kRhythmsAlways);
+    TabBar& bar = text.BarAt(0, 2);
+    bar.SetBarLength(128);
+    Nvr::TreeNode bars(Nvr::String("Bars"));
+    Nvr::TreeNode* last = nullptr;
+    bar.ImportToScore(&bars, last);
+    EXPECT_EQ(bars.GetChildCount(), kMany);
+    EXPECT_EQ(bar.ScoreBarCount(), kMany);
+}
+
+TEST_F(Cost, OfManyTiesAndLetters) {
+    BarText text({Repeated(" -Q", kMany), Repeated("--5", kMany), Repeated("---", kMany)});
+    TabBar& bar = text.BarAt(1, 2);
+    bar.ReadBar(nullptr);
+    ASSERT_EQ(bar.ScoreBarCount(), 1);
+    const std::vector<BarItem>& items = bar.GetScoreBars().front()->m_Items;
+    ASSERT_EQ(items.size(), 1U * kMany);
+    EXPECT_TRUE(items.front().m_Tied);
+    EXPECT_FALSE(items.back().m_Tied);
+}
+
+TEST_F(Cost, OfManyColumnsAtOneTime) {
+    std::string letters(2 * kMany + 2, ' ');
+    letters.front() = 'H';
+    letters.back() = 'H';
+    BarText text({letters, Repeated("5-", kMany + 1), Repeated("--", kMany + 1)});
+    TabBar& bar = text.BarAt(1, 2);
+    bar.ReadBar(nullptr);
+    EXPECT_GT(bar.GetColumns().size(), 90U * kMany / 100);
+    EXPECT_LT(bar.GetScoreBars().at(0)->m_Items.size(), 50U);
+}
+
+TEST_F(Cost, OfManyBeats) {
+    BarText text({Repeated("1 ", kMany), Repeated("5-", kMany), Repeated("--", kMany)});
+    TabBar& bar = text.BarAt(1, 2);
+    bar.ReadBar(nullptr);
+    EXPECT_EQ(bar.GetRhythmLine().m_Kind, RhythmLineKind::BeatPositions);
+    EXPECT_EQ(bar.GetBarLength(), 256 * kMany);
+}
+
+} // namespace Fretline
