@@ -11,7 +11,7 @@
 #include <type_traits>
 #include <vector>
 
-#include <langinfo.h>
+#include <fcntl.h>
 #include <locale.h>
 #include <pwd.h>
 
@@ -29,7 +29,8 @@ std::string PathFromEnvironment(const char* name) {
 }
 
 bool TakesNewFiles(const std::string& folder) {
-    return ExamineFile(folder).Kind == FileKind::Folder && access(folder.c_str(), W_OK | X_OK) == 0;
+    return ExamineFile(folder).Kind == FileKind::Folder &&
+           faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
 std::string HomeFolder() {

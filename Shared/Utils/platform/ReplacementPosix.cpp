@@ -104,7 +104,8 @@ Replacement PrepareReplacement(const std::string& path) {
         return result;
     }
     // A file that may not be written is not to be replaced either.
-    if (!S_ISREG(former.st_mode) || former.st_nlink > 1 || access(result.Target.c_str(), W_OK) != 0)
+    if (!S_ISREG(former.st_mode) || former.st_nlink > 1 ||
+        faccessat(AT_FDCWD, result.Target.c_str(), W_OK, AT_EACCESS) != 0)
         return result;
     result.Beside = CreateBeside(result.Target, S_IRUSR | S_IWUSR);
     if (!result.Beside.empty() && !TakeOver(result.Beside, former)) {
