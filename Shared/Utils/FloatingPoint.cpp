@@ -33,6 +33,8 @@ void LogChange(std::uint32_t mask) {
 } // namespace
 
 void InitFloatingPoint() {
+    // Reading the switches must not trap on what an earlier call has unmasked.
+    Platform::ResetFloatingPointUnit();
     const String group("FloatingPoint");
     std::uint32_t mask = kAllFloatingPointExceptions;
     for (const auto& entry : kMaskSwitches) {

@@ -28,7 +28,7 @@ std::string LinkTarget(const std::string& link) {
     return length <= 0 ? std::string() : std::string(target.data(), static_cast<std::size_t>(length));
 }
 
-// Writing to a link writes the file that it names, be it there or not.
+// Writing to a link writes the file that it names, be it there or not. Empty for links in a circle.
 std::string FollowLinks(std::string path) {
     for (int i = 0; i < kMostLinks; ++i) {
         const std::string target = LinkTarget(path);
@@ -36,7 +36,7 @@ std::string FollowLinks(std::string path) {
             return path;
         path = target.front() == '/' ? target : PathInFolder(FolderOfPath(path), target);
     }
-    return path;
+    return {};
 }
 
 std::string CreateBeside(const std::string& target, mode_t rights) {
@@ -95,9 +95,9 @@ bool WriteCopy(int source, mode_t rights, const std::string& path) {
 } // namespace
 
 Replacement PrepareReplacement(const std::string& path) {
-    if (path.empty())
-        return {};
     Replacement result{FollowLinks(path), {}};
+    if (result.Target.empty())
+        return result;
     struct stat former {};
     if (stat(result.Target.c_str(), &former) != 0) {
         result.Beside = CreateBeside(result.Target, kRightsOfNewFiles);

@@ -1,0 +1,139 @@
+#include "Shared/Utils/FloatingPoint.h"
+#include "Shared/Utils/Reporting.h"
+#include "tests/Shared/Utils/FilesTesting.h"
+
+#include <cfenv>
+#include <cmath>
+#include <functional>
+#include <gtest/gtest.h>
+#include <limits>
+#include <vector>
+
+namespace {
+
+using namespace Nvr;
+using namespace FilesTesting;
+
+// Puts everything back, so that a test that fails does not trap in the next.
+class FloatingPointTest : public ::testing::Test {
+protected:
+    ~FloatingPointTest() override {
+        FloatingPointMask = kAllFloatingPointExceptions;
+        ResetFloatingPoint();
+    }
+
+    void InitWith(const std::string& switches) {
+        m_Scratch.Write("user.conf",
+                        "[Software\\Notavera Software\\NotaveraDiagnostics\\FloatingPoint]\n" + switches);
+        InitFloatingPoint();
+    }
+
+    Scratch m_Scratch;
+    Environment m_Store{"NOTAVERA_SETTINGS", m_Scratch.Path()};
+};
+
+class CountingSink : public LogSink {
+public:
+    CountingSink() : m_Former(SetLogSink(this)) {}
+    ~CountingSink() override { SetLogSink(m_Former); }
+    CountingSink(const CountingSink&) = delete;
+    CountingSink& operator=(const CountingSink&) = delete;
+    void Write(const String& message, std::intptr_t, std::intptr_t) override {
+        Messages.emplace_back(message.View());
+    }
+    std::vector<std::string> Messages;
+
+private:
+    LogSink* m_Former;
+};
+
+TEST_F(FloatingPointTest, SwitchesClearTheirBits) {
+    const struct {
+        const char* Switches;
+        std::uint32_t Expected;
+    } rows[] = {
+        {"", 0x8001F},
+        {"Win32Inexact = 1", 0x8001E},
+        {"Win32Underflow = True", 0x8001D},
+        {"Win32Overflow = true", 0x8001B},
+        {"Win32ZeroDivide = 1", 0x80017},
+        {"Win32InvalidOperation = 1", 0x8000F},
+        {"Win32Denormal = 1", 0x0001F},
+        {"Win32ZeroDivide = False\nWin32Overflow = 0", 0x8001F},
+        {"Win32Overflow = 1\nWin32Denormal = 1", 0x0001B},
+    };
+    for (const auto& row : rows) {
+        InitWith(row.Switches);
+        const std::uint32_t loaded = GetFloatingPointMask();
+        SetFloatingPointMask(kAllFloatingPointExceptions);
+        EXPECT_EQ(FloatingPointMask, row.Expected) << row.Switches;
+        EXPECT_EQ(loaded, row.Expected) << row.Switches;
+    }
+}
+
+TEST_F(FloatingPointTest, ResetUndoesWhatOthersDid) {
+    ResetFloatingPoint();
+    std::fesetround(FE_UPWARD);
+    feenableexcept(FE_DIVBYZERO);
+    EXPECT_EQ(GetFloatingPointMask(), 0x80017U) << "the processor's mask, whoever set it";
+    ResetFloatingPoint();
+    EXPECT_EQ(GetFloatingPointMask(), 0x8001FU);
+    EXPECT_EQ(std::fegetround(), FE_TONEAREST);
+    SetFloatingPointMask(0x80017);
+    EXPECT_EQ(GetFloatingPointMask(), 0x80017U);
+    EXPECT_EQ(FloatingPointMask, 0x8001FU);
+}
+
+// Divides when the test runs, and not when it is compiled.
+template <class Number>
+void Divide(Number dividend, Number divisor) {
+    volatile Number left = dividend;
+    volatile Number right = divisor;
+    volatile Number quotient = left / right;
+    static_cast<void>(quotient);
+}
+
+TEST_F(FloatingPointTest, OnlyUnmaskedExceptionsAreRaised) {
+    constexpr double tiny = std::numeric_limits<double>::denorm_min();
+    const struct {
+        std::uint32_t Bit;
+        std::function<void()> Compute;
+        const char* Why;
+    } rows[] = {
+        {0x00001, [] { Divide(1.0, 3.0); }, "inexact"},
+        {0x00004, [] { Divide(1e300, 1e-300); }, "overflow"},
+        {0x00008, [] { Divide(1.0, 0.0); }, "zero divide"},
+        {0x00008, [] { Divide(1.0L, 0.0L); }, "zero divide of the older unit"},
+        {0x00010, [] { Divide(0.0, 0.0); }, "invalid operation"},
+        {0x80000, [] { Divide(tiny, 1.0); }, "denormal"},
+    };
+    for (const auto& row : rows) {
+        SetFloatingPointMask(0x8001F & ~row.Bit);
+        EXPECT_DEATH(row.Compute(), "") << row.Why;
+        SetFloatingPointMask(row.Bit & 0x1 ? 0x8001F : 0x1 | row.Bit);
+        ResetFloatingPoint();
+        row.Compute();
+    }
+}
+
+TEST_F(FloatingPointTest, PendingExceptionIsNotRaisedLater) {
+    ResetFloatingPoint();
+    Divide(1.0L, 0.0L);
+    Divide(1.0, 0.0);
+    Divide(std::numeric_limits<double>::denorm_min(), 1.0);
+    SetFloatingPointMask(0);
+    SetFloatingPointMask(kAllFloatingPointExceptions);
+    EXPECT_EQ(std::fetestexcept(FE_ALL_EXCEPT), 0);
+}
+
+TEST_F(FloatingPointTest, LogsAChangeOnlyWhenAsked) {
+    const CountingSink sink;
+    InitWith("Logging = 1\nWin32ZeroDivide = 1");
+    ResetFloatingPoint();
+    ASSERT_EQ(sink.Messages.size(), 1U);
+    EXPECT_EQ(sink.Messages[0], "Reset(): Floating point control word set to 524311");
+    InitWith("Win32ZeroDivide = 0");
+    EXPECT_EQ(sink.Messages.size(), 1U);
+}
+
+} // namespace

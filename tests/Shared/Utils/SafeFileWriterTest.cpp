@@ -1,0 +1,120 @@
+#include "Shared/Utils/SafeFileWriter.h"
+#include "tests/Shared/Utils/FilesTesting.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace {
+
+using namespace Nvr;
+using namespace FilesTesting;
+
+bool WriteSafely(const std::string& path, const char* text) {
+    SafeFileWriter writer{String(path)};
+    writer.Stream() << text;
+    return writer.Commit();
+}
+
+TEST(SafeFileWriter, NewFileTakesThePlaceAtTheEnd) {
+    const Scratch scratch;
+    const std::string path = scratch.Write("options.txt", "old");
+    chmod(path.c_str(), 0640);
+    SafeFileWriter writer{String(path)};
+    writer.Stream() << "new";
+    writer.Stream().Flush();
+    EXPECT_EQ(ReadAll(path), "old");
+    EXPECT_TRUE(writer.Commit());
+    EXPECT_EQ(ReadAll(path), "new");
+    EXPECT_EQ(RightsOf(path), 0640U) << "rights stay";
+    EXPECT_EQ(scratch.CountEntries(), 1U);
+    EXPECT_FALSE(writer.Commit()) << "only once";
+}
+
+TEST(SafeFileWriter, NewFileGetsTheUsualRights) {
+    const Scratch scratch;
+    const mode_t former = umask(027);
+    EXPECT_TRUE(WriteSafely(scratch.Path("a b\xFC"), "x"));
+    umask(former);
+    EXPECT_EQ(RightsOf(scratch.Path("a b\xFC")), 0640U);
+}
+
+TEST(SafeFileWriter, WithoutCommitTheOldFileStays) {
+    const Scratch scratch;
+    const std::string path = scratch.Write("a", "old");
+    {
+        SafeFileWriter writer{String(path)};
+        writer.Stream() << "half";
+    }
+    EXPECT_EQ(ReadAll(path), "old");
+    EXPECT_EQ(scratch.CountEntries(), 1U);
+}
+
+TEST(SafeFileWriter, FailureIsToldAndLeavesNothing) {
+    const Scratch scratch;
+    std::filesystem::create_directory(scratch.Path("folder"));
+    for (const std::string& path :
+         {std::string("/dev/full"), scratch.Path("folder"), scratch.Path("none/a"), std::string()})
+        EXPECT_FALSE(WriteSafely(path, "x")) << path;
+    EXPECT_EQ(scratch.CountEntries(), 1U);
+}
+
+TEST(SafeFileWriter, ReplacesWhatALinkLeadsTo) {
+    const Scratch scratch;
+    const Scratch elsewhere;
+    elsewhere.Write("real", "old");
+    std::filesystem::create_symlink(elsewhere.Path("real"), scratch.Path("absolute"));
+    std::filesystem::create_symlink("absolute", scratch.Path("relative"));
+    EXPECT_TRUE(WriteSafely(scratch.Path("relative"), "new"));
+    EXPECT_EQ(ReadAll(elsewhere.Path("real")), "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(scratch.Path("relative")) &&
+                std::filesystem::is_symlink(scratch.Path("absolute")));
+    std::filesystem::create_symlink(elsewhere.Path("not yet"), scratch.Path("dangling"));
+    EXPECT_TRUE(WriteSafely(scratch.Path("dangling"), "made"));
+    EXPECT_EQ(ReadAll(elsewhere.Path("not yet")), "made");
+    std::filesystem::create_symlink("loop", scratch.Path("loop"));
+    EXPECT_FALSE(WriteSafely(scratch.Path("loop"), "x"));
+    EXPECT_EQ(elsewhere.CountEntries(), 2U);
+    EXPECT_EQ(scratch.CountEntries(), 4U);
+}
+
+TEST(SafeFileWriter, FileWithTwoNamesKeepsBoth) {
+    const Scratch scratch;
+    const std::string path = scratch.Write("a", "old");
+    std::filesystem::create_hard_link(path, scratch.Path("b"));
+    EXPECT_TRUE(WriteSafely(path, "new"));
+    EXPECT_EQ(ReadAll(scratch.Path("b")), "new");
+}
+
+TEST(SafeFileWriter, WritesInPlaceWhereTheFolderTakesNoFile) {
+    const Scratch scratch;
+    const std::string writable = scratch.Write("writable", "a long old text");
+    const std::string locked = scratch.Write("locked", "old");
+    chmod(writable.c_str(), 0666);
+    chmod(locked.c_str(), 0444);
+    chmod(scratch.Path().c_str(), 0555);
+    {
+        const AsNobody nobody;
+        if (nobody.Failed())
+            GTEST_SKIP() << "cannot give up rights here";
+        EXPECT_TRUE(WriteSafely(writable, "new"));
+        EXPECT_FALSE(WriteSafely(locked, "new"));
+        EXPECT_FALSE(WriteSafely(scratch.Path("other"), "new"));
+    }
+    chmod(scratch.Path().c_str(), 0755);
+    EXPECT_EQ(ReadAll(writable), "new");
+    EXPECT_EQ(ReadAll(locked), "old");
+}
+
+TEST(SafeFileWriter, FileThatMayNotBeWrittenIsNotReplaced) {
+    const Scratch scratch;
+    const std::string locked = scratch.Write("locked", "old");
+    chmod(locked.c_str(), 0444);
+    chmod(scratch.Path().c_str(), 0777);
+    const AsNobody nobody;
+    if (nobody.Failed())
+        GTEST_SKIP() << "cannot give up rights here";
+    EXPECT_FALSE(WriteSafely(locked, "new"));
+    EXPECT_EQ(ReadAll(locked), "old");
+}
+
+} // namespace

@@ -1,0 +1,127 @@
+#include "Shared/Utils/tree/SettingsTree.h"
+#include "Shared/Utils/DebugSwitches.h"
+#include "Shared/Utils/Reporting.h"
+#include "tests/Shared/Utils/FilesTesting.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace {
+
+using namespace Nvr;
+using namespace FilesTesting;
+
+class SettingsTest : public ::testing::Test {
+protected:
+    std::string Read(bool perUser, const String& fallbackFile = String()) const {
+        const SettingsTree settings("Vendor", "Product", "Section", perUser, ResId(SettingsTree::kNoResource),
+                                    fallbackFile);
+        return std::string(settings.GetTree()->ToText().View());
+    }
+
+    Scratch m_Scratch;
+    Environment m_Store{"NOTAVERA_SETTINGS", m_Scratch.Path()};
+};
+
+constexpr const char* kGroup = "[Software\\Vendor\\Product\\Section]\n";
+constexpr const char* kEmptyTree = "\r\n";
+
+TEST_F(SettingsTest, KeysBecomeNodesInTheStoresOrder) {
+    const struct {
+        std::string Store;
+        const char* Tree;
+        const char* Why;
+    } rows[] = {
+        {"", "\r\n", "nothing stored"},
+        {"[Software\\Vendor\\Product]\nSection2 = 1\n", "\r\n", "another group"},
+        {kGroup, "\r\n", "a group with nothing in it"},
+        {std::string(kGroup) + "b = 2\na = 1\n", "\r\n{\r\n\tb \"2\"\r\n\ta \"1\"\r\n}\r\n", "order kept"},
+        {std::string(kGroup) + "= own\r\n x \t=  y = z \r\n", " \"own\"\r\n{\r\n\tx \"y = z\"\r\n}\r\n",
+         "the group's own value; blanks and line ends of other systems"},
+        {std::string(kGroup) + "a\\b = 1\na = 2\na\\c\n",
+         "\r\n{\r\n\ta \"2\"\r\n\t{\r\n\t\tb \"1\"\r\n\t\tc\r\n\t}\r\n}\r\n", "keys below keys"},
+        {std::string(kGroup) + "a = 1\n[Other]\na = 2\n" + kGroup + "a = 3\n", "\r\n{\r\n\ta \"3\"\r\n}\r\n",
+         "named twice: the later value in the earlier place"},
+        {std::string(kGroup) + "00000001Unnamed_Node = v\n", "\r\n{\r\n\t \"v\"\r\n}\r\n",
+         "a node without a label"},
+        {"a = 0\n[Broken\nb = 0\n[]\nc = 0\n[Software\\\\Vendor]\nd = 0\n" + std::string(kGroup) +
+             "# e = 0\n\nf\\\\g = 0\nh = 1",
+         "\r\n{\r\n\th \"1\"\r\n}\r\n", "what cannot be a key belongs nowhere"},
+    };
+    for (const auto& row : rows) {
+        m_Scratch.Write("machine.conf", row.Store);
+        EXPECT_EQ(Read(false), row.Tree) << row.Why;
+        EXPECT_EQ(Read(true), row.Tree) << "for the user: " << row.Why;
+    }
+}
+
+TEST_F(SettingsTest, UsersGroupGoesBeforeTheMachines) {
+    m_Scratch.Write("machine.conf", std::string(kGroup) + "from = machine\nmore = 1\n");
+    EXPECT_EQ(Read(true), Read(false));
+    m_Scratch.Write("user.conf", std::string(kGroup) + "from = user\n");
+    EXPECT_EQ(Read(true), "\r\n{\r\n\tfrom \"user\"\r\n}\r\n");
+    EXPECT_EQ(Read(false), "\r\n{\r\n\tfrom \"machine\"\r\n\tmore \"1\"\r\n}\r\n");
+}
+
+TEST_F(SettingsTest, FallbackServesOnlyWithoutAGroup) {
+    const String file(m_Scratch.Write("fallback.txt", "Root \"v\"\r\n"));
+    EXPECT_EQ(Read(true, file), "Root \"v\"\r\n");
+    EXPECT_EQ(Read(true, m_Scratch.PathText("missing.txt")), kEmptyTree);
+    m_Scratch.Write("broken.txt", "}");
+    EXPECT_EQ(Read(true, m_Scratch.PathText("broken.txt")), kEmptyTree);
+    m_Scratch.Write("machine.conf", kGroup);
+    EXPECT_EQ(Read(true, file), kEmptyTree) << "an empty group is a group";
+}
+
+TEST_F(SettingsTest, UsesTheUsersConfigurationFolder) {
+    const Environment store("NOTAVERA_SETTINGS", std::nullopt);
+    std::filesystem::create_directories(m_Scratch.Path("config/notavera"));
+    m_Scratch.Write("config/notavera/settings.conf", std::string(kGroup) + "a = 1\n");
+    const Environment config("XDG_CONFIG_HOME", m_Scratch.Path("config"));
+    EXPECT_EQ(Read(true), "\r\n{\r\n\ta \"1\"\r\n}\r\n");
+}
+
+TEST_F(SettingsTest, HostileStoreDoesNoHarm) {
+    const std::string path = m_Scratch.Path("machine.conf");
+    m_Scratch.Write("machine.conf", std::string(kGroup) + "a = 1\n#" + std::string(1024 * 1024, 'x'));
+    EXPECT_EQ(Read(false), kEmptyTree) << "too large";
+    std::string deep(kGroup);
+    for (int i = 0; i < 400'000; ++i)
+        deep += "d\\";
+    m_Scratch.Write("machine.conf", deep + "d = 1\nflat = 1\n");
+    EXPECT_EQ(Read(false), "\r\n{\r\n\tflat \"1\"\r\n}\r\n") << "too deep";
+    std::string wide(kGroup);
+    for (int i = 0; i < 60'000; ++i)
+        wide += std::to_string(i) + "=1\n";
+    m_Scratch.Write("machine.conf", wide);
+    EXPECT_EQ(SettingsTree("Vendor", "Product", "Section", false).GetTree()->GetChildCount(), 60'000);
+    std::filesystem::remove(path);
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    EXPECT_EQ(Read(false), kEmptyTree) << "a pipe nobody writes to";
+    std::filesystem::remove(path);
+    std::filesystem::create_directory(path);
+    EXPECT_EQ(Read(false), kEmptyTree) << "a folder";
+}
+
+TEST_F(SettingsTest, DebugSwitchesGiveTheirDefaultsWithoutAReport) {
+    class Sink : public LogSink {
+    public:
+        void Write(const String&, std::intptr_t, std::intptr_t) override { ++Count; }
+        int Count = 0;
+    } sink;
+    LogSink* const former = SetLogSink(&sink);
+    EXPECT_TRUE(GetDebugSwitch("Group", "Name", true));
+    EXPECT_FALSE(GetDebugSwitch("Group", "Name", false));
+    EXPECT_EQ(GetDebugNumber("Group", "Name", -7), -7);
+    SetLogSink(former);
+    EXPECT_EQ(sink.Count, 0);
+    m_Scratch.Write(
+        "user.conf",
+        "[Software\\Notavera Software\\NotaveraDiagnostics\\Group]\nOn = TRUE\nOff = 0\nNumber = 42\n");
+    EXPECT_TRUE(GetDebugSwitch("Group", "On", false));
+    EXPECT_FALSE(GetDebugSwitch("Group", "Off", true));
+    EXPECT_EQ(GetDebugNumber("Group", "Number", 0), 42);
+    EXPECT_TRUE(GetDebugSwitch("Other", "On", true));
+}
+
+} // namespace
