@@ -48,12 +48,11 @@ protected:
             Nvr::ClearNodeStringTable();
             action();
         };
-        const int runs = AllocationFaults::FailEach(run, [&](int count) {
-            ASSERT_EQ(TreeNodePool::Shared().CellsInUse(), cells) << count;
-            ASSERT_TRUE(IsIntact()) << count;
-        });
+        const int runs = AllocationFaults::FailEach(
+            run, [&](int count) { ASSERT_EQ(TreeNodePool::Shared().CellsInUse(), cells) << count; });
         EXPECT_GE(runs, fewestRuns) << "the action hardly allocates";
         EXPECT_EQ(TreeNodePool::Shared().CellsInUse(), cells);
+        EXPECT_TRUE(IsIntact());
     }
 
     TreeNode m_Tree{"Root"};
@@ -68,7 +67,9 @@ TEST_F(TreeFaults, ReadingTheBinaryForm) {
 }
 
 TEST_F(TreeFaults, ReadingTheTextForm) {
-    ExpectNoTrace([this] { delete TreeNode::LoadFromMemory(m_Expected.data(), m_Expected.size()); }, 100);
+    // Part of the tree: each token is an allocation.
+    const String text = m_Tree.GetChild(0)->ToText();
+    ExpectNoTrace([&text] { delete TreeNode::LoadFromMemory(text.CStr(), text.Length()); }, 100);
 }
 
 TEST_F(TreeFaults, Copying) {
@@ -85,9 +86,9 @@ TEST_F(TreeFaults, Replacing) {
     };
     AllocationFaults::FailEach(assign, [&](int count) {
         ASSERT_TRUE(target.FindChild("Former") != nullptr || target.GetChildCount() == 0) << count;
-        ASSERT_TRUE(IsIntact()) << count;
         target.ClearChildren();
     });
+    EXPECT_TRUE(IsIntact());
 }
 
 TEST_F(TreeFaults, AddingTakesOwnershipInAnyCase) {

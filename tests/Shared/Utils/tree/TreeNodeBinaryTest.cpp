@@ -167,7 +167,7 @@ TEST_F(TreeNodeBinaryTest, RandomDamageNeverDoesWorseThanNull) {
     const std::string whole = Written(*SampleTree(), true, true);
     std::mt19937 random(3);
     int read = 0;
-    for (int round = 0; round < 20000; ++round) {
+    for (int round = 0; round < 5000; ++round) {
         std::string bytes = whole;
         for (unsigned changes = 1 + Below(random, 3); changes > 0; --changes)
             bytes[2 + random() % (bytes.size() - 2)] =

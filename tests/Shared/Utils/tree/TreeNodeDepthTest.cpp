@@ -25,9 +25,10 @@ std::unique_ptr<TreeNode> MakeChain(int depth) {
 }
 
 std::string BinaryChain(int depth) {
+    const std::string level = Bytes("00 00000000 00 00000000 00000001");
     std::string document = Bytes("00 01");
     for (int i = 0; i < depth; ++i)
-        document += Bytes("00 00000000 00 00000000 00000001");
+        document += level;
     return document + Bytes("00 00000000 00 00000000 00000000");
 }
 
@@ -101,7 +102,7 @@ TEST_F(TreeNodeDepthTest, DeeperDocumentsAreRefused) {
 }
 
 TEST_F(TreeNodeDepthTest, WideTreesStayLinear) {
-    constexpr int kChildren = 300000;
+    constexpr int kChildren = 100000;
     TreeNode root("Root");
     for (int i = 0; i < kChildren; ++i)
         root.AddChild(new TreeNode("Child", i));
@@ -112,9 +113,10 @@ TEST_F(TreeNodeDepthTest, WideTreesStayLinear) {
 
 TEST_F(TreeNodeDepthTest, CountsThatLieAtEveryLevelCostNothing) {
     // Each level claims 4 billion children, and brings one.
+    const std::string level = Bytes("00 00000000 00 00000000 FFFFFFFF");
     std::string document = Bytes("00 01");
     for (int i = 0; i < TreeNodeReader::kDeepestLevel; ++i)
-        document += Bytes("00 00000000 00 00000000 FFFFFFFF");
+        document += level;
     document += std::string(1000000, '\0');
     EXPECT_EQ(LoadBytes(document), nullptr);
     EXPECT_EQ(TakeReports().size(), 2U);
