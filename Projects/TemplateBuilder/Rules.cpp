@@ -43,11 +43,6 @@ int DiatonicStep(int chrom2) {
            kStepOfPitchClass[static_cast<std::size_t>(note % kSemitonesPerOctave)];
 }
 
-/// Rounded to the nearest whole number.
-int PercentOf(int value, int percent) {
-    return (value * percent + 50) / 100;
-}
-
 int HalfHeight(int lines, int separation) {
     return std::max(lines - 1, 0) * separation / 2;
 }
@@ -73,8 +68,6 @@ std::optional<std::string> ApplyRule(std::string_view rule, const std::vector<st
     }
     if (rule == "twice" && numbers.size() == 1)
         return std::to_string(numbers[0] * 2);
-    if (rule == "percent" && numbers.size() == 2)
-        return std::to_string(PercentOf(numbers[0], numbers[1]));
     if (rule == "diat" && numbers.size() == 1)
         return std::to_string(DiatonicStep(numbers[0]));
     if (rule == "half-height" && numbers.size() == 2)

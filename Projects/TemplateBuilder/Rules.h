@@ -16,7 +16,6 @@ namespace TemplateBuilder {
 /// | `yes` | a mark: "yes", "no" or empty | "true" for "yes", else "false" |
 /// | `no` | a mark | "false" for "yes", else "true" |
 /// | `twice` | a whole number | its double: a pitch in Chrom2 units from a MIDI note number |
-/// | `percent` | a whole number, a percentage | that part of it, to the nearest whole number |
 /// | `diat` | a pitch in Chrom2 units | its diatonic step, 7 to the octave, black keys as the host names them
 /// | | `half-height` | a number of lines, the distance between two | half the height of a stave of so many
 /// lines |

@@ -20,8 +20,6 @@ TEST(Rules, Compute) {
         {"yes", {""}, "false", "no mark"},
         {"no", {"no"}, "true", "the other way round"},
         {"twice", {"40"}, "80", "MIDI note to pitch"},
-        {"percent", {"77", "75"}, "58", "57.75 is nearer to 58"},
-        {"percent", {"50", "1"}, "1", "a half goes up"},
         {"diat", {"80"}, "23", "the low E of a guitar"},
         {"diat", {"90"}, "26", "its A"},
         {"diat", {"128"}, "37", "its high E"},
