@@ -20,8 +20,7 @@ constexpr int kPercentOfBars = 60;
 
 constexpr std::size_t kStringsOfBass = 4;
 
-/// "MakesStaveVisible" of a bar.
-constexpr int kBarOfMusic = 1;
+/// "MakesStaveVisible" of the lead-in bar and of the bars of the system stave.
 constexpr int kBarWithoutMusic = 0;
 
 /// "Flags" of a bar spacing, and those of the bar before a section label.

@@ -74,12 +74,6 @@ public:
     ClosingSequence& operator=(const ClosingSequence&) = delete;
 };
 
-/// The start may have failed, or not taken place: the conversion then ends at its first progress report.
-std::shared_ptr<Nvr::PluginOutput> TakeOutput() {
-    const std::shared_ptr<Nvr::PluginOutput>& output = GetPluginState().Output;
-    return output != nullptr ? output : std::make_shared<Nvr::PluginOutput>(String(), String());
-}
-
 void SetUpOutput(Nvr::PluginOutput& output, const String& fileName) {
     output.SetConverterName("Fretline Import");
     output.SetFileName(fileName);
@@ -88,10 +82,10 @@ void SetUpOutput(Nvr::PluginOutput& output, const String& fileName) {
     output.SetContext3(kNoContext);
 }
 
-void ConvertAndLoad(const String& path, Nvr::PluginOutput& output) {
+void ConvertAndLoad(const String& path) {
     String scorePath;
     const TemporaryFile score(scorePath);
-    if (ConvertFile(path, scorePath, GetPluginState().ConfigFolder.data(), output) != 0)
+    if (ConvertFile(path, scorePath, GetPluginState().ConfigFolder.data()) != 0)
         LoadScore(scorePath);
 }
 
@@ -107,7 +101,7 @@ void OpenTabFile(const String& path) {
     GetPluginState().ConversionInProgress = 1;
     // Another file may have been opened and converted from inside the dialogs.
     SetUpOutput(*output, fileName);
-    ConvertAndLoad(path, *output);
+    ConvertAndLoad(path);
 }
 
 bool IsOurs(const char* path) noexcept {

@@ -55,6 +55,11 @@ PluginState& GetPluginState() {
     return state;
 }
 
+std::shared_ptr<Nvr::PluginOutput> TakeOutput() {
+    const std::shared_ptr<Nvr::PluginOutput>& output = GetPluginState().Output;
+    return output != nullptr ? output : std::make_shared<Nvr::PluginOutput>(Nvr::String(), Nvr::String());
+}
+
 bool InitialisePlugin(const HostInitRecord& host, PluginInfoRecord& info) noexcept {
     Describe(info);
     try {
