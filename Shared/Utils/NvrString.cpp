@@ -8,6 +8,22 @@
 
 namespace Nvr {
 
+namespace {
+
+// The text up to its zero, which with a length need not be there.
+std::string_view UpToZero(const char* text, int length) {
+    if (text == nullptr || length == 0)
+        return {};
+    if (length < 0)
+        return text;
+    const auto longest = static_cast<std::size_t>(length);
+    const void* const zero = std::memchr(text, '\0', longest);
+    return {text,
+            zero != nullptr ? static_cast<std::size_t>(static_cast<const char*>(zero) - text) : longest};
+}
+
+} // namespace
+
 // Constant-initialised, so that strings may be made while other statics are; holds a reference of its own.
 constinit String::Representation String::s_EmptyRepresentation = {"", 0, 0, 1, true, false};
 
@@ -45,10 +61,7 @@ std::uint32_t String::ComputeHash(Representation& representation) noexcept {
     return representation.CachedHash;
 }
 
-String::String(const char* text, int length)
-    : String(text == nullptr ? std::string_view()
-             : length < 0    ? std::string_view(text)
-                             : std::string_view(text, strnlen(text, static_cast<std::size_t>(length)))) {}
+String::String(const char* text, int length) : String(UpToZero(text, length)) {}
 
 String::String(std::string_view text) : m_Representation(ShareEmpty()) {
     if (!text.empty())

@@ -14,8 +14,9 @@ class StringList;
 ///
 /// A string is one pointer to a shared, reference-counted representation with a cached hash; copying it is
 /// one increment. Every operation that changes a string makes a new representation. A string cannot hold a
-/// zero byte: what stands behind the first zero is lost. Indexes are byte offsets from 0; a search that
-/// finds nothing gives -1. Nothing here is safe across threads. A failed allocation raises
+/// zero byte: what stands behind the first zero is lost. Indexes are byte offsets from 0; a negative one lies
+/// outside, as one past the end does. A search that finds nothing gives -1. An operation that finds nothing
+/// to change gives the same representation. Nothing here is safe across threads. A failed allocation raises
 /// OutOfMemoryException or std::bad_alloc and leaves the string as it was.
 class String {
 public:
@@ -76,9 +77,11 @@ public:
     int FindChar(char character) const;
     int FindChar(int start, char character) const;
     int FindLastChar(char character) const;
+    /// White space is that of the system code page, the no-break space included.
     int FindSpace(int start) const;
     int FindNonSpace(int start) const;
-    /// The nearest byte at or before `index` that is not white space.
+    /// The nearest byte at or before `index` that is not white space; from the last byte for one past the
+    /// end.
     int LastNonSpace(int index) const;
 
     String& operator+=(const String& other);
@@ -89,7 +92,7 @@ public:
     friend String operator+(const char* left, const String& right);
     friend String operator+(const String& left, char right);
 
-    /// `count` bytes from `start`, clipped to the end; empty when `start` is at or past it.
+    /// `count` bytes from `start`, clipped to the end; empty when `start` lies outside or `count` is below 1.
     String Mid(int start, int count) const;
     String Mid(int start) const;
     String ToUpper() const;
@@ -102,10 +105,15 @@ public:
     /// Left to right, not overlapping. `from` must not be empty.
     String ReplaceAll(const String& from, const String& to) const;
 
+    /// True when every byte is "0" to "9"; also for an empty string.
     bool IsDigits() const;
+    /// The same for digits and the letters of the system code page.
     bool IsAlphanumeric() const;
+    /// White space, a sign and digits at the start, as atoi reads them; 0 when there is no number, and the
+    /// nearest limit for one that does not fit.
     int ToInt() const;
     long ToLong() const;
+    /// As atof reads it, with a point in every locale.
     float ToFloat() const;
     /// The leading run of "0" and "1" as a binary number.
     unsigned FromBinaryDigits() const;
