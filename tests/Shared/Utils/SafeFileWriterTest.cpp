@@ -1,7 +1,9 @@
 #include "Shared/Utils/SafeFileWriter.h"
 #include "tests/Shared/Utils/FilesTesting.h"
 
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -55,6 +57,23 @@ TEST(SafeFileWriter, FailureIsToldAndLeavesNothing) {
     for (const std::string& path :
          {std::string("/dev/full"), scratch.Path("folder"), scratch.Path("none/a"), std::string()})
         EXPECT_FALSE(WriteSafely(path, "x")) << path;
+    EXPECT_EQ(scratch.CountEntries(), 1U);
+}
+
+TEST(SafeFileWriter, DiskThatFillsUpLosesNothing) {
+    const Scratch scratch;
+    const std::string path = scratch.Write("a", "old");
+    const std::string text(200'000, 'x');
+    rlimit former{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &former), 0);
+    const rlimit small{100'000, former.rlim_max};
+    const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const bool written = WriteSafely(path, text.c_str());
+    setrlimit(RLIMIT_FSIZE, &former);
+    std::signal(SIGXFSZ, formerHandler);
+    EXPECT_FALSE(written);
+    EXPECT_EQ(ReadAll(path), "old");
     EXPECT_EQ(scratch.CountEntries(), 1U);
 }
 
