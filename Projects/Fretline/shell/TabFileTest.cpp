@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kMostHyphensOfPlainText = 10;
 constexpr std::int64_t kLeastPercentOfText = 95;
-constexpr std::size_t kBlockSize = 64 * 1024;
+constexpr std::size_t kBlockSize = 65536;
 
 /// Counts what tells a tab from another text; a file of any size takes the same room.
 class TabTextCount {
