@@ -1,5 +1,6 @@
 #include "Projects/Fretline/shell/OpenFile.h"
 
+#include "Projects/Fretline/score/ScoreAccess.h"
 #include "Projects/Fretline/shell/PluginState.h"
 #include "Shared/NotaveraAPI/HostFunctions.h"
 #include "Shared/Utils/Exceptions.h"
@@ -86,28 +87,79 @@ TEST_F(OpenFileTest, GoesTheWholeWayInOrder) {
     EXPECT_EQ(Fretline::GetPluginState().Output->GetConverterName(), "Fretline Import");
 }
 
-TEST_F(OpenFileTest, TheScoreIsTheTemplateWithTheMusic) {
+std::unique_ptr<Nvr::TreeNodeRoot> LoadTree(const std::string& bytes) {
+    return std::unique_ptr<Nvr::TreeNodeRoot>(Nvr::TreeNode::LoadFromMemory(bytes.data(), bytes.size()));
+}
+
+TEST_F(OpenFileTest, TheScoreIsTheTemplateWithTheMusicAndNothingElseChanged) {
     ASSERT_TRUE(Open(Tabs.Write("a.tab", kTwoBars)));
-    const std::unique_ptr<Nvr::TreeNodeRoot> score(
-        Nvr::TreeNode::LoadFromMemory(Host.LoadedBytes.data(), Host.LoadedBytes.size()));
+    const std::unique_ptr<Nvr::TreeNodeRoot> score = LoadTree(Host.LoadedBytes);
     ASSERT_NE(score, nullptr);
-    EXPECT_TRUE(score->WasBinary);
-    EXPECT_TRUE(score->WasUnicode);
-    const Nvr::TreeNode* const music = score->FindChild("Music");
+    EXPECT_TRUE(score->WasBinary && score->WasUnicode);
+    const std::unique_ptr<Nvr::TreeNodeRoot> plain(Nvr::ResId(100).LoadFromResource());
+    Fretline::FlattenPartMaps(plain.get());
+    Nvr::TreeNode* const music = score->FindChild("Music");
     ASSERT_NE(music, nullptr);
-    ASSERT_EQ(music->GetChildCount(), 61);
-    EXPECT_EQ(music->GetChild(58)->GetLabel(), "PartsToExtract");
-    EXPECT_EQ(music->GetChild(59)->GetLabel(), "ReBeamAll");
-    EXPECT_EQ(music->GetChild(60)->GetLabel(), "Instruments");
-    EXPECT_EQ(music->FindChild("Staves")->GetChildCount(), 1);
-    EXPECT_EQ(music->FindChild("Barlines")->GetChildCount(), 1);
-    EXPECT_EQ(music->FindChild("Brackets")->GetChildCount(), 0);
-    EXPECT_EQ(music->FindChild("BarSpacings")->GetChildCount(), 3);
-    EXPECT_EQ(music->FindChild("BarSpacings")->GetChild(0)->GetChildValue("BarLength", -1), 0);
-    EXPECT_EQ(music->GetChildValue("NumBars", -1), 0);
-    const Nvr::TreeNode* const systemBars = music->FindChild("SystemStave")->FindChild("Bars");
+
+    struct Changed {
+        const char* Label;
+        int Added;
+    };
+    for (const Changed row : {Changed{"Staves", 1}, Changed{"Barlines", 1}, Changed{"BarSpacings", 2}}) {
+        Nvr::TreeNode* const before = plain->FindChild("Music")->FindChild(row.Label);
+        EXPECT_EQ(music->FindChild(row.Label)->GetChildCount(), before->GetChildCount() + row.Added)
+            << row.Label;
+        before->CopyChildrenFrom(*music->FindChild(row.Label));
+    }
+    Nvr::TreeNode* const systemBars = music->FindChild("SystemStave")->FindChild("Bars");
     ASSERT_EQ(systemBars->GetChildCount(), 3);
-    EXPECT_EQ(systemBars->GetChild(0)->FindChild("Items")->GetChildCount(), 3) << "the template's lead-in";
+    systemBars->RemoveChild(systemBars->GetChild(2));
+    systemBars->RemoveChild(systemBars->GetChild(1));
+    const int count = plain->FindChild("Music")->GetChildCount();
+    ASSERT_EQ(music->GetChildCount(), count + 2);
+    EXPECT_EQ(music->GetChild(count)->GetLabel(), "ReBeamAll");
+    EXPECT_EQ(music->GetChild(count + 1)->GetLabel(), "Instruments");
+    music->RemoveChild(music->GetChild(count + 1));
+    music->RemoveChild(music->GetChild(count));
+    EXPECT_TRUE(score->IsSameTree(*plain)) << "the rest is the template's, the lead-in of the system too";
+}
+
+TEST_F(OpenFileTest, TheTuningOfTheTextDecidesTheStaveType) {
+    struct Case {
+        /// Of the strings, from the top.
+        const char* Letters;
+        const char* Level;
+        const char* StaveType;
+        int NewRows;
+    };
+    const Case cases[] = {
+        {"EBGDAE", "0", "stafftype.tab.6.guitar.standard", 0},
+        {"EBGDAE", "2", "stafftype.tab.6.rhythms.guitar.standard", 0},
+        {"GDAE", "0", "stafftype.tab.4.bass.standard", 0},
+        {"GDAE", "2", "stafftype.tab.4.rhythms.bass.standard", 0},
+        {"DAGDAD", "0", "stafftype.tab.6.guitar.DADGAD", 0},
+        {"EBGDAD", "0", "stafftype.tab.6.guitar.dropped.D", 0},
+        {"EBGDAD", "2", "stafftype.tab.6.rhythms.guitar.standard.fretline.7690100110118128", 1},
+        {"BGDAE", "0", "stafftype.tab.6.guitar.standard.fretline.8090100110118", 1},
+    };
+    const std::unique_ptr<Nvr::TreeNodeRoot> plain(Nvr::ResId(100).LoadFromResource());
+    const int rows = plain->FindChild("Music")->FindChild("StaveTypes")->GetChildCount();
+    for (const Case& row : cases) {
+        Config.Write("FretlineOptions.txt",
+                     std::string("\r\n{\r\n\tRhythmLevel \"") + row.Level + "\"\r\n}\r\n");
+        std::string tab;
+        for (const char* letter = row.Letters; *letter != '\0'; ++letter)
+            tab.append(1, *letter).append("|--2------4------|\n");
+        ASSERT_TRUE(Open(Tabs.Write("a.tab", tab)));
+        const std::unique_ptr<Nvr::TreeNodeRoot> score = LoadTree(Host.LoadedBytes);
+        ASSERT_NE(score, nullptr) << row.Letters;
+        const Nvr::TreeNode* const music = score->FindChild("Music");
+        const Nvr::TreeNode* const leadIn =
+            music->FindChild("Staves")->GetChild(0)->FindChild("Bars")->GetChild(0);
+        EXPECT_EQ(leadIn->FindChild("Items")->GetChild(3)->GetChildValue("StaveType", Nvr::String()),
+                  row.StaveType);
+        EXPECT_EQ(music->FindChild("StaveTypes")->GetChildCount(), rows + row.NewRows) << row.Letters;
+    }
 }
 
 TEST_F(OpenFileTest, ACancelAtAnyReportGoesStraightToTheClosingSequence) {
@@ -221,8 +273,7 @@ TEST_F(OpenFileTest, TheStoredLevelReachesTheConversionThroughTheFile) {
         const std::string stored = std::string("\r\n{\r\n\tRhythmLevel \"") + level + "\"\r\n}\r\n";
         Config.Write("FretlineOptions.txt", stored);
         ASSERT_TRUE(Open(tab));
-        const std::unique_ptr<Nvr::TreeNodeRoot> score(
-            Nvr::TreeNode::LoadFromMemory(Host.LoadedBytes.data(), Host.LoadedBytes.size()));
+        const std::unique_ptr<Nvr::TreeNodeRoot> score = LoadTree(Host.LoadedBytes);
         ASSERT_NE(score, nullptr);
         const Nvr::TreeNode* const spacings = score->FindChild("Music")->FindChild("BarSpacings");
         EXPECT_EQ(spacings->GetChild(1)->GetChildValue("BarLength", 0), *level == '0' ? 256 : 1024);
