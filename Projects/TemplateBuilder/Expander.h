@@ -16,17 +16,17 @@ namespace TemplateBuilder {
 /// A source is a text tree that stands for itself, apart from the directives: nodes whose label starts with a
 /// tilde. Each is replaced by what it makes, at its place among its siblings.
 ///
-/// | Directive | Makes |
-/// |---|---|
-/// | `~include "PATH"` | the children of the root of PATH.txt, with the names known here |
-/// | `~rows "TABLE SCHEMA"` | for each row of tables/TABLE.txt the node that is the root of
-/// schemas/SCHEMA.txt; one word serves for both | | `~row "TABLE" "KEY"` as `~row "TABLE KEY"` | its own
-/// children, with the columns of the row whose first field is KEY | | `~each "COLUMN"` | its own children
-/// once for each entry of a list parted by commas | | `~if "COLUMN"`, `~if "COLUMN=TEXT"` | its own children
-/// when the column is not empty, or is TEXT | | `~unless "COLUMN"`, `~unless "COLUMN=TEXT"` | its own
-/// children when `~if` would make nothing | | `~part`, `~part "overrides"` | turns the node it stands in into
-/// a part map: value and other children go into a `__PartMapDefault`; with "overrides" an empty
-/// `PartMapOverrides` follows it | | `~note "TEXT"` | nothing: a remark |
+///     ~include "PATH"        the children of the root of PATH.txt, with the names known here
+///     ~rows "TABLE SCHEMA"   the root of schemas/SCHEMA.txt, once for each row of tables/TABLE.txt
+///     ~row "TABLE KEY"       its own children, with the columns of the row whose first field is KEY
+///     ~each "COLUMN"         its own children, once for each entry of a list parted by commas
+///     ~if "COLUMN"           its own children, when the column is not empty
+///     ~if "COLUMN=TEXT"      its own children, when the column is that text
+///     ~unless                its own children, when ~if would make nothing
+///     ~part                  nothing, but the node it stands in becomes a part map: its value and its other
+///                            children go into a __PartMapDefault
+///     ~part "overrides"      the same, and an empty PartMapOverrides follows
+///     ~note "TEXT"           nothing: a remark
 ///
 /// Everywhere else values may hold references to the columns of the row at hand; see Scope.
 class Expander {

@@ -2,7 +2,6 @@
 
 #include "Projects/TemplateBuilder/BuildError.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace TemplateBuilder {
@@ -100,10 +99,6 @@ std::unique_ptr<Nvr::TreeNodeRoot> ReadTextTree(const std::string& file, std::st
     if (tree == nullptr)
         throw BuildError(file, "the file cannot be read as a text tree");
     return tree;
-}
-
-bool IsReadableLabel(std::string_view label) {
-    return std::all_of(label.begin(), label.end(), IsLabelCharacter);
 }
 
 } // namespace TemplateBuilder

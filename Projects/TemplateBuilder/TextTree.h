@@ -19,8 +19,4 @@ std::unique_ptr<Nvr::TreeNodeRoot> ReadTextTree(const std::string& file, std::st
 /// Far above any template; it bounds the walks over such a tree.
 constexpr int kDeepestNesting = 40;
 
-/// True when a reader of the text form takes `label` back as it stands: only letters and digits of ASCII and
-/// the characters `-`, `.`, `/`, `\`, `_` and `~`.
-bool IsReadableLabel(std::string_view label);
-
 } // namespace TemplateBuilder

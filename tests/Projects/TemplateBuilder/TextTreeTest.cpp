@@ -7,7 +7,6 @@
 #include <string>
 
 using TemplateBuilder::BuildError;
-using TemplateBuilder::IsReadableLabel;
 using TemplateBuilder::ReadTextTree;
 
 TEST(TextTree, ReadsWhatTheTextFormSays) {
@@ -44,12 +43,4 @@ TEST(TextTree, RefusesWhatAPersonMistyped) {
             EXPECT_STREQ(failure.what(), entry.Sentence);
         }
     }
-}
-
-TEST(TextTree, KnowsWhichLabelsAReaderTakesBack) {
-    EXPECT_TRUE(IsReadableLabel("__PartMapDefault"));
-    EXPECT_TRUE(IsReadableLabel("a-Z0./\\~"));
-    EXPECT_FALSE(IsReadableLabel("two words"));
-    EXPECT_FALSE(IsReadableLabel("Caf\xE9"));
-    EXPECT_FALSE(IsReadableLabel("a{"));
 }
