@@ -159,7 +159,7 @@ void Expander::LookUpRow(Nvr::TreeNode& parent, const Nvr::TreeNode& directive, 
     const std::size_t row = table.FindRow(key);
     if (row == table.RowCount())
         scope.Fail("'" + key + "' is not in " + table.File());
-    MakeChildren(parent, directive, Scope(scope, table, row), depth);
+    MakeChildren(parent, directive, Scope::OfFoundRow(scope, table, row), depth);
 }
 
 void Expander::MakeEach(Nvr::TreeNode& parent, const Nvr::TreeNode& directive, const Scope& scope,

@@ -25,6 +25,12 @@ Scope Scope::OfSource(const Scope& outer, const std::string& source) {
 Scope::Scope(const Scope& outer, const Table& table, std::size_t row)
     : m_Kind(Kind::Row), m_Outer(&outer), m_Table(&table), m_Place(row) {}
 
+Scope Scope::OfFoundRow(const Scope& outer, const Table& table, std::size_t row) {
+    Scope scope(outer, table, row);
+    scope.m_Kind = Kind::FoundRow;
+    return scope;
+}
+
 Scope::Scope(const Scope& outer, const std::string& entry, std::size_t index)
     : m_Kind(Kind::Entry), m_Outer(&outer), m_Place(index), m_Text(entry) {}
 
@@ -81,6 +87,7 @@ std::string Scope::Get(std::string_view name) const {
 bool Scope::Find(std::string_view name, std::string& result) const {
     switch (m_Kind) {
     case Kind::Row:
+    case Kind::FoundRow:
         return FindInRow(name, result);
     case Kind::Entry:
         return FindInEntry(name, result);

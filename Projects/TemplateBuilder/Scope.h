@@ -20,6 +20,8 @@ public:
     static Scope OfSource(const Scope& outer, const std::string& source);
     /// The columns of one row, and `row` for its place among the rows, counted from 0.
     Scope(const Scope& outer, const Table& table, std::size_t row);
+    /// The same for a row that is looked up to complete another one, which messages go on naming.
+    static Scope OfFoundRow(const Scope& outer, const Table& table, std::size_t row);
     /// `item` for the entry itself, `item.1`, `item.2` and so on for what stands in it between colons, and
     /// `index` for its place in the list, counted from 0.
     Scope(const Scope& outer, const std::string& entry, std::size_t index);
@@ -38,7 +40,7 @@ public:
     [[noreturn]] void Fail(const std::string& sentence) const;
 
 private:
-    enum class Kind { Source, Row, Entry };
+    enum class Kind { Source, Row, FoundRow, Entry };
 
     bool Find(std::string_view name, std::string& result) const;
     bool FindInRow(std::string_view name, std::string& result) const;

@@ -72,6 +72,8 @@ TEST(Expander, SaysWhatIsWrongAndWhere) {
          "tables/one.txt:3: entry 2 of 'list' is empty, by schemas/one.txt"},
         {"R { ~rows \"one\" }", "{ ~row \"one {name}\" { A } }",
          "tables/one.txt:3: 'Flute' is not in tables/one.txt, by schemas/one.txt"},
+        {"R { ~rows \"one\" }", "{ ~row \"keys a\" { A \"{size}\" } }",
+         "tables/one.txt:3: nothing is named 'size' here, by schemas/one.txt"},
         {"R { ~row \"one\" { A } }", "{}", "template.txt: ~row wants a table and a key"},
         {"R { ~sometimes { A } }", "{}", "template.txt: there is no directive ~sometimes"},
         {"R { ~part \"always\" }", "{}", "template.txt: ~part knows no 'always'"},
@@ -83,6 +85,7 @@ TEST(Expander, SaysWhatIsWrongAndWhere) {
         TemplateFolder folder;
         folder.Write("template.txt", entry.Template);
         folder.Write("tables/one.txt", "# flutes\nid|name|list\nflute|Flute|a,\n");
+        folder.Write("tables/keys.txt", "id\na\n");
         folder.Write("schemas/one.txt", entry.Schema);
         EXPECT_EQ(folder.Failure(), entry.Sentence);
     }
