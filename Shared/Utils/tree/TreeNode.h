@@ -132,7 +132,8 @@ public:
     /// Macintosh code page, any other number the system's. A failure shows in the stream's state.
     void WriteToStream(OutStream& stream, int depth, bool binary, bool unicode, int encoding) const;
     /// Writes a file of the form that WriteToStream gives at depth 0. False, with a report, when the file
-    /// cannot be opened or written; a file that was there is then as it was.
+    /// cannot be opened or written; a file that was there is then as it was, unless SafeFileWriter had to
+    /// write it in place.
     bool SaveToFile(const String& fileName, bool binary = false, bool unicode = false,
                     int encoding = 0) const;
 
@@ -153,6 +154,7 @@ public:
 
 private:
     friend class TreeNodeBinaryParser;
+    friend class TreeNodeBinaryWriter;
     friend class TreeNodeList;
 
     TreeNodeList& NeedChildren();

@@ -14,6 +14,12 @@ namespace {
 
 constexpr int kNewString = 0;
 constexpr int kStringReference = 1;
+// The tag and the length or index.
+constexpr std::size_t kStringFieldSize = 5;
+
+constexpr bool IsStringTag(int tag) {
+    return tag == kNewString || tag == kStringReference;
+}
 
 // What a list has grown to when it holds `count` children.
 int CapacityFor(int count) {
@@ -35,13 +41,15 @@ TreeNodeBinaryParser::TreeNodeBinaryParser(TreeNodeReader& reader, bool unicode)
 
 std::unique_ptr<TreeNodeRoot> TreeNodeBinaryParser::Parse(std::unique_ptr<TreeNodeRoot> root,
                                                           const String& stopLabel, int stopMode) {
+    m_StopLabel = stopLabel;
+    m_StopMode = stopMode;
     TreeNodeRoot* const wholeTree = root.get();
-    m_Open.push_back(ReadNodeHead(std::move(root), stopLabel, stopMode));
+    ReadNode(std::move(root));
     while (!m_Open.empty()) {
         if (m_Open.back().ChildrenLeft != 0 && !m_HasError)
-            ReadNextChild(stopLabel, stopMode);
+            ReadNextChild();
         else
-            CloseLastNode(stopMode);
+            CloseLastNode();
     }
     if (m_HasError)
         return nullptr;
@@ -49,41 +57,45 @@ std::unique_ptr<TreeNodeRoot> TreeNodeBinaryParser::Parse(std::unique_ptr<TreeNo
     return std::unique_ptr<TreeNodeRoot>(wholeTree);
 }
 
-TreeNodeBinaryParser::OpenNode TreeNodeBinaryParser::ReadNodeHead(std::unique_ptr<TreeNode> node,
-                                                                  const String& stopLabel, int stopMode) {
-    OpenNode open{.Node = std::move(node), .FirstChild = m_Finished.size()};
-    String label = ReadString();
-    if (m_HasError)
-        return open;
-    const bool isFound = !stopLabel.IsEmpty() && label == stopLabel;
-    String value = ReadString();
-    if (isFound && stopMode == TreeNodeReader::kStopAtValue)
-        throw TreeNodeLabelFoundException(value);
-    if (m_HasError)
-        return open;
-    // Both are interned already.
-    open.Node->m_Label = std::move(label);
-    open.Node->m_Value = std::move(value);
-    open.IsSought = isFound;
-    if (!ReadNumber(open.ChildrenLeft))
-        RaiseEndOfFile();
-    return open;
-}
-
-void TreeNodeBinaryParser::ReadNextChild(const String& stopLabel, int stopMode) {
-    --m_Open.back().ChildrenLeft;
-    if (m_Open.size() > TreeNodeReader::kDeepestLevel) {
-        RaiseError("Nodes are nested too deeply");
+void TreeNodeBinaryParser::ReadNode(std::unique_ptr<TreeNode> node) {
+    OpenNode open;
+    ReadHead(*node, open);
+    if (open.ChildrenLeft == 0 && !open.IsSought) {
+        m_Finished.push_back(std::move(node));
         return;
     }
-    OpenNode child = ReadNodeHead(std::make_unique<TreeNode>(), stopLabel, stopMode);
-    if (child.ChildrenLeft != 0 || child.IsSought)
-        m_Open.push_back(std::move(child));
-    else
-        m_Finished.push_back(std::move(child.Node));
+    open.Node = std::move(node);
+    open.FirstChild = m_Finished.size();
+    m_Open.push_back(std::move(open));
 }
 
-void TreeNodeBinaryParser::CloseLastNode(int stopMode) {
+void TreeNodeBinaryParser::ReadHead(TreeNode& node, OpenNode& open) {
+    String label = ReadString();
+    if (m_HasError)
+        return;
+    const bool isFound = !m_StopLabel.IsEmpty() && label == m_StopLabel;
+    String value = ReadString();
+    if (isFound && m_StopMode == TreeNodeReader::kStopAtValue)
+        throw TreeNodeLabelFoundException(value);
+    if (m_HasError)
+        return;
+    // Both are interned already.
+    node.m_Label = std::move(label);
+    node.m_Value = std::move(value);
+    open.IsSought = isFound && m_StopMode == TreeNodeReader::kStopAtSubTree;
+    if (!ReadNumber(open.ChildrenLeft))
+        RaiseEndOfFile();
+}
+
+void TreeNodeBinaryParser::ReadNextChild() {
+    --m_Open.back().ChildrenLeft;
+    if (m_Open.size() > TreeNodeReader::kDeepestLevel)
+        RaiseError("Nodes are nested too deeply");
+    else
+        ReadNode(std::make_unique<TreeNode>());
+}
+
+void TreeNodeBinaryParser::CloseLastNode() {
     OpenNode closed = std::move(m_Open.back());
     m_Open.pop_back();
     const auto childCount = static_cast<int>(m_Finished.size() - closed.FirstChild);
@@ -95,37 +107,33 @@ void TreeNodeBinaryParser::CloseLastNode(int stopMode) {
             list->Add(m_Finished[i].release());
         m_Finished.resize(closed.FirstChild);
     }
-    if (closed.IsSought && stopMode == TreeNodeReader::kStopAtSubTree)
+    if (closed.IsSought)
         throw TreeNodeSubTreeFoundException(closed.Node.release());
     m_Finished.push_back(std::move(closed.Node));
 }
 
-String TreeNodeBinaryParser::ReadString() {
-    const int tag = m_Reader.ReadByte();
-    if (tag == kStringReference) {
-        std::uint32_t index = 0;
-        if (!ReadNumber(index))
-            RaiseEndOfFile();
-        else if (index < m_Strings.size())
-            return m_Strings[index];
-    } else if (tag == kNewString) {
-        return ReadNewString();
-    } else if (tag < 0) {
-        RaiseEndOfFile();
+const String& TreeNodeBinaryParser::ReadString() {
+    int tag = 0;
+    std::uint32_t number = 0;
+    if (const std::uint8_t* const field = m_Reader.TakeInPlace(kStringFieldSize)) {
+        tag = field[0];
+        number = FromBigEndian(field + 1);
     } else {
-        RaiseError("Unexpected field type: " + String::FromInt(tag));
+        tag = m_Reader.ReadByte();
+        if (tag < 0 || (IsStringTag(tag) && !ReadNumber(number))) {
+            RaiseEndOfFile();
+            return m_Empty;
+        }
     }
+    if (tag == kStringReference)
+        return number < m_Strings.size() ? m_Strings[number] : m_Empty;
+    if (tag == kNewString)
+        return number != 0 ? ReadNewString(number) : m_Empty;
+    RaiseError("Unexpected field type: " + String::FromInt(tag));
     return m_Empty;
 }
 
-String TreeNodeBinaryParser::ReadNewString() {
-    std::uint32_t length = 0;
-    if (!ReadNumber(length)) {
-        RaiseEndOfFile();
-        return m_Empty;
-    }
-    if (length == 0)
-        return m_Empty;
+const String& TreeNodeBinaryParser::ReadNewString(std::uint32_t length) {
     const std::string_view bytes = ReadStringBytes(length);
     if (bytes.empty()) {
         RaiseEndOfFile();
@@ -133,8 +141,8 @@ String TreeNodeBinaryParser::ReadNewString() {
     }
     String string = m_IsUnicode ? StringFromUtf16(bytes) : String(bytes);
     InternString(string);
-    m_Strings.push_back(string);
-    return string;
+    m_Strings.push_back(std::move(string));
+    return m_Strings.back();
 }
 
 std::string_view TreeNodeBinaryParser::ReadStringBytes(std::uint32_t length) {

@@ -37,13 +37,17 @@ private:
         std::size_t FirstChild = 0;
     };
 
-    OpenNode ReadNodeHead(std::unique_ptr<TreeNode> node, const String& stopLabel, int stopMode);
-    void ReadNextChild(const String& stopLabel, int stopMode);
+    /// Reads a node without its children; open when some are to come.
+    void ReadNode(std::unique_ptr<TreeNode> node);
+    /// Label, value and child count, and whether the node is the one at which to stop.
+    void ReadHead(TreeNode& node, OpenNode& open);
+    void ReadNextChild();
     /// Gives the last open node its children.
-    void CloseLastNode(int stopMode);
+    void CloseLastNode();
 
-    String ReadString();
-    String ReadNewString();
+    /// Valid until the next string is read.
+    const String& ReadString();
+    const String& ReadNewString(std::uint32_t length);
     std::string_view ReadStringBytes(std::uint32_t length);
     String StringFromUtf16(std::string_view bytes);
     /// False when not all of its bytes are there.
@@ -55,6 +59,8 @@ private:
     TreeNodeReader& m_Reader;
     bool m_IsUnicode;
     bool m_HasError = false;
+    String m_StopLabel;
+    int m_StopMode = 0;
     std::vector<String> m_Strings;
     /// From the root down.
     std::vector<OpenNode> m_Open;

@@ -2,8 +2,9 @@
 
 #include "Shared/Utils/tree/TreeNode.h"
 #include "Shared/Utils/tree/TreeNodeEncoding.h"
+#include "Shared/Utils/tree/TreeNodeList.h"
 
-#include <array>
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -11,86 +12,86 @@ namespace Nvr {
 
 namespace {
 
-constexpr char kNewString = 0;
-constexpr char kStringReference = 1;
-constexpr std::string_view kEmptyString("\0\0\0\0\0", 5);
+constexpr unsigned kNewString = 0;
+constexpr unsigned kStringReference = 1;
+constexpr std::size_t kNumberSize = 4;
 constexpr std::string_view kOpening8Bit("\0\1", 2);
 constexpr std::string_view kOpeningUtf16("\0\2", 2);
 
-std::array<char, 4> ToBigEndian(std::uint32_t number) {
-    const auto byteAt = [number](unsigned shift) {
-        return static_cast<char>(static_cast<unsigned char>(number >> shift));
-    };
-    return {byteAt(24), byteAt(16), byteAt(8), byteAt(0)};
+constexpr unsigned kBitsOfByte = 8;
+
+// Both write at the place and move it on.
+void PutByte(char*& place, unsigned byte) {
+    *place++ = static_cast<char>(static_cast<unsigned char>(byte));
 }
 
-bool HoldsOnlyCarriageReturns(const String& string) {
-    return string.View().find_first_not_of('\r') == std::string_view::npos;
+void PutNumber(char*& place, std::uint32_t number) {
+    for (unsigned shift = 4 * kBitsOfByte; shift != 0; shift -= kBitsOfByte)
+        PutByte(place, number >> (shift - kBitsOfByte));
 }
 
 } // namespace
 
 TreeNodeBinaryWriter::TreeNodeBinaryWriter(TreeNodeOutput& output, bool unicode, int encoding)
-    : m_Output(output), m_IsUnicode(unicode), m_Encoding(encoding) {}
+    : m_Output(output), m_IsUnicode(unicode), m_Encoding(encoding), m_Indexes(unicode) {}
 
 void TreeNodeBinaryWriter::Write(const TreeNode& root) {
     struct Written {
-        const TreeNode* Node;
+        const TreeNodeList* Children;
         int NextChild;
     };
     m_Output.Append(m_IsUnicode ? kOpeningUtf16 : kOpening8Bit);
     std::vector<Written> path;
     const TreeNode* node = &root;
     while (m_Output.PassOnBlocks()) {
-        if (node != nullptr) {
-            WriteString(node->GetLabel());
-            WriteString(node->GetValue());
-            WriteNumber(static_cast<std::uint32_t>(node->GetChildCount()));
-            if (node->GetChildCount() != 0)
-                path.push_back({node, 0});
-        } else {
+        const int childCount = WriteNodeHead(*node);
+        if (childCount != 0)
+            path.push_back({node->m_Children, 0});
+        while (!path.empty() && path.back().NextChild == path.back().Children->Count())
             path.pop_back();
-        }
         if (path.empty())
             return;
-        node = path.back().Node->GetChild(path.back().NextChild++);
+        node = path.back().Children->GetAt(path.back().NextChild++);
     }
 }
 
+int TreeNodeBinaryWriter::WriteNodeHead(const TreeNode& node) {
+    WriteString(node.m_Label);
+    WriteString(node.m_Value);
+    const int childCount = node.m_Children != nullptr ? node.m_Children->Count() : 0;
+    char* place = m_Output.Extend(kNumberSize);
+    PutNumber(place, static_cast<std::uint32_t>(childCount));
+    return childCount;
+}
+
 void TreeNodeBinaryWriter::WriteString(const String& string) {
-    // Such a string takes no index when it is read, so it must not take one here.
-    if (string.IsEmpty() || (m_IsUnicode && HoldsOnlyCarriageReturns(string))) {
-        m_Output.Append(kEmptyString);
-        return;
-    }
-    const std::uint32_t index = m_Indexes.FindOrAdd(string);
+    const std::uint32_t index =
+        string.IsEmpty() ? TreeNodeStringIndexes::kWrittenEmpty : m_Indexes.FindOrAdd(string);
     if (index == TreeNodeStringIndexes::kNew) {
         WriteNewString(string);
         return;
     }
-    m_Output.Append(kStringReference);
-    WriteNumber(index);
+    const bool isEmpty = index == TreeNodeStringIndexes::kWrittenEmpty;
+    char* place = m_Output.Extend(1 + kNumberSize);
+    PutByte(place, isEmpty ? kNewString : kStringReference);
+    PutNumber(place, isEmpty ? 0 : index);
 }
 
 void TreeNodeBinaryWriter::WriteNewString(const String& string) {
-    m_Output.Append(kNewString);
+    if (m_IsUnicode)
+        ConvertToUtf16(m_Encoding, string.RemoveCRs().View(), m_Units);
+    const std::size_t size = m_IsUnicode ? m_Units.size() * sizeof(char16_t) : string.Length();
+    char* place = m_Output.Extend(1 + kNumberSize + size);
+    PutByte(place, kNewString);
+    PutNumber(place, static_cast<std::uint32_t>(size));
     if (!m_IsUnicode) {
-        WriteNumber(string.Length());
-        m_Output.Append(string.View());
+        std::copy_n(string.CStr(), size, place);
         return;
     }
-    constexpr unsigned kBitsOfByte = 8;
-    ConvertToUtf16(m_Encoding, string.RemoveCRs().View(), m_Units);
-    WriteNumber(static_cast<std::uint32_t>(m_Units.size() * sizeof(char16_t)));
     for (const char16_t unit : m_Units) {
-        m_Output.Append(static_cast<char>(unit >> kBitsOfByte));
-        m_Output.Append(static_cast<char>(unit));
+        PutByte(place, unit >> kBitsOfByte);
+        PutByte(place, unit);
     }
-}
-
-void TreeNodeBinaryWriter::WriteNumber(std::uint32_t number) {
-    const std::array<char, 4> bytes = ToBigEndian(number);
-    m_Output.Append({bytes.data(), bytes.size()});
 }
 
 } // namespace Nvr

@@ -24,9 +24,10 @@ public:
     void Write(const TreeNode& root);
 
 private:
+    /// The node's label, value and child count, which is the result.
+    int WriteNodeHead(const TreeNode& node);
     void WriteString(const String& string);
     void WriteNewString(const String& string);
-    void WriteNumber(std::uint32_t number);
 
     TreeNodeOutput& m_Output;
     bool m_IsUnicode;

@@ -4,15 +4,16 @@
 
 namespace Nvr {
 
-TreeNodeOutput::TreeNodeOutput(OutStream& stream) : m_Stream(&stream) {
-    // A block is passed on when it is full, by one field at the most more than that.
-    m_Bytes.reserve(kBlockSize + kBlockSize / 2);
-}
+TreeNodeOutput::TreeNodeOutput(OutStream& stream) : m_Stream(&stream) {}
 
 bool TreeNodeOutput::Flush() {
-    m_Stream->Write(m_Bytes.data(), m_Bytes.size());
-    m_Bytes.clear();
+    m_Stream->Write(m_Bytes.data(), m_Size);
+    m_Size = 0;
     return m_Stream->Good();
+}
+
+void TreeNodeOutput::MakeRoom(std::size_t count) {
+    m_Bytes.resize(std::max({m_Bytes.size() * 2, m_Size + count, kSmallestRoom}));
 }
 
 } // namespace Nvr

@@ -6,22 +6,30 @@ namespace {
 
 constexpr std::size_t kFewestPlaces = 1024;
 
+bool HoldsOnlyCarriageReturns(const String& string) {
+    return string.View().find_first_not_of('\r') == std::string_view::npos;
+}
+
 } // namespace
 
-TreeNodeStringIndexes::TreeNodeStringIndexes() : m_Addresses(kFewestPlaces), m_Strings(kFewestPlaces) {}
+TreeNodeStringIndexes::TreeNodeStringIndexes(bool dropsCarriageReturns)
+    : m_Addresses(kFewestPlaces), m_Strings(kFewestPlaces), m_DropsCarriageReturns(dropsCarriageReturns) {}
 
 std::uint32_t TreeNodeStringIndexes::FindOrAddContent(const String& string, std::size_t addressPlace) {
     KnownString& known = m_Strings[PlaceOf(string)];
-    const bool isNew = known.Text == nullptr;
-    if (isNew)
-        known = {&string, string.Hash(), m_StringCount++};
+    bool getsIndex = false;
+    if (known.Text == nullptr) {
+        getsIndex = !(m_DropsCarriageReturns && HoldsOnlyCarriageReturns(string));
+        known = {&string, string.Hash(), getsIndex ? m_NextIndex++ : kWrittenEmpty};
+        ++m_StringCount;
+    }
     const std::uint32_t index = known.Index;
     m_Addresses[addressPlace] = {string.CStr(), index};
     if (++m_AddressCount * 2 > m_Addresses.size())
         GrowAddresses();
-    if (std::size_t{m_StringCount} * 2 > m_Strings.size())
+    if (m_StringCount * 2 > m_Strings.size())
         GrowStrings();
-    return isNew ? kNew : index;
+    return getsIndex ? kNew : index;
 }
 
 std::size_t TreeNodeStringIndexes::PlaceOf(const String& string) const {

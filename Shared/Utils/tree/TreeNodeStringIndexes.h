@@ -15,10 +15,14 @@ namespace Nvr {
 class TreeNodeStringIndexes {
 public:
     static constexpr std::uint32_t kNew = 0xFFFFFFFF;
+    static constexpr std::uint32_t kWrittenEmpty = 0xFFFFFFFE;
 
-    TreeNodeStringIndexes();
+    /// `dropsCarriageReturns`: a string of nothing but carriage returns will be written as the empty string.
+    explicit TreeNodeStringIndexes(bool dropsCarriageReturns);
 
-    /// The index of the equal string that was met before; kNew for a new one, which gets the next index.
+    /// The index of the equal string that was met before; kNew for a new one, which gets the next index;
+    /// kWrittenEmpty for one that is to be written as the empty string, which never has an index. Not for
+    /// the empty string itself.
     std::uint32_t FindOrAdd(const String& string) {
         for (std::size_t place = PlaceOf(string.CStr());; place = Next(place, m_Addresses.size())) {
             const KnownAddress& known = m_Addresses[place];
@@ -51,7 +55,9 @@ private:
     std::vector<KnownAddress> m_Addresses;
     std::vector<KnownString> m_Strings;
     std::size_t m_AddressCount = 0;
-    std::uint32_t m_StringCount = 0;
+    std::size_t m_StringCount = 0;
+    std::uint32_t m_NextIndex = 0;
+    bool m_DropsCarriageReturns;
 };
 
 inline std::size_t TreeNodeStringIndexes::PlaceOf(const char* address) const {

@@ -1,0 +1,133 @@
+#include "bench/TemplateSizedTree.h"
+
+#include "Projects/Fretline/score/ScoreAccess.h"
+#include "Shared/Utils/CStream.h"
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+#include <sstream>
+#include <string>
+
+using Nvr::TreeNode;
+using Nvr::TreeNodeRoot;
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Times `step` alone, whatever else an iteration does.
+template <class Step>
+void Time(benchmark::State& state, Step step) {
+    const auto start = Clock::now();
+    step();
+    state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
+}
+
+std::string Stored(bool binary) {
+    std::ostringstream target;
+    Nvr::COutStream stream(target);
+    MakeTemplateSizedTree()->WriteToStream(stream, 0, binary, true, 0);
+    Nvr::ClearNodeStringTable();
+    return target.str();
+}
+
+const std::string& BinaryForm() {
+    static const std::string s_Form = Stored(true);
+    return s_Form;
+}
+
+const std::string& TextForm() {
+    static const std::string s_Form = Stored(false);
+    return s_Form;
+}
+
+std::unique_ptr<TreeNodeRoot> Load(const std::string& stored) {
+    return std::unique_ptr<TreeNodeRoot>(TreeNode::LoadFromMemory(stored.data(), stored.size()));
+}
+
+// Each load begins with an empty string table, as a conversion does.
+void LoadForm(benchmark::State& state, const std::string& stored) {
+    for (auto _ : state) {
+        Nvr::ClearNodeStringTable();
+        std::unique_ptr<TreeNodeRoot> tree;
+        Time(state, [&] { tree = Load(stored); });
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(stored.size()) * state.iterations());
+}
+
+void LoadBinary(benchmark::State& state) {
+    LoadForm(state, BinaryForm());
+}
+
+void LoadText(benchmark::State& state) {
+    LoadForm(state, TextForm());
+}
+
+void Flatten(benchmark::State& state) {
+    for (auto _ : state) {
+        const auto tree = Load(BinaryForm());
+        Time(state, [&] { Fretline::FlattenPartMaps(tree.get()); });
+    }
+}
+
+void Save(benchmark::State& state, bool binary) {
+    const auto tree = Load(BinaryForm());
+    const Nvr::String path(
+        ("/tmp/tree-bench-" + std::to_string(Clock::now().time_since_epoch().count())).c_str());
+    for (auto _ : state) {
+        Time(state, [&] { benchmark::DoNotOptimize(tree->SaveToFile(path, binary, true, 0)); });
+    }
+    std::remove(path.CStr());
+}
+
+void SaveBinary(benchmark::State& state) {
+    Save(state, true);
+}
+
+void SaveText(benchmark::State& state) {
+    Save(state, false);
+}
+
+void WriteBinary(benchmark::State& state) {
+    const auto tree = Load(BinaryForm());
+    for (auto _ : state) {
+        std::ostringstream target;
+        Nvr::COutStream stream(target);
+        Time(state, [&] { tree->WriteToStream(stream, 0, true, true, 0); });
+    }
+}
+
+void Copy(benchmark::State& state) {
+    const auto tree = Load(BinaryForm());
+    for (auto _ : state) {
+        std::unique_ptr<TreeNode> copy;
+        Time(state, [&] { copy = std::make_unique<TreeNode>(*tree); });
+    }
+}
+
+void Compare(benchmark::State& state) {
+    const auto tree = Load(BinaryForm());
+    const TreeNode copy(*tree);
+    for (auto _ : state)
+        Time(state, [&] { benchmark::DoNotOptimize(tree->IsSameTree(copy)); });
+}
+
+void Release(benchmark::State& state) {
+    for (auto _ : state) {
+        auto tree = Load(BinaryForm());
+        Time(state, [&] { tree.reset(); });
+    }
+}
+
+} // namespace
+
+BENCHMARK(LoadBinary)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadText)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Flatten)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(SaveBinary)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(SaveText)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(WriteBinary)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Copy)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Compare)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Release)->UseManualTime()->Unit(benchmark::kMillisecond);
