@@ -121,12 +121,7 @@ public:
             present->Set(key, value);
             return present;
         }
-        if (m_BucketCount == 0)
-            return nullptr;
-        auto entry = std::make_unique<Entry>(key, value);
-        m_Buckets[static_cast<std::uint32_t>(bucketIndex)].Add(entry.get());
-        ++m_EntryCount;
-        return entry.release();
+        return m_BucketCount != 0 ? Append(bucketIndex, key, value) : nullptr;
     }
     /// Destroys all entries; the buckets stay.
     void Clear() {
@@ -141,6 +136,16 @@ public:
     int LongestBucket() const { return static_cast<int>(m_LongestBucket); }
     /// Unchecked.
     const Bucket& GetBucket(int index) const { return m_Buckets[static_cast<std::uint32_t>(index)]; }
+
+protected:
+    /// The second half of Add: a new entry of a key that is not there, at the end of the bucket that Find
+    /// gave.
+    Entry* Append(int bucketIndex, const K& key, const V& value) {
+        auto entry = std::make_unique<Entry>(key, value);
+        m_Buckets[static_cast<std::uint32_t>(bucketIndex)].Add(entry.get());
+        ++m_EntryCount;
+        return entry.release();
+    }
 
 private:
     std::unique_ptr<Bucket[]> m_Buckets;

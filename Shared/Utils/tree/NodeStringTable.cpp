@@ -24,15 +24,18 @@ NodeStringTable& NodeStringTable::Shared() {
 }
 
 void NodeStringTable::Intern(String& string) {
-    if (!m_Index.empty()) {
-        if (const Entry* const entry = m_Index[SlotOf(string)].Found) {
-            string = entry->GetValue();
-            return;
-        }
+    if (m_Index.empty())
+        GrowIndex();
+    std::size_t slot = SlotOf(string);
+    if (const Entry* const entry = m_Index[slot].Found) {
+        string = entry->GetValue();
+        return;
     }
-    MakeRoomForOne();
-    Entry* const entry = Add(string, string);
-    m_Index[SlotOf(string)] = {entry, string.Hash()};
+    if ((static_cast<std::size_t>(EntryCount()) + 1) * 2 > m_Index.size()) {
+        GrowIndex();
+        slot = SlotOf(string);
+    }
+    m_Index[slot] = {Append(BucketOf(string), string, string), string.Hash()};
 }
 
 void NodeStringTable::Clear() {
@@ -41,7 +44,7 @@ void NodeStringTable::Clear() {
 }
 
 NodeStringTable::Entry* NodeStringTable::Find(const String& key, int& bucketIndex) const {
-    bucketIndex = static_cast<int>(key.Hash() % static_cast<std::uint32_t>(kBucketCount));
+    bucketIndex = BucketOf(key);
     return m_Index.empty() ? nullptr : m_Index[SlotOf(key)].Found;
 }
 
@@ -59,10 +62,11 @@ std::size_t NodeStringTable::SlotOf(const String& key) const {
     return slot;
 }
 
-void NodeStringTable::MakeRoomForOne() {
-    const std::size_t wanted = (static_cast<std::size_t>(EntryCount()) + 1) * 2;
-    if (wanted <= m_Index.size())
-        return;
+int NodeStringTable::BucketOf(const String& key) {
+    return static_cast<int>(key.Hash() % static_cast<std::uint32_t>(kBucketCount));
+}
+
+void NodeStringTable::GrowIndex() {
     std::vector<Slot> old(m_Index.empty() ? kFewestSlots : m_Index.size() * 2);
     old.swap(m_Index);
     for (const Slot& slot : old) {

@@ -47,7 +47,8 @@ private:
     };
 
     std::size_t SlotOf(const String& key) const;
-    void MakeRoomForOne();
+    static int BucketOf(const String& key);
+    void GrowIndex();
 
     // Open addressing with at most half of the slots in use.
     std::vector<Slot> m_Index;

@@ -70,18 +70,18 @@ void TreeNodeBinaryParser::ReadNode(std::unique_ptr<TreeNode> node) {
 }
 
 void TreeNodeBinaryParser::ReadHead(TreeNode& node, OpenNode& open) {
-    String label = ReadString();
-    if (m_HasError)
-        return;
-    const bool isFound = !m_StopLabel.IsEmpty() && label == m_StopLabel;
-    String value = ReadString();
-    if (isFound && m_StopMode == TreeNodeReader::kStopAtValue)
-        throw TreeNodeLabelFoundException(value);
-    if (m_HasError)
-        return;
     // Both are interned already.
-    node.m_Label = std::move(label);
-    node.m_Value = std::move(value);
+    node.m_Label = ReadString();
+    if (m_HasError)
+        return;
+    const bool isFound = !m_StopLabel.IsEmpty() && node.m_Label == m_StopLabel;
+    node.m_Value = ReadString();
+    if (isFound && m_StopMode == TreeNodeReader::kStopAtValue)
+        throw TreeNodeLabelFoundException(node.m_Value);
+    if (m_HasError) {
+        node.m_Label = m_Empty;
+        return;
+    }
     open.IsSought = isFound && m_StopMode == TreeNodeReader::kStopAtSubTree;
     if (!ReadNumber(open.ChildrenLeft))
         RaiseEndOfFile();
