@@ -27,8 +27,13 @@ public:
             Add(byte);
     }
 
-    bool IsTabText() const {
-        return m_HasLineOfHyphens && m_Acceptable * 100 / m_Total >= kLeastPercentOfText;
+    TabFileVerdict GetVerdict() const {
+        if (m_Total == 0)
+            return TabFileVerdict::Empty;
+        if (!m_HasLineOfHyphens)
+            return TabFileVerdict::NoLineOfHyphens;
+        return m_Acceptable * 100 / m_Total >= kLeastPercentOfText ? TabFileVerdict::Accepted
+                                                                   : TabFileVerdict::NotPlainText;
     }
 
 private:
@@ -67,23 +72,27 @@ bool HasExtensionOfTab(const String& path) {
                        [&](const FileTypeEntry& type) { return extension.EqualsIgnoreCase(type.Extension); });
 }
 
-bool HoldsTabText(const String& path) {
+TabFileVerdict ExamineText(const String& path) {
     Nvr::InFileStream file(path);
     if (!file.Good())
-        return false;
+        return TabFileVerdict::CannotBeOpened;
     TabTextCount count;
     std::vector<char> block(kBlockSize);
     while (file.Good()) {
         const std::size_t length = file.Read(block.data(), block.size());
         count.Add({block.data(), length});
     }
-    return count.IsTabText();
+    return count.GetVerdict();
 }
 
 } // namespace
 
+TabFileVerdict ExamineTabFile(const String& path) {
+    return HasExtensionOfTab(path) ? ExamineText(path) : TabFileVerdict::OtherExtension;
+}
+
 bool IsTabFile(const String& path) {
-    return HasExtensionOfTab(path) && HoldsTabText(path);
+    return ExamineTabFile(path) == TabFileVerdict::Accepted;
 }
 
 } // namespace Fretline

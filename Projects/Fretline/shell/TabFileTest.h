@@ -4,10 +4,23 @@
 
 namespace Fretline {
 
-/// True when the file is ours to handle: it has one of the extensions of FileTypeTable, in any case, or none;
-/// at least 95 of 100 of its bytes are plain text (printable ASCII, tabs, line ends); and some line has more
-/// than ten hyphens. False without opening a file of another extension, and for one that is empty or cannot
-/// be read.
+/// Whether a file is ours to handle, and the first reason why not.
+enum class TabFileVerdict {
+    Accepted,
+    /// It has an extension, and none of FileTypeTable; it was not opened.
+    OtherExtension,
+    CannotBeOpened,
+    Empty,
+    NoLineOfHyphens,
+    NotPlainText,
+};
+
+/// A file is ours when it has one of the extensions of FileTypeTable, in any case, or none; some line has
+/// more than ten hyphens; and at least 95 of 100 of its bytes are plain text (printable ASCII, tabs, line
+/// ends).
+TabFileVerdict ExamineTabFile(const Nvr::String& path);
+
+/// True when the verdict is Accepted.
 bool IsTabFile(const Nvr::String& path);
 
 } // namespace Fretline

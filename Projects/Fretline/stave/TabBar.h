@@ -99,6 +99,8 @@ public:
     const std::vector<std::unique_ptr<TabChord>>& GetChords() const { return m_Chords; }
     /// The same with their columns, and which of them lost.
     std::vector<ChordReading> GetChordReadings() const;
+    /// The line of the file that the chords come from; -1 when there are none.
+    int GetChordLine() const { return m_ChordLine; }
     /// The chosen rhythm line, found at every rhythm level; whether it was used, HasRhythms tells.
     const RhythmLine& GetRhythmLine() const { return m_RhythmLine; }
 
@@ -161,6 +163,7 @@ private:
     int m_RhythmLineOffset = 0;
     bool m_HasRhythms = false;
     RhythmLine m_RhythmLine;
+    int m_ChordLine = -1;
 };
 
 /// Ties every note of a written NoteRest to the next. A rest does not change.

@@ -11,7 +11,9 @@ namespace Fretline {
 void TabBar::ReadChords() {
     std::vector<std::unique_ptr<TabChord>> nearer = ReadChordLine(-1);
     std::vector<std::unique_ptr<TabChord>> farther = ReadChordLine(-2);
-    m_Chords = farther.size() > nearer.size() ? std::move(farther) : std::move(nearer);
+    const bool takesFarther = farther.size() > nearer.size();
+    m_Chords = takesFarther ? std::move(farther) : std::move(nearer);
+    m_ChordLine = m_Chords.empty() ? -1 : m_FirstLine - (takesFarther ? 2 : 1);
 }
 
 std::vector<std::unique_ptr<TabChord>> TabBar::ReadChordLine(int offset) const {

@@ -74,20 +74,21 @@ std::string LettersIn(const TabFile& file, int firstLine, int lineCount, int col
     return letters;
 }
 
-std::string FindLetters(const TabFile& file, int firstLine, int lineCount) {
-    const int end = RightmostFirstDash(file, firstLine, lineCount);
-    std::string letters;
-    for (int column = 0; column < end && letters.empty(); ++column)
-        letters = LettersIn(file, firstLine, lineCount, column);
-    return letters;
-}
-
 } // namespace
+
+int FindTuningColumn(const TabFile& file, int firstLine, int lineCount) {
+    const int end = RightmostFirstDash(file, firstLine, lineCount);
+    for (int column = 0; column < end; ++column)
+        if (!LettersIn(file, firstLine, lineCount, column).empty())
+            return column;
+    return -1;
+}
 
 std::vector<int> FindTuning(const TabFile& file, int firstLine, int lineCount) {
     const OpenStrings& standard = StandardTuning(lineCount);
     std::vector<int> tuning(standard.begin(), standard.begin() + lineCount);
-    const std::string letters = FindLetters(file, firstLine, lineCount);
+    const int column = FindTuningColumn(file, firstLine, lineCount);
+    const std::string letters = column < 0 ? std::string() : LettersIn(file, firstLine, lineCount, column);
     for (std::size_t string = 0; string < letters.size(); ++string)
         tuning[string] += kChrom2OfASemitone * ShiftOf(letters[string], kStandardLetters[string]);
     return tuning;

@@ -14,4 +14,7 @@ class TabFile;
 /// a column the tuning is the standard one: of a bass for four lines, of a guitar for any other number.
 std::vector<int> FindTuning(const TabFile& file, int firstLine, int lineCount);
 
+/// The absolute column that FindTuning takes the letters from; -1 where there is none.
+int FindTuningColumn(const TabFile& file, int firstLine, int lineCount);
+
 } // namespace Fretline
