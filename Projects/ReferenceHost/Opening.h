@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Projects/ReferenceHost/HostFunctions.h"
+#include "Projects/ReferenceHost/ProgressBar.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace ReferenceHost {
+
+class Plugin;
+
+/// What came of opening one file.
+struct OpeningResult {
+    bool Taken = false;
+    bool Cancelled = false;
+    /// The bytes of the finished score, when there is one.
+    std::optional<std::string> Score;
+    std::vector<std::string> Messages;
+};
+
+/// Opens one file through the plug-in: shows progress, keeps messages and the score, passes Ctrl-C on as the
+/// host's cancel.
+class Opening : private HostListener {
+public:
+    OpeningResult Open(const Plugin& plugin, const std::filesystem::path& file);
+
+private:
+    void OnProgressBegin(const std::string& title) override;
+    bool OnProgress(int percent) override;
+    void OnProgressEnd() override;
+    void OnMessage(const std::string& text) override;
+    void OnScore(const std::string& path) override;
+
+    ProgressBar m_Bar;
+    OpeningResult m_Result;
+};
+
+/// Makes Ctrl-C cancel the running conversion instead of ending the program. A second Ctrl-C ends it.
+void CatchInterrupts();
+/// True once Ctrl-C was pressed.
+bool WasInterrupted();
+
+} // namespace ReferenceHost

@@ -1,0 +1,97 @@
+// The whole conversion through the built library, as a host sees it, and the reading of the text alone.
+// The counter "peak_kB" is the largest resident memory of the process so far: run one benchmark at a time
+// (--benchmark_filter) to read it.
+
+#include "tests/support/RecordingHost.h"
+#include "tests/support/TabBook.h"
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sys/resource.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+using TestSupport::TabBookStyle;
+
+constexpr int kSmallTab = 60;
+constexpr int kBook = 10000;
+
+double PeakKilobytes() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_maxrss);
+}
+
+/// A folder with one tab in it, gone with the object.
+class TabOnDisk {
+public:
+    explicit TabOnDisk(const std::string& text) {
+        std::string pattern = (fs::temp_directory_path() / "fretline-bench-XXXXXX").string();
+        m_Folder = mkdtemp(pattern.data());
+        std::ofstream(File(), std::ios::binary) << text;
+    }
+    ~TabOnDisk() { fs::remove_all(m_Folder); }
+    TabOnDisk(const TabOnDisk&) = delete;
+    TabOnDisk& operator=(const TabOnDisk&) = delete;
+    fs::path File() const { return m_Folder / "book.tab"; }
+    const fs::path& Folder() const { return m_Folder; }
+
+private:
+    fs::path m_Folder;
+};
+
+void Convert(benchmark::State& state, const std::string& text) {
+    const TabOnDisk tab(text);
+    TestSupport::RecordingHost host(FRETLINE_LIBRARY, tab.Folder());
+    for ([[maybe_unused]] auto _ : state) {
+        host.Open(tab.File());
+        if (host.GetScore().empty())
+            state.SkipWithError("no score");
+    }
+    state.counters["peak_kB"] = PeakKilobytes();
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+
+void ConvertSmallTab(benchmark::State& state) {
+    Convert(state, TestSupport::MakeTabBook(kSmallTab, {}, 1));
+}
+BENCHMARK(ConvertSmallTab)->Unit(benchmark::kMillisecond);
+
+void ConvertBook(benchmark::State& state) {
+    Convert(state, TestSupport::MakeTabBook(kBook, {}, 1));
+}
+BENCHMARK(ConvertBook)->Unit(benchmark::kMillisecond);
+
+void ConvertBookWithLettersAndChords(benchmark::State& state) {
+    TabBookStyle style;
+    style.HasChords = true;
+    style.RhythmLine = 1;
+    Convert(state, TestSupport::MakeTabBook(kBook, style, 1));
+}
+BENCHMARK(ConvertBookWithLettersAndChords)->Unit(benchmark::kMillisecond);
+
+void ConvertBookWithBeatsAndChords(benchmark::State& state) {
+    TabBookStyle style;
+    style.HasChords = true;
+    style.RhythmLine = 2;
+    Convert(state, TestSupport::MakeTabBook(kBook, style, 1));
+}
+BENCHMARK(ConvertBookWithBeatsAndChords)->Unit(benchmark::kMillisecond);
+
+/// Lines from 60 up in steps of ten: the complexity that is printed says how the cost grows with the text.
+void ConvertByLines(benchmark::State& state) {
+    Convert(state, TestSupport::MakeTabBook(static_cast<int>(state.range(0)), {}, 1));
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(ConvertByLines)
+    ->RangeMultiplier(10)
+    ->Range(kSmallTab, 60000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity();
+
+} // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,77 @@
+// Every tab in examples/ goes through the built library as a host would open it, at each rhythm level; the
+// calls that the host gets and the score it loads are compared with tests/examples/NAME.LEVEL.txt, which a
+// person has checked. With FRETLINE_RECORD set, a missing or different recording is written anew (and the
+// test still fails).
+
+#include "Shared/Utils/tree/TreeNode.h"
+#include "tests/support/RecordingHost.h"
+#include "tests/support/ScoreText.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <memory>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string ReadText(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<fs::path> Examples() {
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::directory_iterator(FRETLINE_SOURCE_DIR "/examples"))
+        if (entry.is_regular_file() && entry.path().extension() != ".nvf")
+            files.push_back(entry.path());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+class ConfigFolder {
+public:
+    explicit ConfigFolder(int level) {
+        std::string pattern = (fs::temp_directory_path() / "fretline-test-XXXXXX").string();
+        m_Path = mkdtemp(pattern.data());
+        std::ofstream(m_Path / "FretlineOptions.txt", std::ios::binary)
+            << "\r\n{\r\n\tRhythmLevel \"" << level << "\"\r\n}\r\n";
+    }
+    ~ConfigFolder() { fs::remove_all(m_Path); }
+    ConfigFolder(const ConfigFolder&) = delete;
+    ConfigFolder& operator=(const ConfigFolder&) = delete;
+    const fs::path& Path() const { return m_Path; }
+
+private:
+    fs::path m_Path;
+};
+
+class ExamplesAtLevel : public testing::TestWithParam<int> {};
+
+TEST_P(ExamplesAtLevel, GiveTheRecordedCallsAndScores) {
+    const ConfigFolder config(GetParam());
+    TestSupport::RecordingHost host(FRETLINE_LIBRARY, config.Path());
+    ASSERT_TRUE(host.IsReady());
+    ASSERT_GE(Examples().size(), 12U);
+    for (const fs::path& example : Examples()) {
+        std::string text = "result " + std::to_string(host.Open(example)) + "\n";
+        for (const std::string& call : host.GetCalls())
+            text += call + "\n";
+        const std::unique_ptr<Nvr::TreeNodeRoot> score(
+            Nvr::TreeNode::LoadFromMemory(host.GetScore().data(), host.GetScore().size()));
+        text += score == nullptr ? "no score\n" : TestSupport::ScoreText(*score);
+        const fs::path recording = fs::path(FRETLINE_SOURCE_DIR "/tests/examples") /
+                                   (example.filename().string() + "." + std::to_string(GetParam()) + ".txt");
+        const std::string recorded = ReadText(recording);
+        EXPECT_EQ(recorded, text) << example;
+        if (recorded != text && std::getenv("FRETLINE_RECORD") != nullptr)
+            std::ofstream(recording, std::ios::binary) << text;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(AllLevels, ExamplesAtLevel, testing::Values(0, 1, 2));
+
+} // namespace

@@ -1,0 +1,22 @@
+// What alphaTab understands of a MusicXML file, in the lines of ScoreLines.cpp.
+import * as alphaTab from '@coderline/alphatab';
+import { readFileSync } from 'node:fs';
+
+const score = alphaTab.importer.ScoreLoader.loadScoreFromBytes(new Uint8Array(readFileSync(process.argv[2])));
+const staff = score.tracks[0].staves[0];
+const strings = staff.stringTuning.tunings.length;
+
+// A negative duration is a breve or longer.
+const units = (duration) => (duration > 0 ? 1024 / duration : 1024 * -duration);
+// Its strings count from 1 at the lowest.
+const note = (n) => `${strings + 1 - n.string}:${n.fret}:${n.realValue}${n.isTieOrigin ? '~' : ''}`;
+
+for (const bar of staff.bars) {
+    console.log(`bar ${bar.index + 1}`);
+    for (const beat of bar.voices[0].beats) {
+        if (beat.isEmpty) continue;
+        if (beat.chord) console.log(`chord ${beat.chord.name}`);
+        const notes = [...beat.notes].sort((a, b) => b.string - a.string).map(note);
+        console.log(`${units(beat.duration)} ${notes.length ? notes.join(' ') : 'rest'}`);
+    }
+}

@@ -1,0 +1,36 @@
+// What musicxml-io understands of a MusicXML file, in the lines of ScoreLines.cpp.
+import { parse } from 'musicxml-io';
+import { readFileSync } from 'node:fs';
+
+const steps = { C: 0, D: 2, E: 4, F: 5, G: 7, A: 9, B: 11 };
+const sign = (alter) => (alter > 0 ? '#' : alter < 0 ? 'b' : '');
+const chord = (h) =>
+    h.root.rootStep + sign(h.root.rootAlter) + (h.kindText ?? '') + (h.bass ? '/' + h.bass.bassStep + sign(h.bass.bassAlter) : '');
+const technical = (entry, kind) => entry.notations?.find((n) => n.technical === kind)?.[kind];
+
+function note(entry) {
+    const midi = 12 * (entry.pitch.octave + 1) + steps[entry.pitch.step] + (entry.pitch.alter ?? 0);
+    const ties = entry.ties ?? (entry.tie ? [entry.tie] : []);
+    return `${technical(entry, 'string')}:${technical(entry, 'fret')}:${midi}${ties.some((t) => t.type === 'start') ? '~' : ''}`;
+}
+
+const score = parse(readFileSync(process.argv[2], 'utf8'));
+score.parts[0].measures.forEach((measure, index) => {
+    console.log(`bar ${index + 1}`);
+    let event = null;
+    const flush = () => {
+        if (event) console.log(`${event.duration} ${event.notes.length ? event.notes.sort((a, b) => parseInt(a) - parseInt(b)).join(' ') : 'rest'}`);
+        event = null;
+    };
+    for (const entry of measure.entries) {
+        if (entry.type === 'harmony') {
+            flush();
+            console.log(`chord ${chord(entry)}`);
+        } else if (entry.type === 'note' && !entry.rest?.measure) {
+            if (!entry.chord) flush();
+            event ??= { duration: entry.duration, notes: [] };
+            if (entry.pitch) event.notes.push(note(entry));
+        }
+    }
+    flush();
+});
