@@ -47,6 +47,18 @@ TEST_F(TreeNodeBinaryTest, IsWrittenByteByByte) {
     }
 }
 
+TEST_F(TreeNodeBinaryTest, WorkedExampleOfTheFormats) {
+    const auto tree = LoadAsString("Options {RhythmLevel \"1\" Note \"say \"\"x\"\"\" Note \"1\"}");
+    EXPECT_EQ(Written(*tree, true, true),
+              Bytes("00 02 00 0000000E 00'O'00'p'00't'00'i'00'o'00'n'00's'" + kEmpty + "00000003" +
+                    "00 00000016 00'R'00'h'00'y'00't'00'h'00'm'00'L'00'e'00'v'00'e'00'l'" +
+                    "00 00000002 00'1' 00000000 00 00000008 00'N'00'o'00't'00'e'" +
+                    "00 0000000E 00's'00'a'00'y'00' '00 22 00'x'00 22 00000000" +
+                    "01 00000003 01 00000002 00000000"));
+    EXPECT_EQ(Written(*tree, false),
+              "Options\r\n{\r\n\tRhythmLevel \"1\"\r\n\tNote\"say \"\"x\"\"\"\r\n\tNote \"1\"\r\n}\r\n");
+}
+
 TEST_F(TreeNodeBinaryTest, EmptyListIsClosedByAZeroCount) {
     TreeNode node;
     node.AddChild(new TreeNode);
