@@ -26,7 +26,7 @@ DiskFolder DataFolder(const std::string& path, bool first, bool second) {
 } // namespace
 
 DiskFolder TempFolder(bool& ok) {
-    const DiskFolder folder = FolderAt(Platform::TemporaryFolder());
+    DiskFolder folder = FolderAt(Platform::TemporaryFolder());
     ok = folder.Exists();
     return folder;
 }
@@ -44,7 +44,7 @@ DiskFolder CommonDataFolder(bool first, bool second) {
 }
 
 DiskFolder LogsFolder() {
-    const DiskFolder logs(UserDataFolder(true, false), kLogsFolder);
+    DiskFolder logs(UserDataFolder(true, false), kLogsFolder);
     Platform::MakeFolder(std::string(logs.GetPath().View()));
     return logs;
 }

@@ -33,7 +33,7 @@ DiskFile CreateTempFile(const DiskFolder& folder) {
     if (!folder.Exists())
         return {};
     for (int i = 0; i < kTempFileTries; ++i) {
-        const DiskFile file(folder, "nv" + String::FromUnsigned64(Platform::UnguessableNumber()), "tmp");
+        DiskFile file(folder, "nv" + String::FromUnsigned64(Platform::UnguessableNumber()), "tmp");
         if (file.CreateNew())
             return file;
     }
@@ -42,7 +42,7 @@ DiskFile CreateTempFile(const DiskFolder& folder) {
 
 DiskFile UniqueFile(const DiskFolder& folder) {
     for (int i = 0; i < kUniqueFileTries; ++i) {
-        const DiskFile file(folder, RandomName());
+        DiskFile file(folder, RandomName());
         if (!file.Exists())
             return file;
     }

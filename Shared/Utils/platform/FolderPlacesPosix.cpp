@@ -34,7 +34,7 @@ bool TakesNewFiles(const std::string& folder) {
 }
 
 std::string HomeFolder() {
-    const std::string home = PathFromEnvironment("HOME");
+    std::string home = PathFromEnvironment("HOME");
     if (!home.empty())
         return home;
     constexpr std::size_t kLargestEntry = 16384;
@@ -48,7 +48,7 @@ std::string HomeFolder() {
 
 // The folder that the user has chosen for a purpose, or the usual one in the home folder.
 std::string FolderOfUser(const char* variable, const char* usual) {
-    const std::string chosen = PathFromEnvironment(variable);
+    std::string chosen = PathFromEnvironment(variable);
     if (!chosen.empty())
         return chosen;
     const std::string home = HomeFolder();

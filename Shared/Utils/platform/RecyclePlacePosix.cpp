@@ -47,7 +47,7 @@ std::string TakeName(const std::string& notes, const std::string& path) {
     const std::string text =
         "[Trash Info]\nPath=" + EscapeUrlPath(path) + "\nDeletionDate=" + TimeOfDeletion() + "\n";
     for (int i = 1; i <= kNameTries; ++i) {
-        const std::string taken = i == 1 ? name : name + "." + std::to_string(i);
+        std::string taken = i == 1 ? name : name + "." + std::to_string(i);
         if (WriteNote(PathInFolder(notes, taken + kNoteExtension), text))
             return taken;
         if (errno != EEXIST)

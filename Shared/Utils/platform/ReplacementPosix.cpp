@@ -41,7 +41,7 @@ std::string FollowLinks(std::string path) {
 
 std::string CreateBeside(const std::string& target, mode_t rights) {
     for (int i = 0; i < kNameTries; ++i) {
-        const std::string path =
+        std::string path =
             PathInFolder(FolderOfPath(target), ".nv" + std::to_string(UnguessableNumber()) + ".tmp");
         PosixFile file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights));
         if (file.IsOpen())

@@ -21,7 +21,7 @@ namespace Nvr::Platform {
 namespace {
 
 // Hand-written files are a few lines long; these bounds only keep a broken one from doing harm.
-constexpr off_t kLargestFile = 1024 * 1024;
+constexpr off_t kLargestFile = off_t{1024} * 1024;
 constexpr std::size_t kDeepestKey = 64;
 
 constexpr char kSeparator = '\\';
