@@ -18,8 +18,9 @@ constexpr std::array kSectionLabels = {"Bars",        "Items",       "Staves",  
 
 /// Appends and gives back the child; a failed append frees it.
 TreeNode* Append(TreeNode& parent, std::unique_ptr<TreeNode> child) {
-    parent.AddChild(child.get());
-    return child.release();
+    TreeNode* const added = child.release();
+    parent.AddChild(added);
+    return added;
 }
 
 template <class Value>
