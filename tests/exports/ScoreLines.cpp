@@ -25,9 +25,14 @@ void PrintEvent(const ScoreModel& score, const ModelEvent& event) {
     std::vector<ModelNote> notes = event.Notes;
     std::sort(notes.begin(), notes.end(),
               [](const ModelNote& a, const ModelNote& b) { return a.String > b.String; });
-    for (const ModelNote& note : notes)
-        std::cout << ' ' << static_cast<int>(score.Tuning.size()) - note.String << ':' << note.Fret << ':'
-                  << note.Midi << (note.TiedToNext ? "~" : "");
+    for (const ModelNote& note : notes) {
+        std::cout << ' ';
+        if (note.Fret < 0)
+            std::cout << "-:-";
+        else
+            std::cout << static_cast<int>(score.Tuning.size()) - note.String << ':' << note.Fret;
+        std::cout << ':' << note.Midi << (note.TiedToNext ? "~" : "");
+    }
     std::cout << '\n';
 }
 

@@ -14,12 +14,13 @@ for (const event of midi.tracks[1]) {
 const expected = [];
 let tied = new Map();
 for (const line of readFileSync(process.argv[3], 'utf8').split('\n')) {
-    const notes = [...line.matchAll(/(\d+):(-?\d+):(\d+)(~?)/g)];
+    const notes = [...line.matchAll(/(\d+|-):(\d+|-):(\d+)(~?)/g)];
     if (!/^\d/.test(line)) continue;
+    const before = tied;
+    tied = new Map();
     for (const [, string, , pitch, tie] of notes) {
-        if (tied.get(string) !== pitch) expected.push(Number(pitch));
+        if (before.get(string) !== pitch) expected.push(Number(pitch));
         if (tie) tied.set(string, pitch);
-        else tied.delete(string);
     }
 }
 const sorted = (list) => [...list].sort((a, b) => a - b);

@@ -6,7 +6,7 @@ const steps = { C: 0, D: 2, E: 4, F: 5, G: 7, A: 9, B: 11 };
 const sign = (alter) => (alter > 0 ? '#' : alter < 0 ? 'b' : '');
 const chord = (h) =>
     h.root.rootStep + sign(h.root.rootAlter) + (h.kindText ?? '') + (h.bass ? '/' + h.bass.bassStep + sign(h.bass.bassAlter) : '');
-const technical = (entry, kind) => entry.notations?.find((n) => n.technical === kind)?.[kind];
+const technical = (entry, kind) => entry.notations?.find((n) => n.technical === kind)?.[kind] ?? '-';
 
 function note(entry) {
     const midi = 12 * (entry.pitch.octave + 1) + steps[entry.pitch.step] + (entry.pitch.alter ?? 0);

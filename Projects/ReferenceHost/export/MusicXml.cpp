@@ -221,16 +221,22 @@ private:
     }
 
     void WriteNotations(xml_node note, const ModelNote& model, bool isTiedFrom) const {
+        // A stave of the text that is tuned lower than the first one may give notes that its stave type has
+        // no fret for.
+        const bool hasFret = model.Fret >= 0;
+        if (!hasFret && !isTiedFrom && !model.TiedToNext)
+            return;
         xml_node notations = Add(note, "notations");
         if (isTiedFrom)
             Set(Add(notations, "tied"), "type", "stop");
         if (model.TiedToNext)
             Set(Add(notations, "tied"), "type", "start");
+        if (!hasFret)
+            return;
         xml_node technical = Add(notations, "technical");
         // Strings count from 1 at the highest.
         Add(technical, "string", static_cast<int>(m_Score.Tuning.size()) - model.String);
-        if (model.Fret >= 0)
-            Add(technical, "fret", model.Fret);
+        Add(technical, "fret", model.Fret);
     }
 
     void WriteHarmony(xml_node measure, const ModelText& symbol) const {
