@@ -28,14 +28,18 @@ bool WasInterrupted() {
 
 OpeningResult Opening::Open(const Plugin& plugin, const std::filesystem::path& file) {
     m_Result = {};
+    m_HasBegun = false;
     SetHostListener(this);
     m_Result.Taken = plugin.OpenFile(file);
     SetHostListener(nullptr);
+    // A file that was taken and never got as far as the progress dialog was cancelled in the options dialog.
+    m_Result.Cancelled = m_Result.Cancelled || (m_Result.Taken && !m_HasBegun);
     m_Bar.End();
     return std::move(m_Result);
 }
 
 void Opening::OnProgressBegin(const std::string& title) {
+    m_HasBegun = true;
     m_Bar.Begin(title);
 }
 

@@ -15,6 +15,7 @@ class Plugin;
 /// What came of opening one file.
 struct OpeningResult {
     bool Taken = false;
+    /// By Ctrl-C, or in the options dialog.
     bool Cancelled = false;
     /// The bytes of the finished score, when there is one.
     std::optional<std::string> Score;
@@ -35,6 +36,7 @@ private:
     void OnScore(const std::string& path) override;
 
     ProgressBar m_Bar;
+    bool m_HasBegun = false;
     OpeningResult m_Result;
 };
 

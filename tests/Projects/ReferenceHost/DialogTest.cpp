@@ -1,0 +1,160 @@
+// The options dialog as a person meets it: the reference host runs on a pseudo-terminal, keys are typed, the
+// screen and the options file are looked at.
+
+#include "tests/support/TerminalPerson.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+using TestSupport::TerminalPerson;
+
+constexpr int kCells = 80;
+constexpr int kRows = 24;
+constexpr int kDone = 0;
+constexpr int kSomeFailed = 1;
+
+class Dialog : public testing::Test {
+protected:
+    Dialog() {
+        std::string pattern = (fs::temp_directory_path() / "fretline-dialog-XXXXXX").string();
+        m_Folder = mkdtemp(pattern.data());
+        for (const char* name : {"a.tab", "b.tab"}) {
+            std::ofstream tab(m_Folder / name);
+            for (int line = 0; line < 6; ++line)
+                tab << "|------0------|\n";
+        }
+    }
+    ~Dialog() override { fs::remove_all(m_Folder); }
+
+    void Store(const std::string& text) const {
+        fs::create_directory(m_Folder / "config");
+        std::ofstream(m_Folder / "config/FretlineOptions.txt", std::ios::binary) << text;
+    }
+    std::string Stored() const {
+        std::ifstream file(m_Folder / "config/FretlineOptions.txt", std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    /// The host with these files in the folder, on a terminal.
+    std::function<int()> Host(std::vector<const char*> files) const {
+        return [this, files] {
+            if (chdir(m_Folder.c_str()) != 0)
+                return kSomeFailed;
+            std::vector<const char*> arguments{"fretline", "--config", "config"};
+            arguments.insert(arguments.end(), files.begin(), files.end());
+            arguments.push_back(nullptr);
+            execv(FRETLINE_HOST, const_cast<char* const*>(arguments.data()));
+            return kSomeFailed;
+        };
+    }
+
+    fs::path m_Folder;
+};
+
+std::string Level(int level) {
+    return "\r\n{\r\n\tRhythmLevel \"" + std::to_string(level) + "\"\r\n}\r\n";
+}
+
+TEST_F(Dialog, FirstUseShowsTheMiddleChoiceAndWritesTheFile) {
+    TerminalPerson person(kCells, kRows, Host({"a.tab"}));
+    ASSERT_TRUE(person.WaitFor("<* OK *>"));
+    EXPECT_GE(person.RowOf("Open ASCII Tab"), 0);
+    EXPECT_GE(person.RowOf("(*) Only import rhythms when they are indicated"), 0);
+    EXPECT_GE(person.RowOf("[ ] Don't show this again"), 0);
+    EXPECT_EQ(Level(1), Stored()) << "while the dialog is still open";
+    person.Type("\r");
+    EXPECT_EQ(kDone, person.WaitForEnd());
+}
+
+TEST_F(Dialog, TheChoiceIsStoredAndUsed) {
+    TerminalPerson person(kCells, kRows, Host({"a.tab"}));
+    ASSERT_TRUE(person.WaitFor("<* OK *>"));
+    person.Type("a\r");
+    EXPECT_EQ(kDone, person.WaitForEnd());
+    EXPECT_EQ(Level(2), Stored());
+    EXPECT_NE(std::string::npos, person.Transcript().find("Rhythms")) << "the summary follows";
+    TerminalPerson again(kCells, kRows, Host({"a.tab"}));
+    ASSERT_TRUE(again.WaitFor("(*) Always import rhythms"));
+}
+
+TEST_F(Dialog, CancelKeepsTheStoredLevelAndGivesNoScore) {
+    Store(Level(0));
+    TerminalPerson person(kCells, kRows, Host({"a.tab"}));
+    ASSERT_TRUE(person.WaitFor("(*) Never import rhythms"));
+    person.Type("a\x1b");
+    EXPECT_EQ(kSomeFailed, person.WaitForEnd());
+    EXPECT_EQ(Level(0), Stored());
+    EXPECT_FALSE(fs::exists(m_Folder / "a.nvf"));
+}
+
+TEST_F(Dialog, AnOddLevelSelectsNothingAndOkMakesItNever) {
+    Store(Level(7));
+    TerminalPerson person(kCells, kRows, Host({"a.tab"}));
+    ASSERT_TRUE(person.WaitFor("<* OK *>"));
+    EXPECT_LT(person.RowOf("(*)"), 0);
+    person.Type("\r");
+    EXPECT_EQ(kDone, person.WaitForEnd());
+    EXPECT_EQ(Level(0), Stored());
+}
+
+TEST_F(Dialog, TheTickedBoxLastsAsLongAsTheLibrary) {
+    {
+        TerminalPerson person(kCells, kRows, Host({"a.tab", "b.tab"}));
+        ASSERT_TRUE(person.WaitFor("<* OK *>"));
+        person.Type("d\r");
+        EXPECT_EQ(kDone, person.WaitForEnd()) << "nobody is asked for the second file";
+        EXPECT_TRUE(fs::exists(m_Folder / "b.nvf"));
+    }
+    TerminalPerson again(kCells, kRows, Host({"a.tab"}));
+    EXPECT_TRUE(again.WaitFor("[ ] Don't show this again")) << "a new process asks again";
+}
+
+TEST_F(Dialog, ATickedBoxCountsOnlyWithOk) {
+    TerminalPerson person(kCells, kRows, Host({"a.tab", "b.tab"}));
+    ASSERT_TRUE(person.WaitFor("<* OK *>"));
+    person.Type("d");
+    ASSERT_TRUE(person.WaitFor("[x] Don't show this again"));
+    person.Type("\x1b");
+    ASSERT_TRUE(person.WaitFor("[ ] Don't show this again")) << "asked again for the second file";
+    person.Type("\r");
+    EXPECT_EQ(kSomeFailed, person.WaitForEnd());
+    EXPECT_TRUE(fs::exists(m_Folder / "b.nvf"));
+}
+
+TEST_F(Dialog, OtherEntriesOfTheFileStayAndADamagedFileHarmsNothing) {
+    Store(
+        "\r\n{\r\n\tColour \"red\"\r\n\tRhythmLevel \"1\"\r\n\tOther\r\n\t{\r\n\t\tA \"b\"\r\n\t}\r\n}\r\n");
+    {
+        TerminalPerson person(kCells, kRows, Host({"a.tab"}));
+        ASSERT_TRUE(person.WaitFor("<* OK *>"));
+        person.Type("n\r");
+        EXPECT_EQ(kDone, person.WaitForEnd());
+        EXPECT_EQ("\r\n{\r\n\tColour \"red\"\r\n\tRhythmLevel \"0\"\r\n\tOther\r\n\t{\r\n\t\tA "
+                  "\"b\"\r\n\t}\r\n}\r\n",
+                  Stored());
+    }
+    Store("}{ @ nothing that can be read");
+    TerminalPerson person(kCells, kRows, Host({"a.tab"}));
+    ASSERT_TRUE(person.WaitFor("(*) Only import rhythms"));
+    person.Type("\r");
+    EXPECT_EQ(kDone, person.WaitForEnd());
+    EXPECT_EQ(Level(1), Stored());
+}
+
+TEST_F(Dialog, YesAndRhythmsAskNobody) {
+    for (const char* option : {"--yes", "--rhythms=always"}) {
+        TerminalPerson person(kCells, kRows, Host({option, "a.tab"}));
+        EXPECT_EQ(kDone, person.WaitForEnd()) << option;
+        EXPECT_EQ(std::string::npos, person.Transcript().find("Open ASCII Tab")) << option;
+    }
+}
+
+} // namespace
