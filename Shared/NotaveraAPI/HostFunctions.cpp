@@ -1,6 +1,7 @@
 #include "Shared/NotaveraAPI/HostFunctions.h"
 
 #include "Shared/Utils/Dynalink.h"
+#include "Shared/Utils/FloatingPoint.h"
 
 namespace Nvr {
 
@@ -34,6 +35,10 @@ bool BindHostFunctions() {
            Bind(host, "NVR_DESTROYPROGRESSDIALOG", table.DestroyProgressDialog) &&
            Bind(host, "NVR_CREATEPROGRESSDIALOG_2", table.CreateProgressDialog2) &&
            Bind(host, "NVR_CHOOSETRANSPOSINGINSTRUMENTS", table.ChooseTransposingInstruments);
+}
+
+HostCallGuard::~HostCallGuard() {
+    ResetFloatingPoint();
 }
 
 void* ProgressContext() {

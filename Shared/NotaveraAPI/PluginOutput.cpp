@@ -102,6 +102,7 @@ void PluginOutput::Report(ResId id, int kind, String text, bool repeat) {
         // Copies: the host may call back and change what is stored before it has read them.
         const String converterName = State().ConverterName;
         const String fileName = State().FileName;
+        const HostCallGuard guard;
         HostFunctions().ResultsDialogMessage(converterName.CStr(), fileName.CStr(), kind, GetContext1(),
                                              GetContext2(), text.CStr());
     }
@@ -129,6 +130,7 @@ void PluginOutput::ForgetReportedIds() {
 void PluginOutput::UpdateProgressDialog() const {
     const NvrUpdateProgressDialog update = HostFunctions().UpdateProgressDialog;
     const String text = State().LastProgressText;
+    const HostCallGuard guard;
     if (update == nullptr || update(ProgressContext(), m_LastPercent, text.CStr()) == 0)
         throw ConverterCancelled();
 }

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cfenv>
 #include <cstdlib>
 #include <fstream>
 #include <memory>
@@ -70,6 +71,27 @@ TEST_P(ExamplesAtLevel, GiveTheRecordedCallsAndScores) {
         if (recorded != text && std::getenv("FRETLINE_RECORD") != nullptr)
             std::ofstream(recording, std::ios::binary) << text;
     }
+}
+
+TEST(Conversion, DoesNotMindWhatTheHostDoesToTheFloatingPointUnit) {
+    const ConfigFolder config(2);
+    TestSupport::RecordingHost host(FRETLINE_LIBRARY, config.Path());
+    const fs::path tab = FRETLINE_SOURCE_DIR "/examples/when-the-saints.tab";
+    host.Open(tab);
+    const std::string score = host.GetScore();
+    ASSERT_FALSE(score.empty());
+    host.GetHost().Answer = [] {
+        std::fesetround(FE_UPWARD);
+        feenableexcept(FE_DIVBYZERO | FE_INVALID | FE_OVERFLOW | FE_INEXACT);
+        return 1;
+    };
+    host.Open(tab);
+    const int roundingAfter = std::fegetround();
+    const int exceptionsAfter = fegetexcept();
+    host.GetHost().Answer = nullptr;
+    EXPECT_TRUE(host.GetScore() == score) << "the same bytes";
+    EXPECT_EQ(FE_TONEAREST, roundingAfter);
+    EXPECT_EQ(0, exceptionsAfter) << "all exceptions are masked";
 }
 
 INSTANTIATE_TEST_SUITE_P(AllLevels, ExamplesAtLevel, testing::Values(0, 1, 2));

@@ -28,6 +28,7 @@ constexpr int kLastDialogNumber = 30;
 
 void CreateProgressDialog() {
     const String title{Nvr::ResId(kProgressTitleResource)};
+    const Nvr::HostCallGuard guard;
     if (HostFunctions().CreateProgressDialog2 != nullptr)
         HostFunctions().CreateProgressDialog2(Nvr::ProgressContext(), title.CStr(), kLowestPercent,
                                               kHighestPercent, kLastDialogNumber);
@@ -35,16 +36,19 @@ void CreateProgressDialog() {
 
 /// Its answer is not looked at: the dialog has only just come, or is about to go.
 void UpdateProgressDialog(int percent) {
+    const Nvr::HostCallGuard guard;
     if (HostFunctions().UpdateProgressDialog != nullptr)
         HostFunctions().UpdateProgressDialog(Nvr::ProgressContext(), percent, "");
 }
 
 void DestroyProgressDialog() {
+    const Nvr::HostCallGuard guard;
     if (HostFunctions().DestroyProgressDialog != nullptr)
         HostFunctions().DestroyProgressDialog(Nvr::ProgressContext());
 }
 
 void LoadScore(const String& path) {
+    const Nvr::HostCallGuard guard;
     if (HostFunctions().LoadTempFile != nullptr)
         HostFunctions().LoadTempFile(path.CStr());
 }
