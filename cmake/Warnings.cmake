@@ -6,3 +6,8 @@ if(FRETLINE_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
+
+if(FRETLINE_FUZZ)
+    # Every file leaves traces for the fuzzer; the targets themselves are linked with its main program.
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

@@ -7,6 +7,7 @@
 #include "Projects/Fretline/text/TabAnalysis.h"
 #include "Projects/Fretline/text/TabFile.h"
 #include "fuzz/FuzzSupport.h"
+#include "tests/support/FakeOutput.h"
 
 #include <string>
 
@@ -21,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Nvr::String noOptions(FuzzSupport::FreshPath("no-options").c_str());
     Fretline::FretlineOptions options(noOptions);
     options.SetRhythmLevel(data[0] % 3);
-    FuzzSupport::SilentOutput output;
+    TestSupport::FakeOutput output;
     Fretline::TabFile file(input.Path().c_str(), &options, &output);
     Fretline::TabAnalysis analysis(file);
     for (Fretline::TabBar* bar : analysis.GetReadableBars()) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Shared/NotaveraAPI/ConverterOutput.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -27,25 +25,5 @@ private:
 
 /// A path in the same place where nothing is.
 std::string FreshPath(const char* name);
-
-/// Takes everything, says nothing.
-class SilentOutput final : public Nvr::ConverterOutput {
-public:
-    void SetConverterName(Nvr::String /*name*/) override {}
-    void SetFileName(Nvr::String /*name*/) override {}
-    void SetContext1(int /*value*/) override {}
-    void SetContext2(int /*value*/) override {}
-    void SetContext3(std::int16_t /*value*/) override {}
-    Nvr::String GetFileName() override { return {}; }
-    int GetContext1() override { return 0; }
-    int GetContext2() override { return 0; }
-    std::int16_t GetContext3() override { return 0; }
-    Nvr::String GetConverterName() override { return {}; }
-    void SetProgressText(Nvr::String /*text*/) override {}
-    void SetProgress(int /*percent*/, Nvr::String /*text*/) override {}
-    void Report(Nvr::ResId /*id*/, int /*kind*/, Nvr::String /*text*/, bool /*repeat*/) override {}
-    bool GetStatusFlag() override { return true; }
-    bool GetReservedFlag() override { return false; }
-};
 
 } // namespace FuzzSupport

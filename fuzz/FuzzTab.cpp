@@ -7,6 +7,7 @@
 #include "Shared/Utils/tree/TreeNode.h"
 #include "Shared/Utils/tree/TreeNodeIterator.h"
 #include "fuzz/FuzzSupport.h"
+#include "tests/support/FakeOutput.h"
 
 #include <cstdio>
 #include <memory>
@@ -87,7 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Nvr::String noOptions(FuzzSupport::FreshPath("no-options").c_str());
     Fretline::FretlineOptions options(noOptions);
     options.SetRhythmLevel(data[0] % 3);
-    FuzzSupport::SilentOutput output;
+    TestSupport::FakeOutput output;
     const std::unique_ptr<Nvr::TreeNodeRoot> score(TreeNode::LoadFromString(kTemplate));
     const std::string target = FuzzSupport::FreshPath("score");
     bool converted = false;
