@@ -2,6 +2,7 @@
 // The counter "peak_kB" is the largest resident memory of the process so far: run one benchmark at a time
 // (--benchmark_filter) to read it.
 
+#include "Projects/Fretline/text/TabFile.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/TabBook.h"
 
@@ -80,6 +81,19 @@ void ConvertBookWithBeatsAndChords(benchmark::State& state) {
     Convert(state, TestSupport::MakeTabBook(kBook, style, 1));
 }
 BENCHMARK(ConvertBookWithBeatsAndChords)->Unit(benchmark::kMillisecond);
+
+/// The text alone, into its grid of characters.
+void ReadText(benchmark::State& state) {
+    const std::string text = TestSupport::MakeTabBook(kBook, {}, 1);
+    const TabOnDisk tab(text);
+    for ([[maybe_unused]] auto _ : state) {
+        const Fretline::TabFile file(tab.File().c_str(), nullptr, nullptr);
+        benchmark::DoNotOptimize(file.GetMaxLineLength());
+    }
+    state.counters["peak_kB"] = PeakKilobytes();
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+BENCHMARK(ReadText)->Unit(benchmark::kMillisecond);
 
 /// Lines from 60 up in steps of ten: the complexity that is printed says how the cost grows with the text.
 void ConvertByLines(benchmark::State& state) {
