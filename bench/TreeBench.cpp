@@ -48,7 +48,7 @@ std::unique_ptr<TreeNodeRoot> Load(const std::string& stored) {
 
 // Each load begins with an empty string table, as a conversion does.
 void LoadForm(benchmark::State& state, const std::string& stored) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         Nvr::ClearNodeStringTable();
         std::unique_ptr<TreeNodeRoot> tree;
         Time(state, [&] { tree = Load(stored); });
@@ -65,7 +65,7 @@ void LoadText(benchmark::State& state) {
 }
 
 void Flatten(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const auto tree = Load(BinaryForm());
         Time(state, [&] { Fretline::FlattenPartMaps(tree.get()); });
     }
@@ -75,7 +75,7 @@ void Save(benchmark::State& state, bool binary) {
     const auto tree = Load(BinaryForm());
     const Nvr::String path(
         ("/tmp/tree-bench-" + std::to_string(Clock::now().time_since_epoch().count())).c_str());
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         Time(state, [&] { benchmark::DoNotOptimize(tree->SaveToFile(path, binary, true, 0)); });
     }
     std::remove(path.CStr());
@@ -91,7 +91,7 @@ void SaveText(benchmark::State& state) {
 
 void WriteBinary(benchmark::State& state) {
     const auto tree = Load(BinaryForm());
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         std::ostringstream target;
         Nvr::COutStream stream(target);
         Time(state, [&] { tree->WriteToStream(stream, 0, true, true, 0); });
@@ -100,7 +100,7 @@ void WriteBinary(benchmark::State& state) {
 
 void Copy(benchmark::State& state) {
     const auto tree = Load(BinaryForm());
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         std::unique_ptr<TreeNode> copy;
         Time(state, [&] { copy = std::make_unique<TreeNode>(*tree); });
     }
@@ -109,12 +109,12 @@ void Copy(benchmark::State& state) {
 void Compare(benchmark::State& state) {
     const auto tree = Load(BinaryForm());
     const TreeNode copy(*tree);
-    for (auto _ : state)
+    while (state.KeepRunning())
         Time(state, [&] { benchmark::DoNotOptimize(tree->IsSameTree(copy)); });
 }
 
 void Release(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         auto tree = Load(BinaryForm());
         Time(state, [&] { tree.reset(); });
     }

@@ -62,7 +62,7 @@ const std::string& Xml() {
 }
 
 void XmlLoad(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         pugi::xml_document document;
         Time(state, [&] { document.load_buffer(Xml().data(), Xml().size()); });
     }
@@ -71,7 +71,7 @@ void XmlLoad(benchmark::State& state) {
 void XmlWrite(benchmark::State& state) {
     pugi::xml_document document;
     document.load_buffer(Xml().data(), Xml().size());
-    for (auto _ : state)
+    while (state.KeepRunning())
         Time(state, [&] { benchmark::DoNotOptimize(WriteXml(document)); });
 }
 

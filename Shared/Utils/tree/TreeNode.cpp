@@ -86,7 +86,7 @@ void TreeNode::AddChild(TreeNode* node) {
         return;
     std::unique_ptr<TreeNode> held(node);
     NeedChildren().Add(node);
-    held.release();
+    static_cast<void>(held.release());
 }
 
 void TreeNode::AddChildFirst(TreeNode* node) {
@@ -94,7 +94,7 @@ void TreeNode::AddChildFirst(TreeNode* node) {
         return;
     std::unique_ptr<TreeNode> held(node);
     NeedChildren().AddFirst(node);
-    held.release();
+    static_cast<void>(held.release());
 }
 
 void TreeNode::InsertChild(TreeNode* node, int index) {
@@ -110,7 +110,7 @@ void TreeNode::InsertChild(TreeNode* node, int index) {
         return;
     std::unique_ptr<TreeNode> held(node);
     m_Children->Insert(node, index);
-    held.release();
+    static_cast<void>(held.release());
 }
 
 void TreeNode::MergeChild(TreeNode* node) {

@@ -53,7 +53,7 @@ std::unique_ptr<TreeNodeRoot> TreeNodeBinaryParser::Parse(std::unique_ptr<TreeNo
     }
     if (m_HasError)
         return nullptr;
-    m_Finished.back().release();
+    static_cast<void>(m_Finished.back().release());
     return std::unique_ptr<TreeNodeRoot>(wholeTree);
 }
 
@@ -115,7 +115,8 @@ void TreeNodeBinaryParser::CloseLastNode() {
 const String& TreeNodeBinaryParser::ReadString() {
     int tag = 0;
     std::uint32_t number = 0;
-    if (const std::uint8_t* const field = m_Reader.TakeInPlace(kStringFieldSize)) {
+    if (m_Reader.BytesAtHand() >= kStringFieldSize) {
+        const std::uint8_t* const field = m_Reader.TakeInPlace(kStringFieldSize);
         tag = field[0];
         number = FromBigEndian(field + 1);
     } else {
@@ -146,8 +147,8 @@ const String& TreeNodeBinaryParser::ReadNewString(std::uint32_t length) {
 }
 
 std::string_view TreeNodeBinaryParser::ReadStringBytes(std::uint32_t length) {
-    if (const std::uint8_t* const bytes = m_Reader.TakeInPlace(length))
-        return {reinterpret_cast<const char*>(bytes), length};
+    if (m_Reader.BytesAtHand() >= length)
+        return {reinterpret_cast<const char*>(m_Reader.TakeInPlace(length)), length};
     m_StringBytes.Clear();
     m_Reader.ReadBytesInto(m_StringBytes, length);
     return m_StringBytes.View();
@@ -165,8 +166,8 @@ String TreeNodeBinaryParser::StringFromUtf16(std::string_view bytes) {
 
 bool TreeNodeBinaryParser::ReadNumber(std::uint32_t& number) {
     std::array<std::uint8_t, 4> bytes{};
-    if (const std::uint8_t* const inPlace = m_Reader.TakeInPlace(bytes.size())) {
-        number = FromBigEndian(inPlace);
+    if (m_Reader.BytesAtHand() >= bytes.size()) {
+        number = FromBigEndian(m_Reader.TakeInPlace(bytes.size()));
         return true;
     }
     for (std::uint8_t& byte : bytes) {

@@ -57,7 +57,7 @@ void TreeNodeList::AppendCopiesOf(const TreeNodeList& other) {
             auto copy = std::make_unique<TreeNode>(source.m_Label, source.m_Value);
             TreeNode& added = *copy;
             to->Add(copy.get());
-            copy.release();
+            static_cast<void>(copy.release());
             if (source.GetChildCount() == 0)
                 continue;
             added.m_Children = new TreeNodeList;

@@ -127,7 +127,7 @@ bool TreeNodeReader::Refill() {
     const auto kept = std::min<std::ptrdiff_t>(m_Cursor - m_Start, kMostBytesTakenBack);
     const auto fresh = std::copy(m_Cursor - kept, m_Cursor, m_Block.begin());
     const std::size_t count = m_Stream->Read(&*fresh, kBlockSize);
-    m_Start = m_Block.data();
+    m_Start = &m_Block.front();
     m_Cursor = m_Start + kept;
     m_WindowEnd = m_Cursor + count;
     m_EndSeen = count == 0;

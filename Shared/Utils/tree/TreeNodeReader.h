@@ -62,17 +62,15 @@ public:
     bool ReadBytesInto(ByteBuffer& buffer, std::size_t count);
     /// The next byte, or -1 when there is none.
     int ReadByte() { return m_Cursor != m_WindowEnd || Refill() ? *m_Cursor++ : -1; }
-    /// The next `count` bytes in place, taken as read; null when they do not lie together in memory. Valid
-    /// until the next read.
+    /// How many bytes lie together in memory; more may follow in a stream.
+    std::size_t BytesAtHand() const { return static_cast<std::size_t>(m_WindowEnd - m_Cursor); }
+    /// The next `count` bytes where they lie, taken as read. Not more than there are at hand; valid until the
+    /// next read.
     const std::uint8_t* TakeInPlace(std::size_t count) {
-        if (static_cast<std::size_t>(m_WindowEnd - m_Cursor) < count)
-            return nullptr;
         const std::uint8_t* const bytes = m_Cursor;
         m_Cursor += count;
         return bytes;
     }
-    /// How many bytes lie in memory; more may follow in a stream.
-    std::size_t BytesAtHand() const { return static_cast<std::size_t>(m_WindowEnd - m_Cursor); }
     /// Back to the start of the source.
     void Rewind();
     /// Takes back the last bytes read; up to kMostBytesTakenBack.

@@ -30,7 +30,7 @@ std::unique_ptr<TreeNodeRoot> TreeNodeTextParser::Parse(std::unique_ptr<TreeNode
     }
     if (m_HasError)
         return nullptr;
-    m_Open.back().release();
+    static_cast<void>(m_Open.back().release());
     return std::unique_ptr<TreeNodeRoot>(wholeTree);
 }
 

@@ -3,7 +3,6 @@
 #include "Shared/Utils/tree/TreeNodeVisitor.h"
 #include "Shared/Utils/tree/TreeNodeWalk.h"
 
-using Nvr::String;
 using Nvr::TreeNode;
 using Nvr::TreeNodeReader;
 
