@@ -73,10 +73,12 @@ public:
     }
     /// Back to the start of the source.
     void Rewind();
-    /// Takes back the last bytes read; up to kMostBytesTakenBack.
-    void SkipBack(std::size_t count) { m_Cursor -= count; }
-    /// Makes a stream at its end look as before the read that found nothing.
-    void ForgetEnd() { m_EndSeen = false; }
+    /// Takes back the last bytes read, up to kMostBytesTakenBack. A stream whose end was seen by that read
+    /// looks as before it, also when the read found nothing and `count` is 0.
+    void SkipBack(std::size_t count) {
+        m_Cursor -= count;
+        m_EndSeen = false;
+    }
 
     SourceKind GetKind() const { return m_Kind; }
     const String& GetFileName() const { return m_FileName; }

@@ -5,6 +5,7 @@
 #include "Shared/Utils/tree/TreeNode.h"
 #include "Shared/Utils/tree/TreeNodeReader.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -53,10 +54,11 @@ private:
     Token ReadLabelToken(int first);
     Token EndOfStream();
     /// The next character as a byte; -1 when there was none left.
-    int ReadCharacter() { return m_IsUnicode ? ReadUtf16Character() : m_Reader.ReadByte(); }
+    int ReadCharacter() { return m_IsUnicode ? ReadUtf16Character() : Read8BitCharacter(); }
+    int Read8BitCharacter();
     int ReadUtf16Character();
     /// Gives back the character behind a token, by which its end was seen.
-    void SkipBackBehindToken(int character);
+    void SkipBackCharacter() { m_Reader.SkipBack(m_CharacterSize); }
     void Append(int character) { m_TokenText.AppendByte(static_cast<std::uint8_t>(character)); }
     String TokenText() const { return String(m_TokenText.View()); }
     void RaiseError(const char* message);
@@ -67,6 +69,8 @@ private:
     ByteBuffer m_TokenText;
     bool m_HasError = false;
     std::uint16_t m_Line = 0;
+    /// Bytes of the last character read; 0 when there was none left.
+    std::size_t m_CharacterSize = 0;
     bool m_IsUnicode;
     bool m_IsBigEndian;
     String m_StopLabel;

@@ -92,7 +92,7 @@ TreeNodeTextParser::Token TreeNodeTextParser::ReadTextToken() {
         if (character == '"') {
             character = ReadCharacter();
             if (character != '"') {
-                SkipBackBehindToken(character);
+                SkipBackCharacter();
                 break;
             }
         }
@@ -109,15 +109,8 @@ TreeNodeTextParser::Token TreeNodeTextParser::ReadLabelToken(int first) {
             return Token::Label;
         character = ReadCharacter();
     } while (character != kNoCharacter && KindOf(character) == CharacterKind::Label);
-    SkipBackBehindToken(character);
+    SkipBackCharacter();
     return Token::Label;
-}
-
-void TreeNodeTextParser::SkipBackBehindToken(int character) {
-    if (character == kNoCharacter)
-        m_Reader.ForgetEnd();
-    else
-        m_Reader.SkipBack(m_IsUnicode ? 2 : 1);
 }
 
 TreeNodeTextParser::Token TreeNodeTextParser::EndOfStream() {
@@ -127,9 +120,22 @@ TreeNodeTextParser::Token TreeNodeTextParser::EndOfStream() {
     return Token::Nothing;
 }
 
+int TreeNodeTextParser::Read8BitCharacter() {
+    const int byte = m_Reader.ReadByte();
+    m_CharacterSize = byte < 0 ? 0 : 1;
+    return byte;
+}
+
 int TreeNodeTextParser::ReadUtf16Character() {
     std::array<std::uint8_t, 2> bytes{};
-    if (m_Reader.ReadBytes(bytes.data(), bytes.size()))
+    m_CharacterSize = 0;
+    while (m_CharacterSize < bytes.size()) {
+        const int byte = m_Reader.ReadByte();
+        if (byte < 0)
+            break;
+        bytes[m_CharacterSize++] = static_cast<std::uint8_t>(byte);
+    }
+    if (m_CharacterSize == 0)
         return kNoCharacter;
     const char16_t unit =
         m_IsBigEndian ? UnitFromBytes(bytes[0], bytes[1]) : UnitFromBytes(bytes[1], bytes[0]);

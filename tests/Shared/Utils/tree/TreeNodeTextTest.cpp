@@ -164,6 +164,10 @@ TEST_F(TreeNodeTextTest, Utf16IsConvertedToTheSystemCodePage) {
     // Half a character has a 0 for the other half.
     EXPECT_EQ(Outline(LoadBytes(Bytes("FF FE 'A' 00 'B'")).get()), "AB");
     EXPECT_EQ(Outline(LoadBytes(Bytes("FE FF")).get()), "");
+    // It is looked at once, also where it ends a label.
+    EXPECT_EQ(Outline(LoadBytes(Bytes("FF FE 'A' 00 ' '")).get()), "A");
+    EXPECT_EQ(Outline(LoadBytes(Bytes("FF FE 'A' 00 '{' 00 'B' 00 '}'")).get()), "A(B)");
+    EXPECT_EQ(Outline(LoadAsStream(Bytes("FF FE 'A' 00 '{' 00 'B' 00 '}'")).get()), "A(B)");
 }
 
 TEST_F(TreeNodeTextTest, IsWrittenALineANode) {
