@@ -60,7 +60,7 @@ private:
 
     void AddColumn(int string, int fret) {
         for (std::size_t row = 0; row < m_Rows.size(); ++row)
-            m_Rows[row] += static_cast<int>(row) == string ? std::to_string(fret % 10) : "-";
+            m_Rows[row] += static_cast<int>(row) == string ? static_cast<char>('0' + fret % 10) : '-';
     }
 
     static void Put(std::string& line, std::size_t column, const std::string& text) {
@@ -81,12 +81,12 @@ private:
         if (m_Style.HasTimeSignatures)
             text.append("  ").append(kSignatures[Pick(kSignatures.size())]).append("\n");
         if (m_Style.HasChords)
-            text += m_Chords + "\n";
+            text.append(m_Chords).append("\n");
         if (m_Style.RhythmLine != 0)
-            text += m_Rhythm + "\n";
+            text.append(m_Rhythm).append("\n");
         for (const std::string& row : m_Rows)
-            text += row + "\n";
-        return text + "\n";
+            text.append(row).append("\n");
+        return text.append("\n");
     }
 
     const TabBookStyle& m_Style;
