@@ -88,16 +88,16 @@ TEST(TabAnalysis, NumbersScoreBarsFromOne) {
     EXPECT_TRUE(text.Analysis.HasRhythms());
 
     const struct {
-        int Length;
         const char* Label;
+        int Length;
         bool HasChords;
-    } expected[] = {{512, "Intro", true},
-                    {512, nullptr, true},
-                    {512, nullptr, true},
-                    {512, "Outro", false},
-                    {512, nullptr, false}};
+    } expected[] = {{"Intro", 512, true},
+                    {nullptr, 512, true},
+                    {nullptr, 512, true},
+                    {"Outro", 512, false},
+                    {nullptr, 512, false}};
     for (int bar = 1; bar <= text.Count; ++bar) {
-        const auto& [length, label, hasChords] = expected[bar - 1];
+        const auto& [label, length, hasChords] = expected[bar - 1];
         EXPECT_EQ(text.Analysis.BarLengthOf(bar), length) << bar;
         EXPECT_EQ(text.Analysis.TimeSignatureOf(bar), text.Analysis.GetTimeSignatures()[0].get()) << bar;
         EXPECT_EQ(text.Analysis.BarHasChords(bar), hasChords) << bar;

@@ -13,6 +13,7 @@ using namespace std::string_view_literals;
 
 std::vector<std::string> LinesOf(const TabFile& file) {
     std::vector<std::string> lines;
+    lines.reserve(static_cast<std::size_t>(file.GetLineCount()));
     for (int line = 0; line < file.GetLineCount(); ++line)
         lines.emplace_back(file.GetLine(line));
     return lines;
@@ -112,23 +113,22 @@ TEST(TabFile, FindsCharacters) {
 TEST(TabFile, FindsTextInAnyCase) {
     const struct {
         const char* Line;
-        int Start;
+        int Start, Column;
         const char* Text;
-        int Column;
         const char* Why;
     } cases[] = {
-        {"  VERSE", 0, "verse", 2, "capitals"},
-        {"  Verse", 0, "verse", 2, "a capital at its start"},
-        {"verse", 0, "verse", 0, "the whole line"},
-        {"verse verse", 1, "verse", 6, "from the start column on"},
-        {"vers", 0, "verse", -1, "cut off by the line's end"},
-        {"verse", 5, "verse", -1, "a start at the line's end"},
-        {"verse", 99, "verse", -1, "a start beyond it"},
-        {"rriff", 0, "riff", -1, "what breaks a match is not tried again as its start"},
-        {"rrriff", 0, "riff", 2, "the next character is"},
-        {"ver verse", 0, "verse", 4, "a part of the text in front of it"},
-        {"VERSE\xC9", 0, "\xC9", 5, "bytes beyond ASCII have no case"},
-        {"verse", 0, "", -1, "nothing is nowhere"},
+        {"  VERSE", 0, 2, "verse", "capitals"},
+        {"  Verse", 0, 2, "verse", "a capital at its start"},
+        {"verse", 0, 0, "verse", "the whole line"},
+        {"verse verse", 1, 6, "verse", "from the start column on"},
+        {"vers", 0, -1, "verse", "cut off by the line's end"},
+        {"verse", 5, -1, "verse", "a start at the line's end"},
+        {"verse", 99, -1, "verse", "a start beyond it"},
+        {"rriff", 0, -1, "riff", "what breaks a match is not tried again as its start"},
+        {"rrriff", 0, 2, "riff", "the next character is"},
+        {"ver verse", 0, 4, "verse", "a part of the text in front of it"},
+        {"VERSE\xC9", 0, 5, "\xC9", "bytes beyond ASCII have no case"},
+        {"verse", 0, -1, "", "nothing is nowhere"},
     };
     for (const auto& row : cases)
         EXPECT_EQ(TabText(row.Line).File.FindText(0, row.Start, row.Text), row.Column) << row.Why;
