@@ -164,19 +164,30 @@ TEST(RunStatistics, TakesTheLeftmostOfEqualLetterColumns) {
 }
 
 TEST(RunStatistics, JudgesAtTheVeryShare) {
-    const auto isReal = [](int hyphens, int others, int blanks) {
-        const auto run = [](char c, int count) { return std::string(static_cast<std::size_t>(count), c); };
-        const TabText text(run('-', 30) + run(' ', 10) + '\n' + run('-', hyphens) + run('.', others) +
-                           run(' ', blanks));
-        return RunStatistics(text.File, {0, 1}).IsRealStaveLine(1);
+    // A second line beside one of 100 hyphens and 20 blanks, or of 30 and 10 where division leaves a rest.
+    const struct {
+        int Hyphens, Others, Blanks;
+        bool IsBesideShortOne, IsReal;
+        const char* Why;
+    } cases[] = {
+        {65, 0, 55, false, true, "65 of 100 hyphens"},
+        {64, 0, 56, false, false, "one less, and 56 blanks where the average of 38 allows 45"},
+        {19, 0, 21, true, true, "65% of 30 are 19.5, taken as 19"},
+        {18, 0, 22, true, false, "one less, and 22 blanks where the average of 16 allows 19"},
+        {0, 90, 30, false, true, "30 blanks: the average is 25 and allows just these"},
+        {0, 89, 31, false, false, "31: the average of 25.5 is taken as 25"},
+        {0, 26, 14, true, true, "14: the average of 12 allows 14.4, taken as 14"},
+        {0, 25, 15, true, false, "15: the average of 12.5 allows no more"},
     };
-    // 65% of 30 hyphens are 19.5, taken as 19.
-    EXPECT_TRUE(isReal(19, 0, 21));
-    EXPECT_FALSE(isReal(18, 0, 22));
-    // 15 blanks against an average of 12, of which 120% are 14.4, taken as 14.
-    EXPECT_FALSE(isReal(0, 25, 15));
-    // 14 against 12 again.
-    EXPECT_TRUE(isReal(0, 26, 14));
+    const auto times = [](char c, int count) { return std::string(static_cast<std::size_t>(count), c); };
+    for (const auto& row : cases) {
+        const std::string first =
+            row.IsBesideShortOne ? times('-', 30) + times(' ', 10) : times('-', 100) + times(' ', 20);
+        const std::string second = times('-', row.Hyphens) + times('.', row.Others) + times(' ', row.Blanks);
+        ASSERT_EQ(first.size(), second.size());
+        const TabText text(first + '\n' + second);
+        EXPECT_EQ(RunStatistics(text.File, {0, 1}).IsRealStaveLine(1), row.IsReal) << row.Why;
+    }
 }
 
 TEST(RunStatistics, StandsOneVeryLongLineAmongManyShortOnes) {
