@@ -141,14 +141,13 @@ void TabAnalysis::AssignTimeSignatures() {
 
 void TabAnalysis::AssignTimeSignaturesOf(const TabStave& stave, int topLine, const TabTimeSignature*& current,
                                          int length) {
-    const bool mayChange = m_TimeSignatures.size() > 1;
     const SignaturesAboveStave above(m_TimeSignatures, topLine, stave.GetFirstLine());
     for (const std::unique_ptr<TabBar>& bar : stave.GetBars()) {
         if (!bar->HasDash())
             continue;
         const int left = std::max(bar->GetStartColumn() - kColumnsInFrontOfBar, 0);
-        const TabTimeSignature* found = above.FirstWithin(left, left + bar->GetWidth());
-        if (mayChange && found != nullptr)
+        // The only one of a file is current from the start, and finding it again changes nothing.
+        if (const TabTimeSignature* found = above.FirstWithin(left, left + bar->GetWidth()))
             current = found;
         bar->SetTimeSignature(current);
         bar->SetBarLength(length);
