@@ -142,7 +142,7 @@ std::string MakeOddTab(std::uint32_t seed) {
     Disturb(text, dice);
     if (dice.Roll(5) == 0)
         for (std::size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 2))
-            text.insert(at, "\r");
+            text.insert(at, 1, '\r');
     return text;
 }
 
