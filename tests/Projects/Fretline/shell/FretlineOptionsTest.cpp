@@ -17,18 +17,11 @@ std::string ReadAll(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TEST(FretlineOptions, LieInTheFolderOfTheHost) {
-    EXPECT_EQ(FretlineOptions::PathIn("/some/folder"), "/some/folder/FretlineOptions.txt");
-    EXPECT_EQ(FretlineOptions::PathIn("/some/folder/"), "/some/folder/FretlineOptions.txt");
-}
-
 TEST(FretlineOptions, LoadTheLevelOrTheDefault) {
-    struct Case {
-        const char* Why;
-        const char* Bytes;
+    const struct {
+        const char *Why, *Bytes;
         int Level;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"as stored", "\r\n{\r\n\tRhythmLevel \"2\"\r\n}\r\n", 2},
         {"a level that means nothing stays as it is", "\r\n{\r\n\tRhythmLevel \"7\"\r\n}\r\n", 7},
         {"a word is no number", "\r\n{\r\n\tRhythmLevel \"always\"\r\n}\r\n", 0},
@@ -37,7 +30,7 @@ TEST(FretlineOptions, LoadTheLevelOrTheDefault) {
         {"empty", "", 1},
     };
     const TestSupport::ScratchFolder folder;
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         const String path(folder.Write("options.txt", row.Bytes).c_str());
         EXPECT_EQ(FretlineOptions(path).GetRhythmLevel(), row.Level) << row.Why;
     }
@@ -68,7 +61,7 @@ TEST(FretlineOptions, SaveKeepsWhatItDoesNotKnow) {
 
 TEST(FretlineOptions, SaveMakesANewFileInTheTextForm) {
     const TestSupport::ScratchFolder folder;
-    const String path((folder.Path() / "new.txt").c_str());
+    const String path(FretlineOptions::PathIn(folder.Path().c_str()));
     FretlineOptions(path).Save();
     EXPECT_EQ(ReadAll(path.CStr()), "\r\n{\r\n\tRhythmLevel \"1\"\r\n}\r\n");
 }

@@ -45,6 +45,12 @@ TabBar& BarText::BarAt(int firstLine, int lineCount, std::size_t index) {
     return bar;
 }
 
+TabBar& BarText::ReadAt(int firstLine, int lineCount) {
+    TabBar& bar = BarAt(firstLine, lineCount);
+    bar.ReadBar(nullptr);
+    return bar;
+}
+
 std::string ColumnsOf(const TabBar& bar) {
     std::string text;
     for (const auto& [key, column] : bar.GetColumns()) {

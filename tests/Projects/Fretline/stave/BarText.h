@@ -24,6 +24,8 @@ public:
     TabAnalysis& Analysis() { return m_Analysis; }
     /// A bar of the stave that stands at these lines, whether or not the analysis takes them for one.
     TabBar& BarAt(int firstLine, int lineCount, std::size_t index = 0);
+    /// The same, and read.
+    TabBar& ReadAt(int firstLine, int lineCount);
 
 private:
     Nvr::String m_NoPath;

@@ -37,16 +37,14 @@ protected:
 TEST_F(Cost, OfManyColumnsInOneRun) {
     // Every column of the first line stays single, so the second line is one long run read from each of them.
     BarText text({std::string(2 * kMany, '9'), std::string(2 * kMany, '0')});
-    TabBar& bar = text.BarAt(0, 2);
-    bar.ReadBar(nullptr);
+    const TabBar& bar = text.ReadAt(0, 2);
     EXPECT_EQ(bar.GetColumns().size(), 2 * kMany);
     EXPECT_EQ(bar.GetScoreBars().at(0)->m_Items.size(), 2 * kMany);
 }
 
 TEST_F(Cost, OfManyChords) {
     BarText text({Repeated("C ", kMany), Repeated("5-", kMany), Repeated("--", kMany)});
-    TabBar& bar = text.BarAt(1, 2);
-    bar.ReadBar(nullptr);
+    const TabBar& bar = text.ReadAt(1, 2);
     EXPECT_EQ(bar.GetChords().size(), kMany);
     const std::vector<ChordReading> readings = bar.GetChordReadings();
     EXPECT_TRUE(std::ranges::all_of(readings, &ChordReading::m_Written));
@@ -56,8 +54,7 @@ TEST_F(Cost, OfAChordOfManyTokens) {
     std::string chords = "C";
     chords += Repeated(" m", kMany) + Repeated(" (7", kMany / 2);
     BarText text({chords, Repeated("5-", 2 * kMany), Repeated("--", 2 * kMany)});
-    TabBar& bar = text.BarAt(1, 2);
-    bar.ReadBar(nullptr);
+    const TabBar& bar = text.ReadAt(1, 2);
     EXPECT_EQ(bar.GetChords().size(), 1U);
     EXPECT_EQ(bar.GetChords().front()->m_Tokens.size(), 2 * kMany);
 }
@@ -75,8 +72,7 @@ TEST_F(Cost, OfManyScoreBars) {
 
 TEST_F(Cost, OfManyTiesAndLetters) {
     BarText text({Repeated(" -Q", kMany), Repeated("--5", kMany), Repeated("---", kMany)});
-    TabBar& bar = text.BarAt(1, 2);
-    bar.ReadBar(nullptr);
+    const TabBar& bar = text.ReadAt(1, 2);
     ASSERT_EQ(bar.ScoreBarCount(), 1);
     const std::vector<BarItem>& items = bar.GetScoreBars().front()->m_Items;
     ASSERT_EQ(items.size(), kMany);
@@ -89,16 +85,14 @@ TEST_F(Cost, OfManyColumnsAtOneTime) {
     letters.front() = 'H';
     letters.back() = 'H';
     BarText text({letters, Repeated("5-", kMany + 1), Repeated("--", kMany + 1)});
-    TabBar& bar = text.BarAt(1, 2);
-    bar.ReadBar(nullptr);
+    const TabBar& bar = text.ReadAt(1, 2);
     EXPECT_GT(bar.GetColumns().size(), 90 * kMany / 100);
     EXPECT_LT(bar.GetScoreBars().at(0)->m_Items.size(), 50U);
 }
 
 TEST_F(Cost, OfManyBeats) {
     BarText text({Repeated("1 ", kMany), Repeated("5-", kMany), Repeated("--", kMany)});
-    TabBar& bar = text.BarAt(1, 2);
-    bar.ReadBar(nullptr);
+    const TabBar& bar = text.ReadAt(1, 2);
     EXPECT_EQ(bar.GetRhythmLine().m_Kind, RhythmLineKind::BeatPositions);
     EXPECT_EQ(bar.GetBarLength(), 256 * static_cast<int>(kMany));
 }
