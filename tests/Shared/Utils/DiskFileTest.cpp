@@ -244,6 +244,18 @@ TEST(DiskFile, DeletedWithUndoIsInTheTrash) {
     }
 }
 
+TEST(DiskFile, TrashKeepsAFileThatHasLostItsNote) {
+    const Scratch scratch;
+    const Environment data("XDG_DATA_HOME", scratch.Path("data"));
+    std::filesystem::create_directories(scratch.Path("data/Trash/files"));
+    scratch.Write("data/Trash/files/a", "earlier");
+    const DiskFile file(String(scratch.Write("a", "later")));
+    EXPECT_FALSE(file.Delete(true));
+    EXPECT_TRUE(file.Exists());
+    EXPECT_EQ(ReadAll(scratch.Path("data/Trash/files/a")), "earlier");
+    EXPECT_TRUE(std::filesystem::is_empty(scratch.Path("data/Trash/info")));
+}
+
 TEST(DiskFile, WithoutATrashTheFileStays) {
     const Scratch scratch;
     const DiskFile file(String(scratch.Write("a", "x")));

@@ -35,6 +35,8 @@ TEST_F(SettingsTest, KeysBecomeNodesInTheStoresOrder) {
         {"", "\r\n", "nothing stored"},
         {"[Software\\Vendor\\Product]\nSection2 = 1\n", "\r\n", "another group"},
         {kGroup, "\r\n", "a group with nothing in it"},
+        {std::string(kGroup) + "[Software\\Vendor\\Product\\Next]\na = 1\n", "\r\n",
+         "the next group is not read"},
         {std::string(kGroup) + "b = 2\na = 1\n", "\r\n{\r\n\tb \"2\"\r\n\ta \"1\"\r\n}\r\n", "order kept"},
         {std::string(kGroup) + "= own\r\n x \t=  y = z \r\n", " \"own\"\r\n{\r\n\tx \"y = z\"\r\n}\r\n",
          "the group's own value; blanks and line ends of other systems"},
