@@ -153,18 +153,17 @@ TEST(BuildScore, WritesTheWorkedExampleChildForChild) {
 }
 
 TEST(BuildScore, TakesFourStringsForABassAndMakesItsStaveType) {
-    struct Case {
+    const struct {
         int Strings;
         const char* Names;
         int Program;
         const char* StaveType;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {4, "Bass guitar/Bass Guitar/Bass", 33, "stafftype.tab.6.guitar.standard.fretline.56667686"},
         {5, "Guitar/Guitar/Gtr.", 25, "stafftype.tab.6.guitar.standard.fretline.8090100110118"},
         {6, "Guitar/Guitar/Gtr.", 25, "stafftype.tab.6.guitar.standard"},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         Conversion conversion(Stave(row.Strings, {"--0-----------"}));
         ASSERT_TRUE(conversion.Build());
         const TreeNode& music = *conversion.Root.FindChild("Music");
@@ -181,30 +180,16 @@ TEST(BuildScore, TakesFourStringsForABassAndMakesItsStaveType) {
     }
 }
 
-TEST(BuildScore, ANewStaveTypeIsNamedByItsStringsAndStandsOnTheBaseWithRhythms) {
-    const std::string tab =
-        "E|--0---2---|\nB|----------|\nG|----------|\nD|----------|\nA|----------|\nD|----------|\n";
-    Conversion conversion(tab, kRhythmsAlways);
-    ASSERT_TRUE(conversion.Build());
-    const TreeNode* const created = conversion.Root.FindChild("Music")->FindChild("StaveTypes")->GetChild(2);
-    ASSERT_NE(created, nullptr);
-    EXPECT_EQ(Value(*created, "Id"), "stafftype.tab.6.rhythms.guitar.standard.fretline.7690100110118128");
-    EXPECT_EQ(Value(*created, "Name"), "tab 7690100110118128");
-    EXPECT_EQ(created->GetChildValue("BarlineDy", 0), 120);
-}
-
 TEST(BuildScore, ReportsProgressBehindEachBar) {
-    struct Case {
+    const struct {
         std::initializer_list<const char*> Bars;
         std::vector<int> Percents;
-    };
-    const Case cases[] = {
-        {{"--0----------"}, {20}},
+    } cases[] = {
         {{"--0-----", "--1-----"}, {20, 50}},
         {{"--0---", "--1---", "-----2--", "--3-----", "--4-----", "--4-----", "--4-----"},
          {20, 28, 37, 45, 54, 62, 71}},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         Conversion conversion(Stave(6, row.Bars));
         ASSERT_TRUE(conversion.Build());
         EXPECT_EQ(conversion.Percents(), row.Percents);
@@ -225,17 +210,6 @@ TEST(BuildScore, WritesASignatureWhereItDiffersFromTheBarBefore) {
               "\n");
 }
 
-TEST(BuildScore, ABarWithoutSignatureForgetsTheOneBefore) {
-    const std::string signature = "  3/4 \n";
-    Conversion conversion(signature + Stave(6, {"--0-----", "--0-----", "--0-----"}));
-    conversion.Analysis->GetReadableBars()[1]->SetTimeSignature(nullptr);
-    ASSERT_TRUE(conversion.Build());
-    const std::string written = conversion.SystemBars();
-    EXPECT_EQ(written.substr(0, 7), " Items(");
-    EXPECT_EQ(written.find("\n\n Items("), written.find('\n'))
-        << "none for the second, the same again for the third";
-}
-
 std::string LabelText(const char* text, int dy) {
     const std::string height = std::to_string(dy);
     const std::string position = "(Type=YPosition Visible=True Y=" + height + ")";
@@ -245,13 +219,11 @@ std::string LabelText(const char* text, int dy) {
 }
 
 TEST(BuildScore, LabelsAndChordsMakeRoom) {
-    struct Case {
+    const struct {
         const char* Why;
-        std::string Above;
-        std::string SystemBars;
+        std::string Above, SystemBars;
         const char* Spacings;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"a label over the first bar leaves the template's spacing alone", " Intro\n",
          LabelText("Intro", 32) + " GapBelowStave=400\n\n", "0/none 128/7 128/7 "},
         {"a label over the second bar marks the spacing before it", "          Verse 1\n",
@@ -260,7 +232,7 @@ TEST(BuildScore, LabelsAndChordsMakeRoom) {
         {"a label over chords stands higher", " Intro\n  Am\n",
          LabelText("Intro", 128) + " GapBelowStave=400\n\n", "0/none 128/7 128/7 "},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         Conversion conversion(row.Above + Stave(6, {"--0-----", "--0-----"}));
         ASSERT_TRUE(conversion.Build());
         EXPECT_EQ(conversion.SystemBars(), row.SystemBars) << row.Why;
@@ -311,15 +283,6 @@ TEST(BuildScore, LeavesOutWhatTheTemplateLacks) {
         EXPECT_TRUE(conversion.Build()) << missing;
         EXPECT_EQ(music->FindChild("Staves")->GetChild(0)->FindChild("Bars")->GetChildCount(), 3) << missing;
     }
-}
-
-TEST(BuildScore, ACancelComesThrough) {
-    Conversion conversion(Stave(6, {"--0-----", "--0-----"}));
-    conversion.Output.OnProgress = [](int percent) {
-        if (percent == 50)
-            throw Nvr::ConverterCancelled();
-    };
-    EXPECT_THROW(conversion.Build(), Nvr::ConverterCancelled);
 }
 
 } // namespace

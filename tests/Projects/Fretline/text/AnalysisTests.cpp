@@ -31,25 +31,6 @@ TEST(TabAnalysis, IsEmptyWithoutStaves) {
     EXPECT_EQ(analysis.ScoreBarCount(), 0);
 }
 
-TEST(TabAnalysis, ListsReadableBarsStaveByStave) {
-    TabText text(Stave("E|-|xx|--") + "\n" + Stave("---"));
-    const TabAnalysis analysis(text.File);
-    ASSERT_EQ(analysis.GetStaves().size(), 2U);
-    const auto& first = analysis.GetStaves()[0]->GetBars();
-    const auto& second = analysis.GetStaves()[1]->GetBars();
-    const std::vector<TabBar*> expected = {first[1].get(), first[3].get(), second[0].get()};
-    EXPECT_EQ(analysis.GetReadableBars(), expected);
-}
-
-TEST(TabAnalysis, KnowsTheLinesOfItsStaves) {
-    TabText text("title\n" + Stave("-----") + "words\n" + Stave("-----") + Stave("-----") + "\n");
-    const TabAnalysis analysis(text.File);
-    const std::string expected = ".****.********..";
-    ASSERT_EQ(text.File.GetLineCount(), static_cast<int>(expected.size()));
-    for (int line = 0; line < text.File.GetLineCount(); ++line)
-        EXPECT_EQ(analysis.IsStaveLine(line), expected[static_cast<std::size_t>(line)] == '*') << line;
-}
-
 /// A text whose rhythms are always taken from the spacing, so that a stave without barlines gives several
 /// score bars, and whose bars have been read.
 struct ReadText {

@@ -67,9 +67,7 @@ TEST(StaveDetection, FindsStavesAndSaysWhatItDrops) {
         std::vector<FakeOutput::Message> Messages;
         const char* Why;
     } cases[] = {
-        {"", {}, {}, "nothing at all"},
         {"words\nand more words\n", {}, {}, "text without a candidate"},
-        {stave, {{0, 6}}, {}, "six lines"},
         {"a title\n\n" + stave + "\n" + stave, {{2, 6}, {9, 6}}, {}, "two staves with a gap between"},
         {std::string("\n") + Dashes(20) + "\n",
          {},
@@ -81,16 +79,10 @@ TEST(StaveDetection, FindsStavesAndSaysWhatItDrops) {
         {"--", {}, {LinesIgnored(1, 1)}, "the last line of a file without a line end"},
         {Repeat(Dashes(20), 4), {{0, 4}}, {}, "four lines are the fewest"},
         {Repeat(Dashes(20), 7), {{0, 6}, {6, 1}}, {}, "seven are six and one"},
-        {Repeat(Dashes(20), 8), {{0, 6}, {6, 2}}, {}, "not two staves of a bass"},
-        {Repeat(Dashes(20), 12), {{0, 6}, {6, 6}}, {}, "twelve are two staves"},
         {Dashes(60) + Repeat(Named(30), 6),
          {{0, 6}, {6, 1}},
          {},
          "a ruler has the most hyphens and takes the place of the first string; the letters save the rest"},
-        {Dashes(60) + Repeat(Dashes(33), 6),
-         {{0, 6}, {6, 1}},
-         {},
-         "without letters too: when six of seven are shorter, none has more blanks than the average allows"},
         {named + "So far a-way a-way\n",
          {{0, 6}},
          {LineIgnored(7)},
@@ -125,44 +117,6 @@ TEST(StaveDetection, FindsStavesAndSaysWhatItDrops) {
     }
 }
 
-TEST(StaveDetection, DroppedLinesBelongToNoStave) {
-    TabText text(Dashes(2) + Repeat(Dashes(20), 7) + "\n" + Dashes(20));
-    const TabAnalysis analysis(text.File);
-    const std::vector<bool> expected = {false, true, true, true, true, true, true, true, false, false, false};
-    for (int line = 0; line < text.File.GetLineCount(); ++line)
-        EXPECT_EQ(analysis.IsStaveLine(line), expected[static_cast<std::size_t>(line)]) << line;
-    EXPECT_FALSE(analysis.IsStaveLine(-1));
-}
-
-TEST(RunStatistics, CountsTheLinesAsWideAsTheLongest) {
-    // Columns:              0123456789
-    const TabText text("E--- 0--5-\n"
-                       "B--|\n"
-                       "xG\v-\n"
-                       "x-h-\n");
-    const RunStatistics statistics(text.File, {0, 3});
-    const struct {
-        int Hyphens, Blanks;
-        bool HasLetter;
-    } expected[] = {{6, 1, true}, {2, 6, true}, {1, 7, false}, {2, 6, false}};
-    for (int line = 0; line < 4; ++line) {
-        EXPECT_EQ(statistics.GetHyphenCount(line), expected[line].Hyphens) << line;
-        EXPECT_EQ(statistics.GetBlankCount(line), expected[line].Blanks) << line;
-        EXPECT_EQ(statistics.IsLetterLine(line), expected[line].HasLetter) << line;
-    }
-    EXPECT_EQ(statistics.GetLargestHyphenCount(), 6);
-    EXPECT_EQ(statistics.GetAverageBlankCount(), 5) << "twenty blanks of four lines";
-}
-
-TEST(RunStatistics, TakesTheLeftmostOfEqualLetterColumns) {
-    const TabText text("E-A-\nE-A-\n--A-\nE---\n");
-    const RunStatistics statistics(text.File, {0, 3});
-    EXPECT_TRUE(statistics.IsLetterLine(0));
-    EXPECT_TRUE(statistics.IsLetterLine(1));
-    EXPECT_FALSE(statistics.IsLetterLine(2));
-    EXPECT_TRUE(statistics.IsLetterLine(3));
-}
-
 TEST(RunStatistics, JudgesAtTheVeryShare) {
     // A second line beside one of 100 hyphens and 20 blanks, or of 30 and 10 where division leaves a rest.
     const struct {
@@ -188,18 +142,6 @@ TEST(RunStatistics, JudgesAtTheVeryShare) {
         const TabText text(first + '\n' + second);
         EXPECT_EQ(RunStatistics(text.File, {0, 1}).IsRealStaveLine(1), row.IsReal) << row.Why;
     }
-}
-
-TEST(RunStatistics, StandsOneVeryLongLineAmongManyShortOnes) {
-    // The blanks of the run are more than 31 bits hold, and were they walked over one by one, this would
-    // never end.
-    constexpr int kShortLines = 20'000;
-    constexpr int kLongLine = 1'000'000;
-    const TabText text(Repeat("--\n", kShortLines) + Dashes(kLongLine));
-    const RunStatistics statistics(text.File, {0, kShortLines});
-    EXPECT_EQ(statistics.GetBlankCount(0), kLongLine - 2);
-    EXPECT_EQ(statistics.GetAverageBlankCount(), (kLongLine - 2LL) * kShortLines / (kShortLines + 1));
-    EXPECT_TRUE(statistics.IsRealStaveLine(0)) << "no more blanks than the average allows";
 }
 
 } // namespace
