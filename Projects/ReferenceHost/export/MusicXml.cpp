@@ -47,7 +47,7 @@ const char* NoteType(int duration) {
     static constexpr std::array<const char*, 14> kTypes{"1024th", "512th", "256th",  "128th",   "64th",
                                                         "32nd",   "16th",  "eighth", "quarter", "half",
                                                         "whole",  "breve", "long",   "maxima"};
-    const int exponent = std::bit_width(static_cast<unsigned>(std::max(duration, 1))) - 1;
+    const int exponent = static_cast<int>(std::bit_width(static_cast<unsigned>(std::max(duration, 1)))) - 1;
     return kTypes[static_cast<std::size_t>(std::min(exponent, static_cast<int>(kTypes.size()) - 1))];
 }
 

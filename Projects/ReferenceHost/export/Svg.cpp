@@ -91,7 +91,7 @@ std::string Line(double x1, double y1, double x2, double y2) {
 }
 
 int ExponentOf(int duration) {
-    return std::bit_width(static_cast<unsigned>(std::max(duration, 1))) - 1;
+    return static_cast<int>(std::bit_width(static_cast<unsigned>(std::max(duration, 1)))) - 1;
 }
 
 std::string NameOf(int midi) {
