@@ -4,15 +4,16 @@
 #include "Shared/Utils/tree/TreeNode.h"
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
-/// The template that is linked into this program, as a conversion gets it.
-inline std::unique_ptr<Nvr::TreeNodeRoot> LoadTemplate() {
+/// The template that is linked into this program, as a conversion gets it; raises when there is none.
+inline Nvr::TreeNodeRoot* LoadTemplate() {
     constexpr int kTemplateId = 100;
-    return std::unique_ptr<Nvr::TreeNodeRoot>(Nvr::ResId(kTemplateId).LoadFromResource());
+    static const std::unique_ptr<Nvr::TreeNodeRoot> kLoaded(Nvr::ResId(kTemplateId).LoadFromResource());
+    return kLoaded != nullptr ? kLoaded.get() : throw std::runtime_error("no template");
 }
 
 /// The node reached from `node` by the labels, or null.
@@ -40,10 +41,11 @@ inline const Nvr::TreeNode* FindRow(const Nvr::TreeNode& list, const char* label
     return nullptr;
 }
 
-inline std::vector<std::string> LabelsOf(const Nvr::TreeNode& node) {
-    std::vector<std::string> labels;
+/// The labels of all children, each with a comma behind it.
+inline std::string LabelsOf(const Nvr::TreeNode& node) {
+    std::string labels;
     for (int i = 0; i < node.GetChildCount(); ++i)
-        labels.emplace_back(node.GetChild(i)->GetLabel().View());
+        labels.append(node.GetChild(i)->GetLabel().View()).append(",");
     return labels;
 }
 
