@@ -24,7 +24,8 @@ void ResetFloatingPointUnit();
 /// The present mask. An exception counts as masked when no part of the processor would raise it.
 std::uint32_t GetFloatingPointUnitMask();
 
-/// Loads a mask, in all parts of the processor that do arithmetic. Bits outside kMaskAll are ignored.
+/// Loads a mask, in all parts of the processor that do arithmetic. Bits outside kMaskAll are ignored. To be
+/// called after a reset: an exception that is pending is raised once it is unmasked.
 void SetFloatingPointUnitMask(std::uint32_t mask);
 
 } // namespace Nvr::Platform

@@ -50,41 +50,29 @@ unsigned RaisedExceptions() {
                      (HasX87<Environment> || HasSse<Environment> ? kDenormalException : 0U));
 }
 
-// fenv has no word for denormal operands.
+// fenv has no word for denormal operands, but its environment carries them.
 template <class Environment>
 void MaskDenormal(bool masked) {
-    if constexpr (HasX87<Environment>) {
-        // Loading an environment leaves this one bit alone.
-        std::uint16_t control = 0;
-        asm volatile("fnstcw %0" : "=m"(control));
-        control =
-            static_cast<std::uint16_t>(masked ? control | kDenormalException : control & ~kDenormalException);
-        asm volatile("fldcw %0" : : "m"(control));
-    }
-    if constexpr (HasSse<Environment>) {
+    if constexpr (HasX87<Environment> || HasSse<Environment>) {
         Environment environment;
         if (fegetenv(&environment) != 0)
             return;
-        constexpr unsigned bit = kDenormalException << kSseMaskShift;
-        environment.__mxcsr = masked ? environment.__mxcsr | bit : environment.__mxcsr & ~bit;
+        const auto changed = [masked](auto word, unsigned bit) {
+            return static_cast<decltype(word)>(masked ? word | bit : word & ~bit);
+        };
+        if constexpr (HasX87<Environment>)
+            environment.__control_word = changed(environment.__control_word, kDenormalException);
+        if constexpr (HasSse<Environment>)
+            environment.__mxcsr = changed(environment.__mxcsr, kDenormalException << kSseMaskShift);
         fesetenv(&environment);
     }
-}
-
-// An exception still pending would be raised as soon as it is unmasked, and fenv clears no denormal one.
-template <class Environment>
-void ForgetPendingExceptions() {
-    if constexpr (HasX87<Environment>)
-        asm volatile("fnclex");
-    std::feclearexcept(FE_ALL_EXCEPT);
 }
 
 } // namespace
 
 void ResetFloatingPointUnit() {
-    ForgetPendingExceptions<std::fenv_t>();
+    // Forgets what is pending too: it would be raised as soon as it is unmasked.
     std::fesetenv(FE_DFL_ENV);
-    MaskDenormal<std::fenv_t>(true);
 }
 
 std::uint32_t GetFloatingPointUnitMask() {
@@ -103,7 +91,6 @@ void SetFloatingPointUnitMask(std::uint32_t mask) {
         if ((mask & bit.Mask) != 0)
             masked |= bit.Exception;
     }
-    ForgetPendingExceptions<std::fenv_t>();
     MaskDenormal<std::fenv_t>((mask & kMaskDenormal) != 0);
     fedisableexcept(masked);
     feenableexcept(FE_ALL_EXCEPT & ~masked);

@@ -121,6 +121,7 @@ TEST_F(FloatingPointTest, PendingExceptionIsNotRaisedLater) {
     Divide(1.0L, 0.0L);
     Divide(1.0, 0.0);
     Divide(std::numeric_limits<double>::denorm_min(), 1.0);
+    Divide(std::numeric_limits<long double>::denorm_min(), 1.0L);
     SetFloatingPointMask(0);
     SetFloatingPointMask(kAllFloatingPointExceptions);
     EXPECT_EQ(std::fetestexcept(FE_ALL_EXCEPT), 0);
