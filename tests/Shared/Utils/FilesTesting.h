@@ -46,6 +46,10 @@ inline std::string ReadAll(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+inline std::string Text(const Nvr::String& text) {
+    return std::string(text.View());
+}
+
 inline unsigned RightsOf(const std::string& path) {
     return static_cast<unsigned>(std::filesystem::status(path).permissions());
 }

@@ -1,5 +1,4 @@
 #include "Shared/Utils/FloatingPoint.h"
-#include "Shared/Utils/Reporting.h"
 #include "tests/Shared/Utils/FilesTesting.h"
 
 #include <cfenv>
@@ -7,7 +6,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <limits>
-#include <vector>
 
 namespace {
 
@@ -32,21 +30,6 @@ protected:
     Environment m_Store{"NOTAVERA_SETTINGS", m_Scratch.Path()};
 };
 
-class CountingSink : public LogSink {
-public:
-    CountingSink() : m_Former(SetLogSink(this)) {}
-    ~CountingSink() override { SetLogSink(m_Former); }
-    CountingSink(const CountingSink&) = delete;
-    CountingSink& operator=(const CountingSink&) = delete;
-    void Write(const String& message, std::intptr_t, std::intptr_t) override {
-        Messages.emplace_back(message.View());
-    }
-    std::vector<std::string> Messages;
-
-private:
-    LogSink* m_Former;
-};
-
 TEST_F(FloatingPointTest, SwitchesClearTheirBits) {
     const struct {
         const char* Switches;
@@ -60,7 +43,6 @@ TEST_F(FloatingPointTest, SwitchesClearTheirBits) {
         {"Win32InvalidOperation = 1", 0x8000F},
         {"Win32Denormal = 1", 0x0001F},
         {"Win32ZeroDivide = False\nWin32Overflow = 0", 0x8001F},
-        {"Win32Overflow = 1\nWin32Denormal = 1", 0x0001B},
     };
     for (const auto& row : rows) {
         InitWith(row.Switches);
@@ -125,16 +107,6 @@ TEST_F(FloatingPointTest, PendingExceptionIsNotRaisedLater) {
     SetFloatingPointMask(0);
     SetFloatingPointMask(kAllFloatingPointExceptions);
     EXPECT_EQ(std::fetestexcept(FE_ALL_EXCEPT), 0);
-}
-
-TEST_F(FloatingPointTest, LogsAChangeOnlyWhenAsked) {
-    const CountingSink sink;
-    InitWith("Logging = 1\nWin32ZeroDivide = 1");
-    ResetFloatingPoint();
-    ASSERT_EQ(sink.Messages.size(), 1U);
-    EXPECT_EQ(sink.Messages[0], "Reset(): Floating point control word set to 524311");
-    InitWith("Win32ZeroDivide = 0");
-    EXPECT_EQ(sink.Messages.size(), 1U);
 }
 
 } // namespace

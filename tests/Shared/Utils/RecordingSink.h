@@ -3,7 +3,6 @@
 #include "Shared/Utils/Reporting.h"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 /// Collects all reports as long as it lives.
@@ -14,13 +13,11 @@ public:
     RecordingSink(const RecordingSink&) = delete;
     RecordingSink& operator=(const RecordingSink&) = delete;
 
-    void Write(const Nvr::String& message, std::intptr_t firstValue, std::intptr_t secondValue) override {
+    void Write(const Nvr::String& message, std::intptr_t, std::intptr_t) override {
         Messages.emplace_back(message.View());
-        Values.emplace_back(firstValue, secondValue);
     }
 
     std::vector<std::string> Messages;
-    std::vector<std::pair<std::intptr_t, std::intptr_t>> Values;
 
 private:
     Nvr::LogSink* m_Former;

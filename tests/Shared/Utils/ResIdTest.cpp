@@ -7,11 +7,11 @@
 #include "tests/Shared/Utils/RecordingSink.h"
 
 #include <array>
-#include <cstdint>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
 #include <sys/mman.h>
+#include <vector>
 
 using Nvr::ResId;
 using Nvr::String;
@@ -22,7 +22,6 @@ namespace {
 constexpr int kPlain = 9001;
 constexpr int kOneParameter = 9002;
 constexpr int kTwoParameters = 9003;
-constexpr int kApplication = 9004;
 constexpr int kEmpty = 9005;
 constexpr int kLong = 9006;
 constexpr int kTwelveParameters = 9007;
@@ -33,21 +32,18 @@ const std::string& LongText() {
     return s_Text;
 }
 
-const std::array<Platform::StringResource, 7>& Strings() {
-    static const std::array<Platform::StringResource, 7> s_Strings = {{{kPlain, "Plain text"},
-                                                                       {kOneParameter, "Line %1 of %app"},
-                                                                       {kTwoParameters, "From %1 to %2"},
-                                                                       {kApplication, "%app"},
-                                                                       {kEmpty, std::string_view()},
-                                                                       {kLong, LongText()},
-                                                                       {kTwelveParameters, "%1 %2 %12"}}};
+const std::vector<Platform::StringResource>& Strings() {
+    static const std::vector<Platform::StringResource> s_Strings = {{kPlain, "Plain text"},
+                                                                    {kOneParameter, "Line %1 of %app"},
+                                                                    {kTwoParameters, "From %1 to %2"},
+                                                                    {kEmpty, std::string_view()},
+                                                                    {kLong, LongText()},
+                                                                    {kTwelveParameters, "%1 %2 %12"}};
     return s_Strings;
 }
 
 constexpr std::array<std::byte, 3> kBytes = {std::byte{1}, std::byte{2}, std::byte{3}};
-constexpr std::array<std::byte, 1> kNamedBytes = {std::byte{9}};
-constexpr std::array<Platform::DataResource, 2> kData = {
-    {{"TESTDATA", "", kPlain, kBytes}, {"TESTDATA", "NAMED", 0, kNamedBytes}}};
+constexpr std::array<Platform::DataResource, 1> kData = {{{"TESTDATA", "", kPlain, kBytes}}};
 
 const Platform::ResourceTable s_Table(Strings(), kData);
 
@@ -69,42 +65,14 @@ protected:
 
 } // namespace
 
-TEST_F(ResIdTest, HoldsNameNumberAndModule) {
-    const ResId plain;
-    EXPECT_EQ(plain.GetId(), 0);
-    EXPECT_EQ(plain.GetModule(), ThisModule());
-    const ResId named(&s_NoModule, "TREE");
-    ResId copy = ResId(7);
-    copy = named;
-    EXPECT_STREQ(copy.GetName().CStr(), "TREE");
-    EXPECT_EQ(copy.GetId(), 0);
-    EXPECT_EQ(copy.GetModule(), &s_NoModule);
-    ResId::SetResourceModule(nullptr);
-    EXPECT_EQ(plain.GetModule(), ThisModule()) << "the default counts at construction";
-    EXPECT_EQ(ResId(3).GetModule(), nullptr);
-}
-
 TEST_F(ResIdTest, GivesTheTextOfANumber) {
     RecordingSink sink;
-    EXPECT_STREQ(ResId(kPlain).GetString().CStr(), "Plain text");
     EXPECT_EQ(ResId(kLong).GetString().Length(), 999U);
     EXPECT_STREQ(ResId(kEmpty).GetString().CStr(), "");
+    EXPECT_STREQ(ResId(&s_NoModule, kPlain).GetString().CStr(), "Plain text") << "the process is asked too";
     EXPECT_TRUE(sink.Messages.empty()) << "an empty text was found all the same";
-}
-
-TEST_F(ResIdTest, AsksTheProcessAfterTheModule) {
-    RecordingSink sink;
-    for (const Platform::ModuleHandle module :
-         {Platform::ModuleHandle{nullptr}, Platform::ModuleHandle{&s_NoModule}})
-        EXPECT_STREQ(ResId(module, kPlain).GetString().CStr(), "Plain text");
-    EXPECT_TRUE(sink.Messages.empty());
-}
-
-TEST_F(ResIdTest, ReportsWhatIsNowhere) {
-    RecordingSink sink;
     EXPECT_TRUE(ResId(kUnknown).GetString().IsEmpty());
-    ASSERT_EQ(sink.Messages.size(), 1U);
-    EXPECT_EQ(sink.Messages[0], "ResId::GetString failed to load string with ID 9099");
+    EXPECT_EQ(sink.Messages, std::vector<std::string>{"ResId::GetString failed to load string with ID 9099"});
 }
 
 TEST_F(ResIdTest, BuildsMessages) {
@@ -121,31 +89,16 @@ TEST_F(ResIdTest, BuildsMessages) {
         const char* Why;
     };
     const Row rows[] = {
-        {String(ResId(kApplication)), "App", "the application's name"},
         {String(ResId(kOneParameter)), "Line %1 of App", "a marker without a parameter stays"},
-        {String(ResId(kOneParameter), "7"), "Line 7 of App", "one parameter"},
         {String(ResId(kOneParameter), "%app"), "Line App of App", "the name comes last"},
-        {String(ResId(kTwoParameters), "a"), "From a to %2", "the second marker stays"},
         {String(ResId(kTwoParameters), "a", "b"), "From a to b", "two parameters"},
         {String(ResId(kTwoParameters), "%2", "b"), "From b to b", "a parameter that is the next marker"},
         {String(ResId(kTwelveParameters), list), "<1> <2> <1>2",
          "the first marker is also the start of the twelfth"},
         {String(ResId(kTwoParameters), withMarkers), "From %app to %app", "the name is replaced before only"},
-        {String(ResId(kTwoParameters), Nvr::StringList()), "From %1 to %2", "an empty list"},
     };
     for (const Row& row : rows)
         EXPECT_STREQ(row.Message.CStr(), row.Expected) << row.Why;
-}
-
-TEST(Resources, AreFoundByModuleTypeAndNameOrNumber) {
-    const auto find = [](Platform::ModuleHandle module, std::string_view type, std::string_view name,
-                         int id) { return Platform::FindDataResource(module, type, name, id).data(); };
-    EXPECT_EQ(find(ThisModule(), "TESTDATA", "", kPlain), kBytes.data());
-    EXPECT_EQ(find(ThisModule(), "TESTDATA", "NAMED", kPlain), kNamedBytes.data()) << "the name goes first";
-    EXPECT_EQ(find(ThisModule(), "TESTDATA", "OTHER", kPlain), nullptr);
-    EXPECT_EQ(find(ThisModule(), "TESTDATA", "", 0), nullptr) << "what has a name is not found by number";
-    EXPECT_EQ(find(ThisModule(), "OTHER", "", kPlain), nullptr);
-    EXPECT_EQ(Platform::FindDataResource(ThisModule(), "TESTDATA", "", kPlain).size(), kBytes.size());
 }
 
 TEST(Resources, AForeignModuleHasNothing) {
