@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <random>
+#include <sstream>
 
 namespace Fretline {
 namespace {
@@ -81,33 +82,35 @@ private:
     std::mt19937 m_Random;
 };
 
-std::vector<PlainAnalysis::Signature> SignaturesOf(const TabAnalysis& analysis) {
-    std::vector<PlainAnalysis::Signature> signatures;
-    for (const auto& s : analysis.GetTimeSignatures())
-        signatures.push_back(
-            {s->m_Line, s->m_Column, s->m_StartColumn, s->m_EndColumn, s->m_Numerator, s->m_Denominator});
-    return signatures;
-}
-
-std::vector<PlainAnalysis::Label> LabelsOf(const TabAnalysis& analysis) {
-    std::vector<PlainAnalysis::Label> labels;
-    for (const auto& label : analysis.GetLabels())
-        labels.push_back(
-            {label->m_Line, label->m_StartColumn, label->m_EndColumn, std::string(label->m_Keyword.View())});
-    return labels;
-}
-
-void ExpectSameMessages(const TestSupport::FakeOutput& output, const PlainAnalysis& plain) {
-    ASSERT_EQ(output.Messages.size(), plain.Messages.size());
-    for (std::size_t i = 0; i < plain.Messages.size(); ++i) {
-        const auto& [id, first, last] = plain.Messages[i];
-        const std::string& text = output.Messages[i].Text;
-        EXPECT_EQ(output.Messages[i].Id, id);
-        EXPECT_NE(text.find(' ' + std::to_string(first) + ' '), std::string::npos) << text;
-        if (id == 101) {
-            EXPECT_NE(text.find(" to " + std::to_string(last) + ' '), std::string::npos) << text;
-        }
+/// What was found beside the staves, a line each.
+std::string TextOf(const TabAnalysis& analysis, const TestSupport::FakeOutput& output) {
+    std::ostringstream text;
+    for (const auto& message : output.Messages) {
+        text << message.Id;
+        for (std::size_t i = 1; i < message.Text.size(); ++i)
+            if (const char c = message.Text[i]; IsDigit(c))
+                text << (message.Text[i - 1] == ' ' ? " " : "") << c;
+        text << '\n';
     }
+    for (const auto& s : analysis.GetTimeSignatures())
+        text << s->m_Line << ':' << s->m_Column << ' ' << s->m_StartColumn << '-' << s->m_EndColumn << ' '
+             << s->m_Numerator << '/' << s->m_Denominator << '\n';
+    for (const auto& label : analysis.GetLabels())
+        text << label->m_Line << ':' << label->m_StartColumn << '-' << label->m_EndColumn << ' '
+             << label->m_Keyword.View() << '\n';
+    return text.str();
+}
+
+std::string TextOf(const PlainAnalysis& plain) {
+    std::ostringstream text;
+    for (const std::string& message : plain.Messages)
+        text << message << '\n';
+    for (const auto& s : plain.Signatures)
+        text << s.Line << ':' << s.Column << ' ' << s.Start << '-' << s.End << ' ' << s.Numerator << '/'
+             << s.Denominator << '\n';
+    for (const auto& label : plain.Labels)
+        text << label.Line << ':' << label.Start << '-' << label.End << ' ' << label.Keyword << '\n';
+    return text.str();
 }
 
 template <typename T>
@@ -115,17 +118,6 @@ int IndexOf(const std::vector<std::unique_ptr<T>>& list, const T* wanted) {
     const auto found =
         std::find_if(list.begin(), list.end(), [wanted](const auto& entry) { return entry.get() == wanted; });
     return found == list.end() ? -1 : static_cast<int>(found - list.begin());
-}
-
-void ExpectSameBar(const TabAnalysis& analysis, const TabBar& bar, const PlainAnalysis::Bar& plain) {
-    EXPECT_EQ(bar.GetStartColumn(), plain.Start);
-    EXPECT_EQ(bar.GetWidth(), plain.Width);
-    EXPECT_EQ(bar.HasDash(), plain.HasDash);
-    EXPECT_EQ(IndexOf(analysis.GetTimeSignatures(), bar.GetTimeSignature()), plain.TimeSignature);
-    EXPECT_EQ(IndexOf(analysis.GetLabels(), bar.GetLabel()), plain.Label);
-    if (plain.HasDash) {
-        EXPECT_EQ(bar.GetBarLength(), plain.Length);
-    }
 }
 
 void ExpectSameStave(const TabAnalysis& analysis, const TabStave& stave, const PlainAnalysis::Stave& plain) {
@@ -138,14 +130,23 @@ void ExpectSameStave(const TabAnalysis& analysis, const TabStave& stave, const P
         EXPECT_EQ(stave.GetBarlines()[i].m_Column, plain.Barlines[i].Column);
         EXPECT_EQ(stave.GetBarlines()[i].m_Double == 1, plain.Barlines[i].Double);
     }
-    for (std::size_t i = 0; i < stave.GetBars().size(); ++i)
-        ExpectSameBar(analysis, *stave.GetBars()[i], plain.Bars[i]);
-    for (std::size_t i = stave.GetBars().size(); i < plain.Bars.size(); ++i) {
-        EXPECT_EQ(plain.Bars[i].Width, 0) << "only bars of no width are left out";
-        EXPECT_EQ(plain.Bars[i].Label, -1);
+    int dashes = 0;
+    for (std::size_t i = 0; i < plain.Bars.size(); ++i) {
+        const PlainAnalysis::Bar& expected = plain.Bars[i];
+        dashes += expected.HasDash ? 1 : 0;
+        const bool isLeftOut = i >= stave.GetBars().size();
+        if (isLeftOut) {
+            EXPECT_TRUE(expected.Width == 0 && expected.Label == -1) << "only bars of no width are left out";
+            continue;
+        }
+        const TabBar& bar = *stave.GetBars()[i];
+        EXPECT_EQ(bar.GetStartColumn(), expected.Start);
+        EXPECT_EQ(bar.GetWidth(), expected.Width);
+        EXPECT_EQ(bar.HasDash(), expected.HasDash);
+        EXPECT_EQ(IndexOf(analysis.GetTimeSignatures(), bar.GetTimeSignature()), expected.TimeSignature);
+        EXPECT_EQ(IndexOf(analysis.GetLabels(), bar.GetLabel()), expected.Label);
+        EXPECT_TRUE(!expected.HasDash || bar.GetBarLength() == expected.Length);
     }
-    const auto dashes = std::count_if(plain.Bars.begin(), plain.Bars.end(),
-                                      [](const PlainAnalysis::Bar& bar) { return bar.HasDash; });
     EXPECT_EQ(stave.HasSingleBar(), dashes == 1);
 }
 
@@ -167,9 +168,7 @@ TEST(GeneratedText, IsAnalysedAsIfEveryCellWereWalked) {
         TabText text(made);
         const TabAnalysis analysis(text.File);
         const PlainAnalysis plain(text.File);
-        ExpectSameMessages(text.Output, plain);
-        EXPECT_EQ(SignaturesOf(analysis), plain.Signatures);
-        EXPECT_EQ(LabelsOf(analysis), plain.Labels);
+        EXPECT_EQ(TextOf(analysis, text.Output), TextOf(plain));
         ASSERT_EQ(analysis.GetStaves().size(), plain.Staves.size());
         for (std::size_t i = 0; i < plain.Staves.size(); ++i)
             ExpectSameStave(analysis, *analysis.GetStaves()[i], plain.Staves[i]);
