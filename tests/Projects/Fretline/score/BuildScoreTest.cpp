@@ -180,22 +180,6 @@ TEST(BuildScore, TakesFourStringsForABassAndMakesItsStaveType) {
     }
 }
 
-TEST(BuildScore, ReportsProgressBehindEachBar) {
-    const struct {
-        std::initializer_list<const char*> Bars;
-        std::vector<int> Percents;
-    } cases[] = {
-        {{"--0-----", "--1-----"}, {20, 50}},
-        {{"--0---", "--1---", "-----2--", "--3-----", "--4-----", "--4-----", "--4-----"},
-         {20, 28, 37, 45, 54, 62, 71}},
-    };
-    for (const auto& row : cases) {
-        Conversion conversion(Stave(6, row.Bars));
-        ASSERT_TRUE(conversion.Build());
-        EXPECT_EQ(conversion.Percents(), row.Percents);
-    }
-}
-
 TEST(BuildScore, WritesASignatureWhereItDiffersFromTheBarBefore) {
     //                                       bar 1    bar 2    bar 3    bar 4
     const std::string signatures = "  3/4              6/8      6/8 \n";
@@ -238,26 +222,6 @@ TEST(BuildScore, LabelsAndChordsMakeRoom) {
         EXPECT_EQ(conversion.SystemBars(), row.SystemBars) << row.Why;
         EXPECT_EQ(conversion.Spacings(), row.Spacings) << row.Why;
     }
-}
-
-TEST(BuildScore, ATextBarOfManyScoreBarsHasItsLabelOnce) {
-    const std::string above = "Chorus   Am\n";
-    std::string lowest = "0-";
-    for (int note = 0; note < 24; ++note)
-        lowest += "2-";
-    const std::string dashes(lowest.size(), '-');
-    std::string tab = above;
-    for (int line = 0; line < 5; ++line)
-        tab += dashes + "\n";
-    Conversion conversion(tab + lowest + "\n", kRhythmsAlways);
-    ASSERT_TRUE(conversion.Build());
-    const std::string written = conversion.SystemBars();
-    const auto firstLine = written.substr(0, written.find('\n'));
-    EXPECT_NE(firstLine.find("Text=Chorus"), std::string::npos);
-    EXPECT_NE(firstLine.find("GapBelowStave=400"), std::string::npos);
-    const std::string others = written.substr(firstLine.size());
-    EXPECT_EQ(others.find("Items"), std::string::npos);
-    EXPECT_EQ(others.rfind("\n GapBelowStave=256\n GapBelowStave=256\n", 0), 0U) << others;
 }
 
 TEST(BuildScore, WithoutBarsOrMusicThereIsNoScore) {

@@ -6,20 +6,14 @@
 
 #include <algorithm>
 #include <chrono>
-#include <string_view>
 
 namespace Fretline {
 
 namespace {
 
-constexpr std::size_t kMany = 100000;
+using TestSupport::Repeat;
 
-std::string Repeated(std::string_view text, std::size_t count) {
-    std::string repeated;
-    for (std::size_t i = 0; i < count; ++i)
-        repeated += text;
-    return repeated;
-}
+constexpr std::size_t kMany = 100000;
 
 // Far above what these bars take, also under sanitizers, and far below what they would take if the cost grew
 // with the square of their size.
@@ -43,7 +37,7 @@ TEST_F(Cost, OfManyColumnsInOneRun) {
 }
 
 TEST_F(Cost, OfManyChords) {
-    BarText text({Repeated("C ", kMany), Repeated("5-", kMany), Repeated("--", kMany)});
+    BarText text({Repeat("C ", kMany), Repeat("5-", kMany), Repeat("--", kMany)});
     const TabBar& bar = text.ReadAt(1, 2);
     EXPECT_EQ(bar.GetChords().size(), kMany);
     const std::vector<ChordReading> readings = bar.GetChordReadings();
@@ -52,15 +46,15 @@ TEST_F(Cost, OfManyChords) {
 
 TEST_F(Cost, OfAChordOfManyTokens) {
     std::string chords = "C";
-    chords += Repeated(" m", kMany) + Repeated(" (7", kMany / 2);
-    BarText text({chords, Repeated("5-", 2 * kMany), Repeated("--", 2 * kMany)});
+    chords += Repeat(" m", kMany) + Repeat(" (7", kMany / 2);
+    BarText text({chords, Repeat("5-", 2 * kMany), Repeat("--", 2 * kMany)});
     const TabBar& bar = text.ReadAt(1, 2);
     EXPECT_EQ(bar.GetChords().size(), 1U);
     EXPECT_EQ(bar.GetChords().front()->m_Tokens.size(), 2 * kMany);
 }
 
 TEST_F(Cost, OfManyScoreBars) {
-    BarText text({Repeated("5-", kMany), Repeated("--", kMany)}, kRhythmsAlways);
+    BarText text({Repeat("5-", kMany), Repeat("--", kMany)}, kRhythmsAlways);
     TabBar& bar = text.BarAt(0, 2);
     bar.SetBarLength(128);
     Nvr::TreeNode bars(Nvr::String("Bars"));
@@ -71,7 +65,7 @@ TEST_F(Cost, OfManyScoreBars) {
 }
 
 TEST_F(Cost, OfManyTiesAndLetters) {
-    BarText text({Repeated(" -Q", kMany), Repeated("--5", kMany), Repeated("---", kMany)});
+    BarText text({Repeat(" -Q", kMany), Repeat("--5", kMany), Repeat("---", kMany)});
     const TabBar& bar = text.ReadAt(1, 2);
     ASSERT_EQ(bar.ScoreBarCount(), 1);
     const std::vector<BarItem>& items = bar.GetScoreBars().front()->m_Items;
@@ -84,14 +78,14 @@ TEST_F(Cost, OfManyColumnsAtOneTime) {
     std::string letters(2 * kMany + 2, ' ');
     letters.front() = 'H';
     letters.back() = 'H';
-    BarText text({letters, Repeated("5-", kMany + 1), Repeated("--", kMany + 1)});
+    BarText text({letters, Repeat("5-", kMany + 1), Repeat("--", kMany + 1)});
     const TabBar& bar = text.ReadAt(1, 2);
     EXPECT_GT(bar.GetColumns().size(), 90 * kMany / 100);
     EXPECT_LT(bar.GetScoreBars().at(0)->m_Items.size(), 50U);
 }
 
 TEST_F(Cost, OfManyBeats) {
-    BarText text({Repeated("1 ", kMany), Repeated("5-", kMany), Repeated("--", kMany)});
+    BarText text({Repeat("1 ", kMany), Repeat("5-", kMany), Repeat("--", kMany)});
     const TabBar& bar = text.ReadAt(1, 2);
     EXPECT_EQ(bar.GetRhythmLine().m_Kind, RhythmLineKind::BeatPositions);
     EXPECT_EQ(bar.GetBarLength(), 256 * static_cast<int>(kMany));

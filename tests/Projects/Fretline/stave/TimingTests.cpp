@@ -8,16 +8,9 @@ namespace Fretline {
 
 namespace {
 
-std::string Repeated(const std::string& text, int count) {
-    std::string repeated;
-    for (int i = 0; i < count; ++i)
-        repeated += text;
-    return repeated;
-}
-
 // `count` notes two text columns apart.
-std::string Notes(int count) {
-    return Repeated("5-", count);
+std::string Notes(std::size_t count) {
+    return TestSupport::Repeat("5-", count);
 }
 
 } // namespace
@@ -115,7 +108,8 @@ TEST(Timing, FollowsTheSpacing) {
 
 TEST(Timing, CutsAStaveWithoutBarlinesIntoBars) {
     const struct {
-        int NoteCount, BarLength, ScoreBars;
+        std::size_t NoteCount;
+        int BarLength, ScoreBars;
         const char *LastColumn, *Why;
     } rows[] = {
         {17, 1024, 3, "2048+1024", "one note more than a bar holds"},
@@ -123,7 +117,7 @@ TEST(Timing, CutsAStaveWithoutBarlinesIntoBars) {
         {13, 768, 3, "1536+768", "a shorter bar"},
     };
     for (const auto& row : rows) {
-        BarText text({Notes(row.NoteCount), Repeated("--", row.NoteCount)}, kRhythmsAlways);
+        BarText text({Notes(row.NoteCount), TestSupport::Repeat("--", row.NoteCount)}, kRhythmsAlways);
         TabBar& bar = text.BarAt(0, 2);
         bar.SetBarLength(row.BarLength);
         bar.ReadBar(nullptr);

@@ -12,12 +12,9 @@
 namespace Fretline {
 namespace {
 
+using TestSupport::Stave;
 using TestSupport::TabText;
 using namespace std::string_view_literals;
-
-std::string Stave(const std::string& line) {
-    return line + '\n' + line + '\n' + line + '\n' + line + '\n';
-}
 
 std::string TextOf(const RiffLabel* label) {
     return label == nullptr ? "none" : std::string(label->GetText().View());
@@ -38,15 +35,12 @@ TEST(Labels, AreFoundByTheirKeywords) {
         const char *Found, *Why;
     } cases[] = {
         {"Chorus 2", "chorus:0-8[Chorus 2]", "what stands beside the keyword belongs to it"},
-        {"CHORUS", "chorus:0-6[CHORUS]", "any case, and the text as written"},
-        {"Verse 1 (very slow)", "verse:0-13[Verse 1 (very]", "up to the third"},
         {"Verse  x", "verse:0-8[Verse  x]", "blanks beside each other count one by one"},
         {"Verse   x", "verse:0-5[Verse]", "three of them end the label"},
         {"a b c Verse", "verse:2-11[b c Verse]", "two blanks to the left as well"},
         {"x   Verse", "verse:4-9[Verse]", "and no more"},
         {"   Verse", "verse:3-8[Verse]", "white space in front is left out"},
         {"x \vVerse\f y", "verse:0-11[x \vVerse\f y]", "white space other than blanks does not count"},
-        {"\v\vVerse\v\v", "verse:2-7[Verse]", "but is left out at the ends"},
         {"Verse\0x"sv, "verse:0-5[Verse]", "a zero byte ends a label"},
         {"verses preverse", "", "a part of a word is no hit"},
         {"verse1 2verse", "verse:0-13[verse1 2verse]", "digits are no letters, and one place is one label"},
@@ -91,7 +85,6 @@ TEST(Labels, AttachToTheBarsBelow) {
          "which is lost, hides those above it all the same"},
         {"Riff    Fig\n" + stave, "[Fig][none]", "the later of two replaces the earlier"},
         {"Fig    Riff\n" + stave, "[Fig][none]", "later in the order of the keywords"},
-        {stave + "\nCoda\n" + stave, "[none][none][Coda][none]", "between two staves"},
         {"Intro\n" + stave + "\n" + stave, "[Intro][none][none][none]", "not to the stave after the next"},
         {"Intro\n" + stave + stave, "[Intro][none][none][none]", "nor to the rest of a cut run"},
         {"---Intro--|----------\n" + stave + "\n" + stave, "[none][none][none][none]", "on a stave line"},
