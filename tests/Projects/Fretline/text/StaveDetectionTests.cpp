@@ -127,7 +127,10 @@ TEST(RunStatistics, JudgesAtTheVeryShare) {
             row.IsBesideShortOne ? times('-', 30) + times(' ', 10) : times('-', 100) + times(' ', 20);
         const std::string second = times('-', row.Hyphens) + times('.', row.Others) + times(' ', row.Blanks);
         ASSERT_EQ(first.size(), second.size());
-        const TabText text(first + '\n' + second);
+        std::string lines = first;
+        lines += '\n';
+        lines += second;
+        const TabText text(lines);
         EXPECT_EQ(RunStatistics(text.File, {0, 1}).IsRealStaveLine(1), row.IsReal) << row.Why;
     }
 }
