@@ -1,8 +1,10 @@
 #pragma once
 
+#include "Shared/Utils/VAList.h"
 #include "Shared/Utils/tree/TreeNode.h"
 #include "Shared/Utils/tree/TreeNodeIterator.h"
 
+#include <initializer_list>
 #include <string>
 
 namespace ScoreTest {
@@ -39,6 +41,13 @@ inline Nvr::TreeNode* Child(Nvr::TreeNode& parent, const char* label, const char
     auto* const child = new Nvr::TreeNode(label, value);
     parent.AddChild(child);
     return child;
+}
+
+inline Nvr::TVAList<int> Ints(std::initializer_list<int> values) {
+    Nvr::TVAList<int> list;
+    for (const int value : values)
+        list.Add(value);
+    return list;
 }
 
 } // namespace ScoreTest

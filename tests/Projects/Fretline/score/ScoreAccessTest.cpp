@@ -13,18 +13,6 @@ using Nvr::TreeNode;
 using ScoreTest::Child;
 using ScoreTest::ChildrenText;
 
-TEST(ScoreAccess, SectionsHaveTheirLabelsAndAreMadeOnce) {
-    const char* const labels[] = {"Bars",        "Items",       "Staves",   "Barlines", "Notes",
-                                  "Instruments", "BarSpacings", "Brackets", "MidPoints"};
-    for (int section = SectionBars; section <= SectionMidPoints; ++section)
-        EXPECT_EQ(SectionLabel(section), labels[section]);
-    TreeNode parent;
-    Child(parent, "Other");
-    TreeNode* const bars = GetSection(&parent, SectionBars);
-    EXPECT_EQ(GetSection(&parent, SectionBars), bars);
-    EXPECT_EQ(ChildrenText(parent), "Other= Bars=");
-}
-
 TEST(ScoreAccess, TypedChildrenAreReusedOnlyByLabel) {
     const struct {
         const char *Why, *Label, *Type;
@@ -49,53 +37,14 @@ TEST(ScoreAccess, TypedChildrenAreReusedOnlyByLabel) {
     }
 }
 
-TEST(ScoreAccess, AddAppendsAndSetChangesTheFirst) {
-    TreeNode parent;
-    AddIntChild(&parent, "N", -1);
-    AddIntChild(&parent, "N", 2);
-    AddBoolChild(&parent, "B", true);
-    AddStringChild(&parent, "S", "text");
-    EXPECT_EQ(ChildrenText(parent), "N=-1 N=2 B=True S=text");
-    EXPECT_EQ(SetIntChild(&parent, "N", 7), parent.GetChild(0));
-    SetStringChild(&parent, "S", "other");
-    SetBoolChild(&parent, "B", false);
-    SetIntChild(&parent, "M", 8);
-    SetStringChild(&parent, "T", "");
-    SetBoolChild(&parent, "C", true);
-    EXPECT_EQ(ChildrenText(parent), "N=7 N=2 B=False S=other M=8 T= C=True");
-}
-
-std::string g_visited;
-
-bool RecordVisit(TreeNode* node, TreeNode* parent, int depth) {
-    g_visited += std::to_string(depth) + (node != nullptr ? node->GetLabel().CStr() : "null") + "<" +
-                 (parent != nullptr ? parent->GetLabel().CStr() : "null") + " ";
-    if (node != nullptr && node->GetLabel() == "grow")
-        Child(*node, "grown");
-    return node == nullptr || node->GetLabel() != "stop";
-}
-
-TEST(ScoreAccess, AWalkIsInDocumentOrderAndSeesWhatTheVisitorAdds) {
-    TreeNode root("root");
-    Child(*Child(root, "a"), "b");
-    Child(root, "grow");
-    Child(root, "stop");
-    Child(root, "never");
-    g_visited.clear();
-    EXPECT_FALSE(VisitTree(&root, RecordVisit, nullptr, 0));
-    EXPECT_EQ(g_visited, "0root<null 1a<root 2b<a 1grow<root 2grown<grow 1stop<root ");
-}
-
-bool Accept(TreeNode*, TreeNode*, int) {
-    return true;
-}
-
-TEST(ScoreAccess, AWalkGoesAsDeepAsTheTree) {
+TEST(ScoreAccess, PartMapsAreFoundHoweverDeep) {
     TreeNode root;
     TreeNode* node = &root;
     for (int depth = 0; depth < 300000; ++depth)
         node = Child(*node, "x");
-    EXPECT_TRUE(VisitTree(&root, Accept, nullptr, 0));
+    Child(*node, "__PartMapDefault", "5");
+    FlattenPartMaps(&root);
+    EXPECT_EQ(node->GetValue(), "5");
 }
 
 TEST(ScoreAccess, PartMapsBecomeTheValueOfTheFullScore) {

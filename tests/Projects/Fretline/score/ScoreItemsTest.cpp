@@ -17,13 +17,6 @@ struct ItemCase {
     const char* Expected;
 };
 
-Nvr::TVAList<int> Indices(std::initializer_list<int> values) {
-    Nvr::TVAList<int> indices;
-    for (const int value : values)
-        indices.Add(value);
-    return indices;
-}
-
 NoteRestRecord Crotchet(std::int16_t position) {
     NoteRestRecord record;
     record.Position = position;
@@ -50,7 +43,7 @@ const ItemCase kItems[] = {
      "Type=StaveMIDIData Program=0 Channel=0 Bank=128 MIDIflags=2"},
     {"without a short name the full name serves, and two staves are counted by place",
      [](TreeNode* p) {
-         return AddInstrument(p, Indices({0, 2}), "D", "Full", "", "G", "clef", 0, 0, 0, 0);
+         return AddInstrument(p, ScoreTest::Ints({0, 2}), "D", "Full", "", "G", "clef", 0, 0, 0, 0);
      },
      "Type=Instrument FullName(Type=StyledString Text=Full TextStyle=text.instrumentname) "
      "ShortName(Type=StyledString Text=Full TextStyle=text.instrumentname) Group=G PartClef=clef "

@@ -11,14 +11,8 @@ using Nvr::String;
 using Nvr::TreeNode;
 using ScoreTest::Child;
 using ScoreTest::ChildrenText;
+using ScoreTest::Ints;
 using Pitches = Nvr::TVAList<int>;
-
-Pitches PitchesOf(std::initializer_list<int> values) {
-    Pitches pitches;
-    for (const int value : values)
-        pitches.Add(value);
-    return pitches;
-}
 
 void AddRow(TreeNode& staveTypes, const char* id, const char* category, const char* showRhythms,
             std::initializer_list<const char*> pitches) {
@@ -63,13 +57,13 @@ TEST_F(StaveTypes, AreFoundByPitchesInOrderAndByRhythms) {
         bool HasRhythms;
         const char* Id;
     } cases[] = {
-        {"the first tab row, not the pitched one and not the later one", PitchesOf({10, 20}), false, "plain"},
-        {"another order of the strings", PitchesOf({20, 10}), false, ""},
-        {"the beginning of a longer row", PitchesOf({11, 20}), false, ""},
-        {"no word about rhythms means none", PitchesOf({11, 20, 30}), false, "silent"},
-        {"and so they are not found with rhythms", PitchesOf({11, 20, 30}), true, ""},
-        {"1 counts as true", PitchesOf({7}), true, "one"},
-        {"a row without strings is not found by an empty tuning", PitchesOf({}), false, ""},
+        {"the first tab row, not the pitched one and not the later one", Ints({10, 20}), false, "plain"},
+        {"another order of the strings", Ints({20, 10}), false, ""},
+        {"the beginning of a longer row", Ints({11, 20}), false, ""},
+        {"no word about rhythms means none", Ints({11, 20, 30}), false, "silent"},
+        {"and so they are not found with rhythms", Ints({11, 20, 30}), true, ""},
+        {"1 counts as true", Ints({7}), true, "one"},
+        {"a row without strings is not found by an empty tuning", Ints({}), false, ""},
     };
     for (const auto& row : cases) {
         String id("left over");
@@ -81,31 +75,30 @@ TEST_F(StaveTypes, AreFoundByPitchesInOrderAndByRhythms) {
 TEST_F(StaveTypes, ANewOneIsTheBaseWithOtherStrings) {
     const int before = Rows->GetChildCount();
     const TreeNode base(*Rows->GetChild(2));
-    ASSERT_TRUE(Score.CreateStaveType("new.id", "tab 1234", PitchesOf({1, 2, 3, 4}), "plain"));
+    ASSERT_TRUE(Score.CreateStaveType("new.id", "tab 1234", Ints({1, 2, 3, 4}), "plain"));
     ASSERT_EQ(Rows->GetChildCount(), before + 1);
     EXPECT_EQ(ChildrenText(*Rows->GetChild(before)),
               "Type=StaveType Name=tab 1234 Id=new.id Category=2 ShowRhythms=false StaveLines=4 "
               "StaveLineSeparation=48 BarlineDy=72 Pitches(=1 =2 =3 =4) BarlineBottomDy=72");
     EXPECT_TRUE(Rows->GetChild(2)->IsSameTree(base)) << "the base stays";
     String id;
-    EXPECT_TRUE(Score.FindStaveType(PitchesOf({1, 2, 3, 4}), false, id));
+    EXPECT_TRUE(Score.FindStaveType(Ints({1, 2, 3, 4}), false, id));
     EXPECT_EQ(id, "new.id");
 }
 
 TEST_F(StaveTypes, WithoutBaseOrListNothingHappens) {
     const TreeNode before(Root);
-    EXPECT_FALSE(Score.CreateStaveType("id", "name", PitchesOf({1}), "PLAIN"))
-        << "ids are compared byte for byte";
-    EXPECT_FALSE(Score.CreateStaveType("id", "name", PitchesOf({1}), "")) << "a row without an id is no base";
+    EXPECT_FALSE(Score.CreateStaveType("id", "name", Ints({1}), "PLAIN")) << "ids are compared byte for byte";
+    EXPECT_FALSE(Score.CreateStaveType("id", "name", Ints({1}), "")) << "a row without an id is no base";
     EXPECT_TRUE(Root.IsSameTree(before));
     TreeNode bare("Root");
     Child(bare, "Music");
     String id("left over");
     for (TreeNode* const root : {static_cast<TreeNode*>(nullptr), &bare}) {
         Score.SetRoot(root);
-        EXPECT_FALSE(Score.FindStaveType(PitchesOf({7}), true, id));
+        EXPECT_FALSE(Score.FindStaveType(Ints({7}), true, id));
         EXPECT_EQ(id, "");
-        EXPECT_FALSE(Score.CreateStaveType("id", "name", PitchesOf({7}), "one"));
+        EXPECT_FALSE(Score.CreateStaveType("id", "name", Ints({7}), "one"));
     }
 }
 

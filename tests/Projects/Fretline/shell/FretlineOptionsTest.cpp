@@ -12,11 +12,6 @@ namespace {
 using Fretline::FretlineOptions;
 using Nvr::String;
 
-std::string ReadAll(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 TEST(FretlineOptions, LoadTheLevelOrTheDefault) {
     const struct {
         const char *Why, *Bytes;
@@ -63,7 +58,8 @@ TEST(FretlineOptions, SaveMakesANewFileInTheTextForm) {
     const TestSupport::ScratchFolder folder;
     const String path(FretlineOptions::PathIn(folder.Path().c_str()));
     FretlineOptions(path).Save();
-    EXPECT_EQ(ReadAll(path.CStr()), "\r\n{\r\n\tRhythmLevel \"1\"\r\n}\r\n");
+    std::ifstream file(path.CStr(), std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "\r\n{\r\n\tRhythmLevel \"1\"\r\n}\r\n");
 }
 
 TEST(FretlineOptions, SaveWithoutAPlaceToWriteLeavesTheObjectAsItIs) {

@@ -9,22 +9,21 @@
 #include <fstream>
 #include <iterator>
 #include <set>
+#include <sstream>
 
 namespace {
 
-struct Member {
-    const char* Label;
-    const char* Value;
-    int Children;
-    int Nodes;
-};
-
-void ExpectMember(const Nvr::TreeNode& parent, const Member& member) {
-    const Nvr::TreeNode* const node = parent.FindChild(member.Label);
-    ASSERT_NE(node, nullptr) << member.Label;
-    EXPECT_EQ(node->GetValue(), member.Value) << member.Label;
-    EXPECT_EQ(node->GetChildCount(), member.Children) << member.Label;
-    EXPECT_EQ(CountNodes(*node), member.Nodes) << member.Label;
+/// Children of a node as "label=value/children/nodes;" each.
+void ExpectMembers(const Nvr::TreeNode& parent, const std::string& members) {
+    std::ostringstream found;
+    for (std::size_t at = 0; at < members.size(); at = members.find(';', at) + 1) {
+        const std::string label = members.substr(at, members.find('=', at) - at);
+        const Nvr::TreeNode* const node = parent.FindChild(label.c_str());
+        ASSERT_NE(node, nullptr) << label;
+        found << label << '=' << node->GetValue().View() << '/' << node->GetChildCount() << '/'
+              << CountNodes(*node) << ';';
+    }
+    EXPECT_EQ(found.str(), members);
 }
 
 int CountLabel(const std::vector<VisitedNode>& nodes, std::string_view label) {
@@ -47,22 +46,12 @@ TEST(TemplateShape, RootHoldsTheDocument) {
     EXPECT_TRUE(root->WasUnicode);
     EXPECT_EQ(root->GetLabel(), "NvfFileVersion");
     EXPECT_EQ(root->GetValue(), "10450015");
-    const Member members[] = {
-        {"Type", "Score", 0, 1},
-        {"ScoreOptions", "", 58, 114},
-        {"PrintSettings", "", 1, 22},
-        {"MajorVersion", "1", 0, 1},
-        {"Music", "", 59, 81196},
-        {"DefaultPartAppearance", "", 35, 36},
-        {"PartBatchPrintSettings", "", 20, 21},
-        {"FileID", "", 0, 1},
-    };
-    std::string labels;
-    for (const Member& member : members) {
-        labels.append(member.Label).append(",");
-        ExpectMember(*root, member);
-    }
-    EXPECT_EQ(LabelsOf(*root), labels);
+    const std::string members =
+        "Type=Score/0/1;ScoreOptions=/58/114;PrintSettings=/1/22;MajorVersion=1/0/1;Music=/59/81196;"
+        "DefaultPartAppearance=/35/36;PartBatchPrintSettings=/20/21;FileID=/0/1;";
+    ExpectMembers(*root, members);
+    EXPECT_EQ(LabelsOf(*root), "Type,ScoreOptions,PrintSettings,MajorVersion,Music,DefaultPartAppearance,"
+                               "PartBatchPrintSettings,FileID,");
     EXPECT_EQ(ValueOf(*root->GetChild(1), "Type"), "ScoreOptions");
     EXPECT_EQ(root->GetChild(1)->GetChild(1)->GetLabel(), "OriginalProgramVersion");
     EXPECT_EQ(ValueOf(*root->GetChild(1), "OriginalProgramVersion"), "5200");
@@ -88,32 +77,17 @@ TEST(TemplateShape, MusicHoldsItsSectionsInOrder) {
         "WorksheetStudentVc1Visible,WorksheetStudentVc2Visible,WorksheetStudentVc3Visible,"
         "WorksheetStudentVc4Visible,WorksheetTeacherVc1Visible,WorksheetTeacherVc1Visible,"
         "WorksheetTeacherVc1Visible,WorksheetTeacherVc1Visible,PartExtractionFileSpec,PartsToExtract,";
-    const Member members[] = {
-        {"Type", "Music", 0, 1},
-        {"StaveTypes", "", 236, 26926},
-        {"InstrumentList", "", 637, 22296},
-        {"IndexedSymbols", "", 944, 12699},
-        {"LineStyles", "", 127, 7465},
-        {"TextStyles", "", 88, 3081},
-        {"EnsembleList", "", 8, 1747},
-        {"StaveKeywordList", "", 163, 1514},
-        {"IndexedNoteStyles", "", 31, 1241},
-        {"Options", "", 234, 1187},
-        {"SystemKeywordList", "", 129, 1033},
-        {"SystemStave", "", 3, 176},
-        {"BarSpacings", "", 1, 123},
-        {"ClefStyles", "", 25, 251},
-        {"NumBars", "0", 0, 1},
-        {"Staves", "", 0, 1},
-        {"MusicTextFontName", "Tenuto Text", 0, 1},
-        {"BaseTextFontName", "Times New Roman", 0, 1},
-    };
+    const std::string members =
+        "Type=Music/0/1;StaveTypes=/236/26926;InstrumentList=/637/22296;IndexedSymbols=/944/12699;"
+        "LineStyles=/127/7465;TextStyles=/88/3081;EnsembleList=/8/1747;StaveKeywordList=/163/1514;"
+        "IndexedNoteStyles=/31/1241;Options=/234/1187;SystemKeywordList=/129/1033;SystemStave=/3/176;"
+        "BarSpacings=/1/123;ClefStyles=/25/251;NumBars=0/0/1;Staves=/0/1;"
+        "MusicTextFontName=Tenuto Text/0/1;BaseTextFontName=Times New Roman/0/1;";
     const Nvr::TreeNodeRoot* const root = LoadTemplate();
     const Nvr::TreeNode* const music = root->FindChild("Music");
     ASSERT_NE(music, nullptr);
     EXPECT_EQ(LabelsOf(*music), order);
-    for (const Member& member : members)
-        ExpectMember(*music, member);
+    ExpectMembers(*music, members);
 }
 
 TEST(TemplateShape, KeepsTheConventionsOfStoredScores) {
