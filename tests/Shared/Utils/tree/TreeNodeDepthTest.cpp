@@ -1,8 +1,5 @@
 #include "tests/Shared/Utils/tree/StoredTree.h"
 
-#include "Shared/Utils/tree/TreeNodeVisitor.h"
-#include "Shared/Utils/tree/TreeNodeWalk.h"
-
 using Nvr::TreeNode;
 using Nvr::TreeNodeReader;
 
@@ -54,18 +51,7 @@ TEST_F(TreeNodeDepthTest, HandMadeTreesHaveNoLimit) {
     EXPECT_EQ(DepthOf(copy), kMillion);
     EXPECT_EQ(Written(copy, true).size(), 2U + 14U + 1U + kMillion * 14U);
 
-    class Counter : public Nvr::TreeNodeVisitor {
-    public:
-        bool EnterNode(TreeNode&, int depth) override {
-            Deepest = depth;
-            return true;
-        }
-        void LeaveNode(TreeNode&, int) override {}
-        int Deepest = 0;
-    } counter;
     TreeNode walked(copy);
-    Nvr::WalkTree(walked, counter);
-    EXPECT_EQ(counter.Deepest, kMillion);
     walked = *walked.GetChild(0)->GetChild(0);
     EXPECT_EQ(DepthOf(walked), kMillion - 2);
     walked.GetChild(0)->ClearChildren();
@@ -98,16 +84,6 @@ TEST_F(TreeNodeDepthTest, DeeperDocumentsAreRefused) {
     ASSERT_NE(text, nullptr);
     EXPECT_EQ(DepthOf(*text), TreeNodeReader::kDeepestLevel);
     EXPECT_EQ(LoadBytes(TextChain(TreeNodeReader::kDeepestLevel + 1)), nullptr);
-}
-
-TEST_F(TreeNodeDepthTest, WideTreesStayLinear) {
-    constexpr int kChildren = 100000;
-    TreeNode root("Root");
-    for (int i = 0; i < kChildren; ++i)
-        root.AddChild(new TreeNode("Child", i));
-    const TreeNode copy(root);
-    EXPECT_TRUE(LoadBytes(Written(copy, true, true))->IsSameTree(root));
-    EXPECT_TRUE(LoadBytes(Written(copy, false))->IsSameTree(root));
 }
 
 TEST_F(TreeNodeDepthTest, CountsThatLieAtEveryLevelCostNothing) {

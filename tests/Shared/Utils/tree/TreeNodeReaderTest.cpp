@@ -1,31 +1,11 @@
 #include "tests/Shared/Utils/tree/StoredTree.h"
 
-#include "Shared/Utils/tree/TreeNodeExceptions.h"
-
 using Nvr::String;
 using Nvr::TreeNode;
-using Nvr::TreeNodeReader;
 
 namespace {
 
 class TreeNodeReaderTest : public TreeTest {};
-
-/// What a read with a stop label ends with: the value in mode 0, the outline in mode 1, or what was read.
-std::string ReadUntil(const std::string& bytes, const char* label, int mode) {
-    try {
-        const std::unique_ptr<TreeNode> tree(TreeNodeReader(bytes.data(), bytes.size()).Read(label, mode));
-        return "all: " + Outline(tree.get());
-    } catch (const Nvr::TreeNodeLabelFoundException& found) {
-        return "value: " + std::string(found.GetValue().View());
-    } catch (const Nvr::TreeNodeSubTreeFoundException& found) {
-        const std::unique_ptr<TreeNode> node(found.GetNode());
-        return "node: " + Outline(node.get());
-    }
-}
-
-std::string ReadUntil(const TreeNode& tree, bool binary, const char* label, int mode) {
-    return ReadUntil(Written(tree, binary), label, mode);
-}
 
 } // namespace
 
@@ -50,39 +30,10 @@ TEST_F(TreeNodeReaderTest, FlagsTellWhatTheSourceWas) {
 }
 
 TEST_F(TreeNodeReaderTest, AStringIsTextOnly) {
-    const std::unique_ptr<Nvr::TreeNodeRoot> empty(TreeNode::LoadFromString(""));
-    ASSERT_NE(empty, nullptr);
-    EXPECT_EQ(Outline(empty.get()), "");
-    EXPECT_FALSE(empty->WasBinary || empty->WasUnicode);
+    EXPECT_EQ(Outline(LoadAsString("").get()), "") << "no bytes are an empty document";
     EXPECT_EQ(LoadAsString("\x01\x02"), nullptr);
     EXPECT_EQ(TakeReports().back(), "Could not read treenode");
     EXPECT_EQ(TreeNode::LoadFromMemory(nullptr, 5), nullptr);
-}
-
-TEST_F(TreeNodeReaderTest, LowLevelReadsTellHowTheyEnd) {
-    std::istringstream source("abcde");
-    Nvr::CInStream stream(source);
-    TreeNodeReader fromStream(stream);
-    TreeNodeReader fromMemory("abcde", 5);
-    for (TreeNodeReader* const reader : {&fromStream, &fromMemory}) {
-        const bool isStream = reader == &fromStream;
-        char bytes[8] = "-------";
-        EXPECT_FALSE(reader->ReadBytes(bytes, 2));
-        reader->SkipBack(1);
-        EXPECT_EQ(reader->ReadByte(), 'b');
-        EXPECT_FALSE(reader->ReadBytes(bytes + 2, 3));
-        EXPECT_STREQ(bytes, "abcde--");
-        EXPECT_EQ(reader->AtEnd(), !isStream) << "a stream knows only after it has tried";
-        EXPECT_TRUE(reader->ReadBytes(bytes, 1));
-        EXPECT_TRUE(reader->AtEnd());
-        reader->Rewind();
-        Nvr::ByteBuffer buffer;
-        EXPECT_FALSE(reader->ReadBytesInto(buffer, 2000000000)) << "fewer bytes are a success";
-        EXPECT_EQ(buffer.View(), "abcde");
-        EXPECT_EQ(buffer.Capacity(), 1000) << "memory for what is there only";
-        EXPECT_TRUE(reader->ReadBytesInto(buffer, 1));
-        EXPECT_EQ(reader->ReadByte(), -1);
-    }
 }
 
 TEST_F(TreeNodeReaderTest, StreamsAreReadInBlocksOfAnySize) {
@@ -116,37 +67,4 @@ TEST_F(TreeNodeReaderTest, AStreamStandsBehindTheDocument) {
     Nvr::CInStream textStream(text);
     const std::unique_ptr<TreeNode> textRead(TreeNode::LoadFromStream(textStream));
     EXPECT_EQ(textStream.Tell(), 4);
-}
-
-TEST_F(TreeNodeReaderTest, StopsAtALabel) {
-    const auto tree = LoadAsString("R {A {X {P}} B {X \"1\" {Q \"2\"} X \"3\"} C \"\" D \"4\"}");
-    struct Case {
-        bool IsBinary;
-        const char* Label;
-        int Mode;
-        const char* Expected;
-        const char* Why;
-    };
-    const std::string whole = Outline(tree.get());
-    const std::string all = "all: " + whole;
-    const std::string root = "node: " + whole;
-    for (const Case& c :
-         {Case{false, "X", 0, "value: 1", "in text the first X that has a value"},
-          Case{true, "X", 0, "value: ", "in the binary form the first X"},
-          Case{false, "X", 1, "node: X(P)", "the first X"}, Case{true, "X", 1, "node: X(P)", "the first X"},
-          Case{false, "D", 0, "value: 4", "a leaf"}, Case{true, "D", 0, "value: 4", "a leaf"},
-          Case{false, "D", 1, all.c_str(), "in text a leaf has no list"},
-          Case{true, "D", 1, "node: D=|4|", "a leaf"},
-          Case{false, "R", 0, all.c_str(), "the root has no value"},
-          Case{true, "R", 0, "value: ", "the root"}, Case{false, "R", 1, root.c_str(), "the root itself"},
-          Case{true, "R", 1, root.c_str(), "the root itself"},
-          Case{false, "x", 0, all.c_str(), "no such label"}, Case{true, "x", 1, all.c_str(), "no such label"},
-          Case{true, "", 1, all.c_str(), "an empty label stops at nothing"}})
-        EXPECT_EQ(ReadUntil(*tree, c.IsBinary, c.Label, c.Mode), c.Expected) << c.Label << c.Mode << c.Why;
-    EXPECT_TRUE(TakeReports().empty());
-    // What stands behind the label is not looked at.
-    EXPECT_EQ(ReadUntil("R {X \"1\" @", "X", 0), "value: 1");
-    EXPECT_EQ(ReadUntil("R {X {Y} @", "X", 1), "node: X(Y)");
-    EXPECT_EQ(ReadUntil("R {X {Y \"z\" @", "X", 1), "node: X(Y=|z|)");
-    EXPECT_EQ(ReadUntil("R {Y @", "X", 1), "all: null");
 }
