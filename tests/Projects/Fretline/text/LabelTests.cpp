@@ -47,10 +47,8 @@ TEST(Labels, AreFoundByTheirKeywords) {
         {"pre-chorus", "chorus:0-10[pre-chorus]", "nor is a hyphen"},
         {"Prechorus", "prechorus:0-9[Prechorus]", "chorus is no hit inside it"},
         {"Intro riff", "intro:0-10[Intro riff]", "the earlier keyword of the table keeps the place"},
-        {"fig    coda    bridge    solo    pattern    outro",
-         "fig:0-3[fig]coda:7-11[coda]bridge:15-21[bridge]solo:25-29[solo]pattern:33-40[pattern]outro:44-49["
-         "outro]",
-         "every other keyword"},
+        {"fig   coda   bridge", "fig:0-3[fig]coda:6-10[coda]bridge:13-19[bridge]", "every other keyword"},
+        {"solo   pattern   outro", "solo:0-4[solo]pattern:7-14[pattern]outro:17-22[outro]", "of the table"},
         {"Verse    Chorus", "verse:0-5[Verse]chorus:9-15[Chorus]", "two labels on a line"},
         {"Chorus    Verse", "verse:10-15[Verse]chorus:0-6[Chorus]", "in the order of the keywords"},
         {"riff riff riff riff",

@@ -127,16 +127,16 @@ private:
                        (letterColumn >= 0 && IsName(m_File.GetChar(line, letterColumn)));
             };
             while (!isReal(run.front())) {
-                Messages.push_back("100 " + std::to_string(run.front() + 1));
+                Messages.push_back(std::string("100 ") + std::to_string(run.front() + 1));
                 run.erase(run.begin());
             }
             while (!isReal(run.back())) {
-                Messages.push_back("100 " + std::to_string(run.back() + 1));
+                Messages.push_back(std::string("100 ") + std::to_string(run.back() + 1));
                 run.pop_back();
             }
         }
         if (run.size() < 4) {
-            Messages.push_back("101 " + std::to_string(run.front() + 1) + " " +
+            Messages.push_back(std::string("101 ") + std::to_string(run.front() + 1) + " " +
                                std::to_string(run.back() + 1));
             return;
         }
