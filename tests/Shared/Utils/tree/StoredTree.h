@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Shared/Utils/ByteBuffer.h"
 #include "Shared/Utils/CStream.h"
 #include "Shared/Utils/tree/TreeNodeReader.h"
 #include "tests/Shared/Utils/tree/TreeTest.h"
@@ -12,11 +11,6 @@ inline std::unique_ptr<Nvr::TreeNodeRoot> LoadAsStream(const std::string& bytes,
     std::istringstream source(bytes);
     Nvr::CInStream stream(source);
     return std::unique_ptr<Nvr::TreeNodeRoot>(Nvr::TreeNodeReader(stream, fileName).Read());
-}
-
-inline std::unique_ptr<Nvr::TreeNodeRoot> LoadAsBuffer(const std::string& bytes) {
-    const Nvr::ByteBuffer buffer(bytes.data(), static_cast<int>(bytes.size()));
-    return std::unique_ptr<Nvr::TreeNodeRoot>(Nvr::TreeNodeReader(buffer).Read());
 }
 
 inline std::unique_ptr<Nvr::TreeNodeRoot> LoadAsString(const std::string& bytes) {

@@ -26,16 +26,10 @@ std::unique_ptr<TreeNode> SampleTree() {
 TEST_F(TreeNodeBinaryTest, IsWrittenByteByByte) {
     EXPECT_EQ(Written(TreeNode(), true), Bytes("00 01 " + kEmpty + kEmpty + kLeaf));
     EXPECT_EQ(Written(TreeNode(), true, true), Bytes("00 02 " + kEmpty + kEmpty + kLeaf));
-    const std::string body8 = "00 00000001 'R' 00 00000001 'x' 00000003"
-                              "00 00000001 'A' 01 00000000 00000000"
-                              "01 00000002 01 00000001 00000001"
-                              "00 00000000 01 00000002 00000000"
-                              "01 00000001 00 00000000 00000000";
-    const std::string body16 = "00 00000002 00'R' 00 00000002 00'x' 00000003"
-                               "00 00000002 00'A' 01 00000000 00000000"
-                               "01 00000002 01 00000001 00000001"
-                               "00 00000000 01 00000002 00000000"
-                               "01 00000001 00 00000000 00000000";
+    const std::string rest = " 01 00000000 00000000 01 00000002 01 00000001 00000001"
+                             " 00 00000000 01 00000002 00000000 01 00000001 00 00000000 00000000";
+    const std::string body8 = "00 00000001 'R' 00 00000001 'x' 00000003 00 00000001 'A'" + rest;
+    const std::string body16 = "00 00000002 00'R' 00 00000002 00'x' 00000003 00 00000002 00'A'" + rest;
     EXPECT_EQ(Written(*SampleTree(), true), Bytes("00 01" + body8));
     EXPECT_EQ(Written(*SampleTree(), true, true), Bytes("00 02" + body16));
     EXPECT_EQ(Written(*SampleTree(), true, true, 2, 5), Bytes("00 02" + body16)) << "depth plays no part";
@@ -55,7 +49,7 @@ TEST_F(TreeNodeBinaryTest, EqualTextsAreOneStringHoweverTheyAreHeld) {
               Bytes("00 01 00 00000005 'Label'" + kEmpty + "00000001" + "01 00000000 01 00000000 00000000"));
 }
 
-TEST_F(TreeNodeBinaryTest, EveryByteSurvivesBothVersions) {
+TEST_F(TreeNodeBinaryTest, EveryByteSurvivesEachForm) {
     TreeNode node("R");
     for (int byte = 1; byte < 256; ++byte) {
         if (byte != '\r')
@@ -63,6 +57,8 @@ TEST_F(TreeNodeBinaryTest, EveryByteSurvivesBothVersions) {
     }
     EXPECT_TRUE(LoadBytes(Written(node, true, false))->IsSameTree(node));
     EXPECT_TRUE(LoadBytes(Written(node, true, true))->IsSameTree(node));
+    node.RemoveChild(node.GetChild(node.GetChildCount() - 1));
+    EXPECT_TRUE(LoadAsStream(Written(node, false))->IsSameTree(node)) << "in text all but the end mark";
 }
 
 TEST_F(TreeNodeBinaryTest, EncodingChoosesTheCodePage) {
@@ -99,23 +95,23 @@ TEST_F(TreeNodeBinaryTest, StringsEndAtTheirFirstZero) {
 }
 
 TEST_F(TreeNodeBinaryTest, DamageIsReported) {
-    struct Case {
+    const Reports version{"Could not read treenode - version is not recognized"};
+    const struct {
         std::string Document;
         Reports Expected;
         const char* Why;
-    };
-    const Case cases[] = {
-        {"00 00", {"Could not read treenode - version is not recognized"}, "version 0"},
-        {"00 03", {"Could not read treenode - version is not recognized"}, "version 3"},
-        {"00", {"Could not read treenode - version is not recognized"}, "no version"},
+    } cases[] = {
+        {"00 00", version, "version 0"},
+        {"00 03", version, "version 3"},
+        {"00", version, "no version"},
         {"00 01 02", {"Unexpected field type: 2", kFailed}, "tag of the label"},
         {"00 01" + kEmpty + "FF", {"Unexpected field type: 255", kFailed}, "tag of the value"},
         {"00 01" + kEmpty + kEmpty + "FFFFFFFF" + kEmpty + kEmpty + kLeaf,
          {kCutOff, kFailed},
-         "a count that lies"},
-        {"00 01 00 FFFFFFFF 'abc'", {kCutOff, kFailed}, "a length that lies: the value is missing"},
+         "a wrong count"},
+        {"00 01 00 FFFFFFFF 'abc'", {kCutOff, kFailed}, "a wrong length: the value is missing"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const std::string bytes = Bytes(c.Document);
         EXPECT_EQ(LoadBytes(bytes), nullptr) << c.Why;
         EXPECT_EQ(TakeReports(), c.Expected) << c.Why;
@@ -142,7 +138,7 @@ TEST_F(TreeNodeBinaryTest, RandomDamageNeverDoesWorseThanNull) {
     int read = 0;
     for (int round = 0; round < 5000; ++round) {
         std::string bytes = whole;
-        for (unsigned changes = 1 + Below(random, 3); changes > 0; --changes)
+        for (auto changes = 1 + random() % 3; changes > 0; --changes)
             bytes[2 + random() % (bytes.size() - 2)] =
                 static_cast<char>(random() % 4 == 0 ? random() : random() % 3);
         const auto tree = LoadBytes(bytes);

@@ -56,13 +56,8 @@ TEST_F(TreeNodeDepthTest, HandMadeTreesHaveNoLimit) {
     EXPECT_EQ(DepthOf(walked), kMillion - 2);
     walked.GetChild(0)->ClearChildren();
     EXPECT_EQ(DepthOf(walked), 1);
-}
-
-TEST_F(TreeNodeDepthTest, TextOfADeepTreeIsWritten) {
-    constexpr int kDepth = 2000;
-    const auto chain = MakeChain(kDepth);
-    const auto again = LoadAsString(std::string(chain->ToText().View()));
-    EXPECT_TRUE(again->IsSameTree(*chain));
+    const auto written = MakeChain(2000);
+    EXPECT_TRUE(LoadAsString(std::string(written->ToText().View()))->IsSameTree(*written));
 }
 
 TEST_F(TreeNodeDepthTest, DeeperDocumentsAreRefused) {
@@ -88,10 +83,9 @@ TEST_F(TreeNodeDepthTest, DeeperDocumentsAreRefused) {
 
 TEST_F(TreeNodeDepthTest, CountsThatLieAtEveryLevelCostNothing) {
     // Each level claims 4 billion children, and brings one.
-    const std::string level = Bytes("00 00000000 00 00000000 FFFFFFFF");
     std::string document = Bytes("00 01");
     for (int i = 0; i < TreeNodeReader::kDeepestLevel; ++i)
-        document += level;
+        document += Bytes("00 00000000 00 00000000 FFFFFFFF");
     document += std::string(1000000, '\0');
     EXPECT_EQ(LoadBytes(document), nullptr);
     EXPECT_EQ(TakeReports().size(), 2U);

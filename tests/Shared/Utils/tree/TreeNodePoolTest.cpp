@@ -66,18 +66,11 @@ TEST(TreeNodePool, PagesMoveBetweenTheLists) {
 
     // A page without cells in use goes, from the middle of its list too.
     const std::uintptr_t emptied = PageOf(cells[cells.size() / 2]);
-    for (void* const cell : cells) {
-        if (PageOf(cell) == emptied) {
-            EXPECT_TRUE(pool.Release(cell));
-        }
+    for (const bool isOfThatPage : {true, false}) {
+        for (void* const cell : cells)
+            EXPECT_TRUE((PageOf(cell) == emptied) != isOfThatPage || pool.Release(cell));
+        EXPECT_EQ(pool.PageCount(), isOfThatPage ? 3U : 0U);
     }
-    EXPECT_EQ(pool.PageCount(), 3U);
-    for (void* const cell : cells) {
-        if (PageOf(cell) != emptied) {
-            EXPECT_TRUE(pool.Release(cell));
-        }
-    }
-    EXPECT_EQ(pool.PageCount(), 0U);
     EXPECT_EQ(pool.CellsInUse(), 0U);
 }
 

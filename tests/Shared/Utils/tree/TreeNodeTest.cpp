@@ -87,7 +87,6 @@ TEST_F(TreeNodeTest, CopiesAreDeepAndIndependent) {
     copy.RemoveChild(copy.GetChild(0));
     EXPECT_EQ(Outline(&m_Node), "Root(A=|1|,B=|2|(Deep),A=|3|)");
     EXPECT_EQ(Outline(&copy), "Root(B=|2|(Changed),A=|3|)");
-    copy = m_Node;
     copy.SetValue("kept");
     copy.CopyChildrenFrom(TreeNode("Other", "value"));
     EXPECT_EQ(Outline(&copy), "Root=|kept|");
@@ -135,6 +134,4 @@ TEST_F(TreeNodeTest, ListGrowsByFourSlots) {
         list.Add(new TreeNode);
         EXPECT_EQ(list.Capacity(), i / 4 * 4 + 4);
     }
-    const Nvr::TreeNodeList copy(list);
-    EXPECT_EQ(copy.Capacity(), 9);
 }

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <random>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -57,11 +56,6 @@ inline std::string Bytes(std::string_view description) {
         }
     }
     return bytes;
-}
-
-/// A number from 0 up to below `limit`, the same ones in every run.
-inline unsigned Below(std::mt19937& random, unsigned limit) {
-    return static_cast<unsigned>(random() % limit);
 }
 
 inline std::unique_ptr<Nvr::TreeNodeRoot> LoadBytes(std::string_view bytes) {
