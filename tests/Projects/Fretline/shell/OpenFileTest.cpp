@@ -10,8 +10,10 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <map>
 #include <stdexcept>
+#include <sys/resource.h>
 
 namespace {
 
@@ -181,6 +183,12 @@ TEST_F(OpenFileTest, WhateverTheHostThrowsTheClosingSequenceRunsAndNothingComesO
     }
 }
 
+TEST_F(OpenFileTest, EveryCallOfTheClosingSequenceIsMadeWhenAllOfThemThrow) {
+    Host.Answer = []() -> int { throw 42; };
+    EXPECT_TRUE(Open(Tabs.Write("a.tab", kTwoBars)));
+    EXPECT_EQ(Host.Calls, (Calls{kCallsOfTwoBars[0], "update 100", "destroy"}));
+}
+
 TEST_F(OpenFileTest, AnOpenFromInsideAConversionOnlySaysWhoseTheFileIs) {
     const std::string outer = Tabs.Write("outer.tab", kTwoBars);
     const std::string tab = Tabs.Write("inner.tab", kTwoBars);
@@ -242,6 +250,36 @@ TEST_F(OpenFileTest, BeforeTheStartAFileIsTestedAndNothingIsCalled) {
     EXPECT_TRUE(Open(Tabs.Write("a.tab", kTwoBars)));
     EXPECT_TRUE(Host.Calls.empty());
     EXPECT_FALSE(Open(Tabs.Write("a.txt", kTwoBars)));
+}
+
+/// No file that this process writes may grow beyond a size, as on a disk that is full.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytesLeft) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_Former);
+        const rlimit limit{bytesLeft, m_Former.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &m_Former);
+        std::signal(SIGXFSZ, SIG_DFL);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_Former{};
+};
+
+TEST_F(OpenFileTest, OnAFullDiskTheHostFindsNoScore) {
+    const std::string tab = Tabs.Write("a.tab", kTwoBars);
+    {
+        const FullDisk disk(1000);
+        EXPECT_TRUE(Open(tab));
+    }
+    EXPECT_EQ(Host.Calls, kCallsOfTwoBars) << "a failed write is not told apart";
+    EXPECT_TRUE(Host.LoadedBytes.empty());
 }
 
 } // namespace
