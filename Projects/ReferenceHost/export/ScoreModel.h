@@ -70,9 +70,9 @@ struct ScoreModel {
     int CountNotes() const;
     int CountChordSymbols() const;
 
-    /// Reads a score tree, part maps dissolved or not. Empty when the tree is not a score with one stave, or
-    /// a value in it makes no sense (a string that the stave does not have, a duration of no power of two);
-    /// `why` then says what is wrong.
+    /// Reads the tree of a score that a conversion has finished. Empty when the tree is not a score with one
+    /// stave, or a value in it makes no sense (a string that the stave does not have, a duration of no power
+    /// of two); `why` then says what is wrong.
     static std::optional<ScoreModel> Read(const Nvr::TreeNode& score, std::string& why);
 };
 
