@@ -1,6 +1,5 @@
 #include "Shared/Gui/GuiDialog.h"
 
-#include "Shared/Gui/DialogLayout.h"
 #include "Shared/Utils/Exceptions.h"
 
 #include <optional>
@@ -11,16 +10,14 @@ namespace {
 constexpr const char* kCouldNotCreate = "Could not create dialog";
 }
 
-GuiDialog::GuiDialog(const ManagedWindow& parent, const ResId& layout) : m_Parent(parent), m_Layout(layout) {}
+GuiDialog::GuiDialog(const ManagedWindow& parent, const ResId& dialog) : m_Parent(parent), m_Dialog(dialog) {}
 
 bool GuiDialog::RunModal() {
     struct ForgetSession {
         Platform::DialogSession*& Session;
         ~ForgetSession() { Session = nullptr; }
     } forget{m_Session};
-    const std::optional<DialogLayout> layout = DialogLayout::Load(m_Layout);
-    const std::optional<bool> result =
-        layout ? Platform::RunDialog(m_Parent.GetHandle(), *layout, *this) : std::nullopt;
+    const std::optional<bool> result = Platform::RunDialog(m_Parent.GetHandle(), m_Dialog, *this);
     if (!result)
         throw WindowException(kCouldNotCreate);
     return *result;

@@ -6,12 +6,12 @@
 
 namespace Nvr {
 
-/// A modal dialog made from a layout resource. Derived classes override OnOpen and OnCommand and use the
+/// A modal dialog made from a dialog resource. Derived classes override OnOpen and OnCommand and use the
 /// protected operations, which work only while the dialog runs. Borrows the parent, which must outlive it.
 class GuiDialog : public ManagedWindow, private NonCopyable, private Platform::DialogEvents {
 public:
-    /// `layout` names a resource of the type "DIALOG"; see DialogLayout for its form.
-    GuiDialog(const ManagedWindow& parent, const ResId& layout);
+    /// `dialog` names a dialog resource in the form of the platform: DialogLayout tells that of a terminal.
+    GuiDialog(const ManagedWindow& parent, const ResId& dialog);
 
     /// Shows the dialog and comes back when it has ended: true or false, as it ended. Throws WindowException
     /// with the text "Could not create dialog" when it cannot be made.
@@ -35,7 +35,7 @@ private:
     bool OnDialogCommand(int controlId) override;
 
     const ManagedWindow& m_Parent;
-    ResId m_Layout;
+    ResId m_Dialog;
     Platform::DialogSession* m_Session = nullptr;
 };
 

@@ -3,14 +3,15 @@
 #include <optional>
 
 namespace Nvr {
-struct DialogLayout;
+class ResId;
 }
 
 /// Modal dialogs as the platform shows them. One source a platform.
 namespace Nvr::Platform {
 
 /// The platform's handle of a window. Where a process shows its dialogs on a terminal, any handle but null
-/// stands for that terminal.
+/// stands for that terminal, and null for nobody to ask. Where it has windows, null is no owner, which a
+/// dialog can do without.
 using NativeWindow = void*;
 
 /// A width and a height in the units of the screen: pixels, or character cells of a terminal.
@@ -44,8 +45,10 @@ protected:
     ~DialogEvents() = default;
 };
 
-/// Shows the dialog over `parent` and comes back when it has ended, with the result that it ended with; empty
-/// when it could not be made. An exception out of `events` leaves the screen as it was and passes on.
-std::optional<bool> RunDialog(NativeWindow parent, const DialogLayout& layout, DialogEvents& events);
+/// Shows the dialog that is stored as `dialog` in that module, or else in the module of the process, over
+/// `parent` and comes back when it has ended, with the result that it ended with; empty when neither holds
+/// such a dialog or it could not be made. An exception out of `events` leaves the screen as it was and passes
+/// on.
+std::optional<bool> RunDialog(NativeWindow parent, const ResId& dialog, DialogEvents& events);
 
 } // namespace Nvr::Platform

@@ -1,5 +1,6 @@
-#include "Shared/Gui/platform/Dialogs.h"
+#include "Shared/Gui/platform/DialogsPosix.h"
 
+#include "Shared/Gui/DialogLayout.h"
 #include "Shared/Gui/platform/TerminalDialogPosix.h"
 #include "Shared/Gui/platform/UnattendedDialogPosix.h"
 
@@ -16,7 +17,12 @@ bool HasPersonAtTerminal(NativeWindow parent) {
 
 } // namespace
 
-std::optional<bool> RunDialog(NativeWindow parent, const DialogLayout& layout, DialogEvents& events) {
+std::optional<bool> RunDialog(NativeWindow parent, const ResId& dialog, DialogEvents& events) {
+    const std::optional<DialogLayout> layout = DialogLayout::Load(dialog);
+    return layout ? RunDialogOfLayout(parent, *layout, events) : std::nullopt;
+}
+
+std::optional<bool> RunDialogOfLayout(NativeWindow parent, const DialogLayout& layout, DialogEvents& events) {
     if (HasPersonAtTerminal(parent))
         return RunTerminalDialog(layout, events);
     return RunUnattendedDialog(layout, events);

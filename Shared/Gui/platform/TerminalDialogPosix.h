@@ -2,6 +2,10 @@
 
 #include "Shared/Gui/platform/Dialogs.h"
 
+namespace Nvr {
+struct DialogLayout;
+}
+
 namespace Nvr::Platform {
 
 /// The dialog on the terminal of the process, driven by the keys that people expect: Tab and Shift-Tab,

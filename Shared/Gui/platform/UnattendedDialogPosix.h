@@ -2,6 +2,10 @@
 
 #include "Shared/Gui/platform/Dialogs.h"
 
+namespace Nvr {
+struct DialogLayout;
+}
+
 namespace Nvr::Platform {
 
 /// The dialog of a process without a person: it opens, accepts what its opening has put into it, as the Enter

@@ -1,7 +1,7 @@
 // The terminal dialog, driven through a pseudo-terminal as a person would.
 
 #include "Shared/Gui/DialogLayout.h"
-#include "Shared/Gui/platform/Dialogs.h"
+#include "Shared/Gui/platform/DialogsPosix.h"
 #include "tests/support/TerminalPerson.h"
 
 #include <gtest/gtest.h>
@@ -68,7 +68,7 @@ int Ask(bool throws) {
         question.ThrowOnCheckBox();
     static int window = 0;
     try {
-        const auto result = Nvr::Platform::RunDialog(&window, Layout(), question);
+        const auto result = Nvr::Platform::RunDialogOfLayout(&window, Layout(), question);
         return result ? kEnded + question.Answer : kCouldNotBeMade;
     } catch (const std::runtime_error&) {
         return kThrew;
@@ -156,11 +156,11 @@ TEST(TerminalDialog, AnExceptionLeavesTheTerminalAsItWas) {
 
 TEST(UnattendedDialog, AcceptsWhatTheOpeningHasPutIn) {
     Question question;
-    const auto result = Nvr::Platform::RunDialog(nullptr, Layout(), question);
+    const auto result = Nvr::Platform::RunDialogOfLayout(nullptr, Layout(), question);
     ASSERT_TRUE(result.has_value());
     EXPECT_TRUE(*result);
     EXPECT_EQ(1, question.Answer);
-    EXPECT_FALSE(Nvr::Platform::RunDialog(nullptr, DialogLayout(), question).has_value())
+    EXPECT_FALSE(Nvr::Platform::RunDialogOfLayout(nullptr, DialogLayout(), question).has_value())
         << "nothing to accept with";
 }
 
