@@ -59,6 +59,9 @@ void Opening::OnMessage(const std::string& text) {
 
 void Opening::OnScore(const std::string& path) {
     m_Result.Score = ReadWholeFile(path);
+    // A score that could not be written, on a full disk say.
+    if (m_Result.Score && m_Result.Score->empty())
+        m_Result.Score.reset();
 }
 
 } // namespace ReferenceHost

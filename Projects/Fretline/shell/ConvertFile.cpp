@@ -18,6 +18,28 @@ using Nvr::String;
 namespace {
 
 constexpr int kTemplateResource = 100;
+/// A name that nobody can foretell is taken only by somebody who watches the folder and is quick.
+constexpr int kReservationTries = 10;
+
+String PathOfNewFile(const Nvr::DiskFile& file) {
+    try {
+        return file.GetPath();
+    } catch (...) {
+        // Nobody would delete it later.
+        file.Delete(false);
+        throw;
+    }
+}
+
+/// Makes the score file: the name of the reserved file with another extension. The path stays empty when that
+/// is taken, be it by a link.
+void MakeScoreFile(const Nvr::DiskFile& reserved, String& path) {
+    Nvr::DiskFile score = reserved;
+    score.ChangeExtension("nvf", false, false);
+    const String scorePath = score.GetPath();
+    if (score.CreateNew())
+        path = scorePath;
+}
 
 bool ConvertInto(const String& sourcePath, const String& tempPath, const String& configFolder) {
     const String optionsPath = FretlineOptions::PathIn(configFolder);
@@ -33,12 +55,17 @@ bool ConvertInto(const String& sourcePath, const String& tempPath, const String&
 } // namespace
 
 int ConvertFile(const String& sourcePath, String& tempPath, const String& configFolder) {
-    Nvr::DiskFile scoreFile = Nvr::CreateTempFile();
-    // As long as it is there, nobody else is given its name, and so the name of the score file.
-    const String reservedPath = scoreFile.GetPath();
-    const TemporaryFile reserved(reservedPath);
-    scoreFile.ChangeExtension("nvf", false, false);
-    tempPath = scoreFile.GetPath();
+    String reservedPath;
+    TemporaryFile reserved(reservedPath);
+    tempPath = String();
+    for (int i = 0; i < kReservationTries && tempPath.IsEmpty(); ++i) {
+        reserved.Delete();
+        const Nvr::DiskFile file = Nvr::CreateTempFile();
+        reservedPath = PathOfNewFile(file);
+        if (reservedPath.IsEmpty())
+            break;
+        MakeScoreFile(file, tempPath);
+    }
     Nvr::ClearNodeStringTable();
     const bool hasScore = ConvertInto(sourcePath, tempPath, configFolder);
     Nvr::ClearNodeStringTable();

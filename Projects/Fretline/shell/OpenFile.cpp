@@ -6,6 +6,7 @@
 #include "Projects/Fretline/shell/TabFileTest.h"
 #include "Projects/Fretline/shell/TemporaryFile.h"
 #include "Shared/NotaveraAPI/HostFunctions.h"
+#include "Shared/Utils/DiskFile.h"
 #include "Shared/Utils/Exceptions.h"
 #include "Shared/Utils/FloatingPoint.h"
 #include "Shared/Utils/ResId.h"

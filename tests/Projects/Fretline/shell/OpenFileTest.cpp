@@ -12,8 +12,10 @@
 
 #include <csignal>
 #include <map>
+#include <set>
 #include <stdexcept>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -29,6 +31,7 @@ const Calls kCallsOfTwoBars = {kCreate,     "update 0",  "update 0", "update 10"
                                "update 50", "update 80", "load",     "update 100", "destroy"};
 constexpr std::size_t kLoad = 8;
 constexpr std::size_t kClosing = 9;
+constexpr std::filesystem::perms kOwnerOnly{0600};
 
 class OpenFileTest : public testing::Test {
 protected:
@@ -61,6 +64,19 @@ protected:
         EXPECT_EQ(Host.Calls, expected) << "ended at call " << at;
         EXPECT_TRUE(Temp.IsEmpty()) << at;
         EXPECT_EQ(Fretline::GetPluginState().ConversionInProgress, 0) << at;
+        ExpectTheUsualScore();
+    }
+
+    /// An open that nothing disturbs is like the first one of the test, byte for byte.
+    void ExpectTheUsualScore() {
+        Host.Answer = nullptr;
+        Host.LoadedBytes.clear();
+        EXPECT_TRUE(Open(Tabs.Write("a.tab", kTwoBars)));
+        EXPECT_EQ(Host.Calls, kCallsOfTwoBars);
+        if (m_UsualScore.empty())
+            m_UsualScore = Host.LoadedBytes;
+        EXPECT_FALSE(Host.LoadedBytes.empty());
+        EXPECT_TRUE(Host.LoadedBytes == m_UsualScore);
     }
 
     TestSupport::ScratchFolder Config;
@@ -72,15 +88,25 @@ protected:
 
 private:
     std::string m_ConfigPath;
+    std::string m_UsualScore;
 };
 
 TEST_F(OpenFileTest, GoesTheWholeWayInOrder) {
     bool wasConverting = false;
+    const mode_t formerMask = umask(0);
     Host.Answer = [&] {
         wasConverting = wasConverting || Fretline::GetPluginState().ConversionInProgress == 1;
+        std::size_t files = 0;
+        for (const auto& entry : std::filesystem::directory_iterator(Temp.Path())) {
+            EXPECT_EQ(entry.status().permissions(), kOwnerOnly) << entry;
+            ++files;
+        }
+        const bool isReserved = Host.Calls.size() > 2 && Host.Calls.size() <= kLoad;
+        EXPECT_EQ(files, isReserved ? 2U : Host.Calls.back() == "load" ? 1U : 0U) << Host.Calls.back();
         return 1;
     };
     EXPECT_TRUE(Open(Tabs.Write("a b%20.tab", kTwoBars)));
+    umask(formerMask);
     EXPECT_EQ(Host.Calls, kCallsOfTwoBars);
     EXPECT_TRUE(wasConverting);
     const std::filesystem::path loaded = Host.LoadedPath;
@@ -158,7 +184,28 @@ TEST_F(OpenFileTest, TheTuningOfTheTextDecidesTheStaveType) {
     }
 }
 
+TEST_F(OpenFileTest, FoldersMayHaveAnyBytesInTheirNames) {
+    const std::filesystem::path odd = Tabs.Path() / "with blank \xC3\xBC \xFC#%20";
+    std::filesystem::create_directory(odd);
+    const std::string folder = odd.string();
+    Record.ConfigFolder = folder.c_str();
+    ASSERT_TRUE(Fretline::InitialisePlugin(Record, Info));
+    setenv("TMPDIR", folder.c_str(), 1);
+    std::set<std::string> scores;
+    for (const char* const level : {"0", "2"}) {
+        Tabs.Write(odd.filename().string() + "/FretlineOptions.txt",
+                   std::string("\r\n{\r\n\tRhythmLevel \"") + level + "\"\r\n}\r\n");
+        EXPECT_TRUE(Open(Tabs.Write(odd.filename().string() + "/\xE4 b%.tab", kTwoBars)));
+        EXPECT_EQ(Host.Calls, kCallsOfTwoBars);
+        EXPECT_EQ(std::filesystem::path(Host.LoadedPath).parent_path(), odd);
+        scores.insert(Host.LoadedBytes);
+    }
+    EXPECT_EQ(scores.size(), 2U) << "the options were read";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(odd), {}), 2) << "tab and options";
+}
+
 TEST_F(OpenFileTest, ACancelAtAnyReportGoesStraightToTheClosingSequence) {
+    ExpectTheUsualScore();
     for (std::size_t at = 1; at < kCallsOfTwoBars.size(); ++at) {
         Host.Answer = [&] { return IsLastCall(at) ? 0 : 1; };
         const bool isLookedAt = at > 1 && at < kLoad;
@@ -167,6 +214,7 @@ TEST_F(OpenFileTest, ACancelAtAnyReportGoesStraightToTheClosingSequence) {
 }
 
 TEST_F(OpenFileTest, WhateverTheHostThrowsTheClosingSequenceRunsAndNothingComesOut) {
+    ExpectTheUsualScore();
     using Throw = void (*)();
     const Throw kinds[] = {[] { throw 42; }, [] { throw std::runtime_error("host"); },
                            [] { throw Nvr::OutOfMemoryException(); },
@@ -190,6 +238,7 @@ TEST_F(OpenFileTest, EveryCallOfTheClosingSequenceIsMadeWhenAllOfThemThrow) {
 }
 
 TEST_F(OpenFileTest, AnOpenFromInsideAConversionOnlySaysWhoseTheFileIs) {
+    ExpectTheUsualScore();
     const std::string outer = Tabs.Write("outer.tab", kTwoBars);
     const std::string tab = Tabs.Write("inner.tab", kTwoBars);
     const std::string text = Tabs.Write("inner.txt", kTwoBars);
@@ -209,6 +258,7 @@ TEST_F(OpenFileTest, AnOpenFromInsideAConversionOnlySaysWhoseTheFileIs) {
                             kCallsOfTwoBars.end());
         EXPECT_EQ(Host.Calls, expected) << at;
         EXPECT_EQ(Fretline::GetPluginState().Output->GetFileName(), "outer.tab") << "messages bear its name";
+        ExpectTheUsualScore();
     }
 }
 
@@ -273,6 +323,7 @@ private:
 };
 
 TEST_F(OpenFileTest, OnAFullDiskTheHostFindsNoScore) {
+    ExpectTheUsualScore();
     const std::string tab = Tabs.Write("a.tab", kTwoBars);
     {
         const FullDisk disk(1000);
@@ -280,6 +331,7 @@ TEST_F(OpenFileTest, OnAFullDiskTheHostFindsNoScore) {
     }
     EXPECT_EQ(Host.Calls, kCallsOfTwoBars) << "a failed write is not told apart";
     EXPECT_TRUE(Host.LoadedBytes.empty());
+    ExpectTheUsualScore();
 }
 
 } // namespace
