@@ -7,9 +7,8 @@ namespace Nvr {
 
 SafeFileWriter::SafeFileWriter(const String& path)
     : m_Replacement(Platform::PrepareReplacement(std::string(path.View()))) {
-    const std::string& written = m_Replacement.Beside.empty() ? m_Replacement.Target : m_Replacement.Beside;
     try {
-        m_Stream = std::make_unique<OutFileStream>(String(written));
+        m_Stream = std::make_unique<OutFileStream>(String(WrittenPath()));
     } catch (...) {
         RemoveBeside();
         throw;
@@ -24,15 +23,32 @@ SafeFileWriter::~SafeFileWriter() {
 }
 
 bool SafeFileWriter::Commit() {
+    return CommitAs(false);
+}
+
+bool SafeFileWriter::CommitToDisk() {
+    return CommitAs(true);
+}
+
+bool SafeFileWriter::CommitAs(bool isToReachTheDisk) {
     if (std::exchange(m_Done, true))
         return false;
     const bool written = m_Stream->Close();
+    const bool isFlushed = written && (!isToReachTheDisk || Platform::FlushToDisk(WrittenPath()));
     if (m_Replacement.Beside.empty())
-        return written;
-    if (written && Platform::FinishReplacement(m_Replacement))
-        return true;
-    RemoveBeside();
-    return false;
+        return isFlushed;
+    if (!isFlushed || !Platform::FinishReplacement(m_Replacement)) {
+        RemoveBeside();
+        return false;
+    }
+    // Should this fail there is no way back, and none is needed: whichever file the disk keeps is whole.
+    if (isToReachTheDisk)
+        Platform::FlushToDisk(m_Replacement.Target);
+    return true;
+}
+
+const std::string& SafeFileWriter::WrittenPath() const {
+    return m_Replacement.Beside.empty() ? m_Replacement.Target : m_Replacement.Beside;
 }
 
 void SafeFileWriter::RemoveBeside() {

@@ -6,6 +6,7 @@
 #include "Shared/Utils/platform/FileServices.h"
 
 #include <memory>
+#include <string>
 
 namespace Nvr {
 
@@ -18,8 +19,8 @@ namespace Nvr {
 ///
 /// A file that was there keeps its access rights, and where the path is a link, the file that it leads to is
 /// replaced. Where a new file cannot be put in its place (a device, a file with several names or of another
-/// owner, a folder that takes no new files) it is written in place, and a failure may leave it cut short.
-/// Without a successful `Commit` nothing stays beside the file. Nothing here reports.
+/// owner, a folder in which the user may make no files) it is written in place, and a failure may leave it
+/// cut short. Without a successful `Commit` nothing stays beside the file. Nothing here reports.
 class SafeFileWriter : private NonCopyable {
 public:
     /// Opens for output in binary mode, the path being native. See `Good` of the stream for whether it could
@@ -33,8 +34,13 @@ public:
     /// Flushes, closes, and puts the new file in its place. False when anything has failed since the opening,
     /// a full disk and the close included. To be called once; later calls give false.
     bool Commit();
+    /// The same for a file that is to survive the machine's sudden end: at any moment the disk holds either
+    /// the former file or the new one, whole. It waits for the disk.
+    bool CommitToDisk();
 
 private:
+    bool CommitAs(bool isToReachTheDisk);
+    const std::string& WrittenPath() const;
     void RemoveBeside();
 
     Platform::Replacement m_Replacement;

@@ -58,17 +58,22 @@ std::uint64_t UnguessableNumber();
 
 /// Where a new version of a file is to be written, and how it takes the file's place.
 struct Replacement {
-    /// The file that is replaced: `path` with links at its end followed.
+    /// The file that is replaced: `path` with links at its end followed. Empty when it can be neither
+    /// replaced nor written in place without risk: the links lead nowhere, the disk or the table of open
+    /// files is full.
     std::string Target;
     /// A new empty file in the same folder, with the access rights that the target has, or that a new file
     /// gets. Empty when the target can only be written in place: it is no regular file, has more names than
-    /// one or another owner whom a new file could not keep, or its folder takes no new files.
+    /// one or another owner whom a new file could not keep, or its folder grants no right to make files.
     std::string Beside;
 };
 
 Replacement PrepareReplacement(const std::string& path);
 /// Puts `Beside` in the place of `Target` in one step. After a failure both are as they were.
 bool FinishReplacement(const Replacement& replacement);
+/// Waits until the contents of a file, and the name that it has in its folder, stand on the disk itself.
+/// False when the disk has failed in that; true also where the system has no such promise to give.
+bool FlushToDisk(const std::string& path);
 
 /// The folder for temporary files. A setting of the user's that names no folder in which files can be made is
 /// passed over.

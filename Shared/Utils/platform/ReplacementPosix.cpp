@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <utility>
 #include <vector>
 
 #include <fcntl.h>
@@ -39,6 +40,7 @@ std::string FollowLinks(std::string path) {
     return {};
 }
 
+// Empty, with errno set, when there can be none.
 std::string CreateBeside(const std::string& target, mode_t rights) {
     for (int i = 0; i < kNameTries; ++i) {
         std::string path =
@@ -61,6 +63,13 @@ bool TakeOver(const std::string& path, const struct stat& former) {
     if (!sameOwner && chown(path.c_str(), former.st_uid, former.st_gid) != 0)
         return false;
     return chmod(path.c_str(), former.st_mode & kRights) == 0;
+}
+
+// Writing in place begins with losing what is there: not where the next write may fail like this one.
+Replacement BesideOrNothing(const std::string& target, mode_t rights) {
+    std::string beside = CreateBeside(target, rights);
+    const bool isForbidden = beside.empty() && (errno == EACCES || errno == EPERM);
+    return beside.empty() && !isForbidden ? Replacement() : Replacement{target, std::move(beside)};
 }
 
 bool CopyBytes(int from, int to) {
@@ -99,15 +108,13 @@ Replacement PrepareReplacement(const std::string& path) {
     if (result.Target.empty())
         return result;
     struct stat former {};
-    if (stat(result.Target.c_str(), &former) != 0) {
-        result.Beside = CreateBeside(result.Target, kRightsOfNewFiles);
-        return result;
-    }
+    if (stat(result.Target.c_str(), &former) != 0)
+        return BesideOrNothing(result.Target, kRightsOfNewFiles);
     // A file that may not be written is not to be replaced either.
     if (!S_ISREG(former.st_mode) || former.st_nlink > 1 ||
         faccessat(AT_FDCWD, result.Target.c_str(), W_OK, AT_EACCESS) != 0)
         return result;
-    result.Beside = CreateBeside(result.Target, S_IRUSR | S_IWUSR);
+    result = BesideOrNothing(result.Target, S_IRUSR | S_IWUSR);
     if (!result.Beside.empty() && !TakeOver(result.Beside, former)) {
         RemoveFile(result.Beside);
         result.Beside.clear();

@@ -133,7 +133,7 @@ public:
     void WriteToStream(OutStream& stream, int depth, bool binary, bool unicode, int encoding) const;
     /// Writes a file of the form that WriteToStream gives at depth 0. False, with a report, when the file
     /// cannot be opened or written; a file that was there is then as it was, unless SafeFileWriter had to
-    /// write it in place.
+    /// write it in place. A text also waits for the disk, so that a sudden end of the machine spoils nothing.
     bool SaveToFile(const String& fileName, bool binary = false, bool unicode = false,
                     int encoding = 0) const;
 

@@ -14,7 +14,9 @@ bool TreeNode::SaveToFile(const String& fileName, bool binary, bool unicode, int
     SafeFileWriter writer(fileName);
     if (writer.Stream().Good()) {
         WriteToStream(writer.Stream(), 0, binary, unicode, encoding);
-        if (writer.Commit())
+        // The text form is what a user's settings are kept in; a score is loaded at once and has no former
+        // one.
+        if (binary ? writer.Commit() : writer.CommitToDisk())
             return true;
     }
     ReportError("Could not write configuration file " + fileName);
