@@ -76,11 +76,11 @@ std::string_view DiskObject::LastPart() const {
 DiskFolder DiskObject::GetParent() const {
     const std::string path = NativePath();
     const std::string_view url = WithoutLastSlash(m_Url.View());
-    if (path.empty() || path == "/")
+    if (path.empty() || Platform::IsTopmostFolder(path))
         return {};
     const std::string_view parent = url.substr(0, url.rfind('/') + 1);
     // The topmost folder is the one that keeps its slash.
-    const bool isTopmost = Platform::PathOfUrl(parent) == "/";
+    const bool isTopmost = Platform::IsTopmostFolder(Platform::PathOfUrl(parent));
     return DiskFolder::FromUrl(String(isTopmost ? parent : WithoutLastSlash(parent)));
 }
 

@@ -22,6 +22,9 @@ PathParts SplitPath(std::string_view path);
 /// Puts in the separator behind the folder and the dot before the extension where they are missing.
 std::string JoinPath(const PathParts& parts);
 
+/// True for an absolute path of a folder that no other holds: the root, a drive, a share.
+bool IsTopmostFolder(std::string_view path);
+
 /// The file URL of an absolute path, any bytes; empty for another path.
 std::string UrlOfPath(std::string_view path);
 /// The path of a file URL; empty for a URL of another kind and for one that names no path of the platform.

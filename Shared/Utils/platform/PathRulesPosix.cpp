@@ -52,6 +52,10 @@ std::string JoinPath(const PathParts& parts) {
     return path + parts.Extension;
 }
 
+bool IsTopmostFolder(std::string_view path) {
+    return path == "/";
+}
+
 std::string UrlOfPath(std::string_view path) {
     if (path.empty() || path.front() != '/')
         return {};
