@@ -6,13 +6,13 @@
 #include "Shared/Utils/tree/TreeNode.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/ScoreText.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cfenv>
 #include <cstdlib>
-#include <fstream>
 #include <memory>
 
 namespace {
@@ -33,27 +33,11 @@ std::vector<fs::path> Examples() {
     return files;
 }
 
-class ConfigFolder {
-public:
-    explicit ConfigFolder(int level) {
-        std::string pattern = (fs::temp_directory_path() / "fretline-test-XXXXXX").string();
-        m_Path = mkdtemp(pattern.data());
-        std::ofstream(m_Path / "FretlineOptions.txt", std::ios::binary)
-            << "\r\n{\r\n\tRhythmLevel \"" << level << "\"\r\n}\r\n";
-    }
-    ~ConfigFolder() { fs::remove_all(m_Path); }
-    ConfigFolder(const ConfigFolder&) = delete;
-    ConfigFolder& operator=(const ConfigFolder&) = delete;
-    const fs::path& Path() const { return m_Path; }
-
-private:
-    fs::path m_Path;
-};
-
 class ExamplesAtLevel : public testing::TestWithParam<int> {};
 
 TEST_P(ExamplesAtLevel, GiveTheRecordedCallsAndScores) {
-    const ConfigFolder config(GetParam());
+    const TestSupport::ScratchFolder config;
+    config.StoreLevel(GetParam());
     TestSupport::RecordingHost host(FRETLINE_LIBRARY, config.Path());
     ASSERT_TRUE(host.IsReady());
     ASSERT_GE(Examples().size(), 12U);
@@ -74,7 +58,8 @@ TEST_P(ExamplesAtLevel, GiveTheRecordedCallsAndScores) {
 }
 
 TEST(Conversion, DoesNotMindWhatTheHostDoesToTheFloatingPointUnit) {
-    const ConfigFolder config(2);
+    const TestSupport::ScratchFolder config;
+    config.StoreLevel(2);
     TestSupport::RecordingHost host(FRETLINE_LIBRARY, config.Path());
     const fs::path tab = FRETLINE_SOURCE_DIR "/examples/when-the-saints.tab";
     host.Open(tab);

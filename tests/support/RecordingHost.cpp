@@ -2,23 +2,19 @@
 
 #include "Shared/NotaveraAPI/NotaveraPlugin.h"
 
-#include <dlfcn.h>
-
 namespace TestSupport {
 
-RecordingHost::RecordingHost(const std::filesystem::path& library, const std::filesystem::path& configFolder)
-    : m_ConfigFolder(configFolder.string()) {
-    m_Library = dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (m_Library == nullptr)
-        return;
-    const auto initialise =
-        reinterpret_cast<int (*)(HostInitRecord*, PluginInfoRecord*)>(dlsym(m_Library, "NVR_INIT"));
-    m_OpenFile = reinterpret_cast<int (*)(const char*)>(dlsym(m_Library, "NVR_OPENFILE"));
-    m_Terminate = reinterpret_cast<int (*)()>(dlsym(m_Library, "NVR_TERM"));
+RecordingHost::RecordingHost(const std::string& library, const std::string& configFolder, void* parentWindow,
+                             std::optional<Nvr::Platform::ModuleHandle> resources)
+    : m_Library(Nvr::String(library.c_str())) {
+    const auto initialise = m_Library.GetFunctionAs<int(HostInitRecord*, PluginInfoRecord*)>("NVR_INIT");
+    m_OpenFile = m_Library.GetFunctionAs<int(const char*)>("NVR_OPENFILE");
+    m_Terminate = m_Library.GetFunctionAs<int()>("NVR_TERM");
     HostInitRecord record{};
-    record.ResourceModule = m_Library;
+    record.ParentWindow = parentWindow;
+    record.ResourceModule = resources.value_or(m_Library.GetModule());
     record.ProgressContext = m_Host.Context();
-    record.ConfigFolder = m_ConfigFolder.c_str();
+    record.ConfigFolder = configFolder.c_str();
     PluginInfoRecord info{};
     m_Ready = initialise != nullptr && m_OpenFile != nullptr && m_Terminate != nullptr &&
               initialise(&record, &info) == 1;
@@ -27,11 +23,9 @@ RecordingHost::RecordingHost(const std::filesystem::path& library, const std::fi
 RecordingHost::~RecordingHost() {
     if (m_Terminate != nullptr)
         m_Terminate();
-    if (m_Library != nullptr)
-        dlclose(m_Library);
 }
 
-int RecordingHost::Open(const std::filesystem::path& file) {
+int RecordingHost::Open(const std::string& file) {
     m_Host.Calls.clear();
     m_Host.LoadedBytes.clear();
     return m_OpenFile(file.c_str());

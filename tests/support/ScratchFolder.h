@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -12,8 +13,11 @@ namespace TestSupport {
 class ScratchFolder {
 public:
     ScratchFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "fretline-test-XXXXXX").string();
-        m_Path = mkdtemp(pattern.data());
+        const std::filesystem::path temp = std::filesystem::temp_directory_path();
+        std::random_device number;
+        do
+            m_Path = temp / ("fretline-test-" + std::to_string(number()));
+        while (!std::filesystem::create_directory(m_Path));
     }
     ~ScratchFolder() { std::filesystem::remove_all(m_Path); }
     ScratchFolder(const ScratchFolder&) = delete;
@@ -25,6 +29,10 @@ public:
         const std::filesystem::path path = m_Path / name;
         std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         return path.string();
+    }
+    /// Stores options of the plug-in with this rhythm level.
+    void StoreLevel(int level) const {
+        Write("FretlineOptions.txt", "\r\n{\r\n\tRhythmLevel \"" + std::to_string(level) + "\"\r\n}\r\n");
     }
     bool IsEmpty() const { return std::filesystem::is_empty(m_Path); }
 
