@@ -4,7 +4,6 @@
 #include "Shared/Utils/ReportSteps.h"
 #include "Shared/Utils/platform/MessageBox.h"
 #include "Shared/Utils/platform/StackTrace.h"
-#include "Shared/Utils/platform/TextServices.h"
 
 #include <string>
 #include <utility>
@@ -104,7 +103,7 @@ void ShowMessage(const String& text) noexcept {
     try {
         if (IsSwitchOn(s_DumpUserCalls, "DumpUserCalls"))
             DumpCallStack();
-        Platform::ShowInformationBox(kMessageTitle, Platform::ToUtf8(text.View()));
+        Platform::ShowInformationBox(kMessageTitle, std::string(text.View()));
     } catch (...) {
         return;
     }

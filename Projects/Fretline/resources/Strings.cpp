@@ -1,15 +1,18 @@
+#include "Projects/Fretline/resources/StringTable.h"
 #include "Shared/Utils/platform/ResourceTable.h"
+
+#include <array>
 
 namespace {
 
 using Nvr::Platform::StringResource;
 
-/// The texts that the user gets to see; "%1" and "%2" are line numbers, counted from 1.
-constexpr StringResource kStrings[] = {
-    {100, "Line %1 looks like it isn't a real tab stave line so it has been ignored"},
-    {101, "Lines %1 to %2 inclusive don't seem to be part of a real stave so they have been ignored"},
-    {102, "Importing Tab file"},
-};
+constexpr auto kStrings = [] {
+    std::array<StringResource, std::size(Fretline::kResourceTexts)> strings{};
+    for (std::size_t i = 0; i < strings.size(); ++i)
+        strings[i] = {Fretline::kResourceTexts[i].Id, Fretline::kResourceTexts[i].Text};
+    return strings;
+}();
 
 const Nvr::Platform::ResourceTable kResources(kStrings, {});
 

@@ -1,5 +1,7 @@
 #include "Shared/Utils/platform/MessageBox.h"
 
+#include "Shared/Utils/platform/TextServices.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -59,7 +61,9 @@ bool RunBoxProgram(const CommandLine& command) {
 
 } // namespace
 
-bool ShowInformationBox(const std::string& title, const std::string& text) {
+bool ShowInformationBox(const std::string& systemTitle, const std::string& systemText) {
+    const std::string title = ToUtf8(systemTitle);
+    const std::string text = ToUtf8(systemText);
     if (HasDesktop()) {
         for (const CommandLine& command : BoxPrograms(title, text)) {
             if (RunBoxProgram(command))

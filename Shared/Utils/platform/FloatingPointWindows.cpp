@@ -1,0 +1,72 @@
+#include "Shared/Utils/platform/FloatingPoint.h"
+
+#include <float.h>
+#include <xmmintrin.h>
+
+namespace Nvr::Platform {
+
+namespace {
+
+// The control word of the newer unit at the start of a program: all masked, rounding to nearest, none
+// pending.
+constexpr unsigned kSseAtStart = 0x1F80;
+
+struct MaskBit {
+    std::uint32_t Mask;
+    unsigned Sse;
+};
+
+// The C library's bits are those of the mask; the newer unit has its own.
+constexpr MaskBit kBits[] = {
+    {kMaskInvalid, 0x0080},  {kMaskDenormal, 0x0100},  {kMaskZeroDivide, 0x0200},
+    {kMaskOverflow, 0x0400}, {kMaskUnderflow, 0x0800}, {kMaskInexact, 0x1000},
+};
+
+bool HasSse() {
+    __builtin_cpu_init();
+    return __builtin_cpu_supports("sse") != 0;
+}
+
+[[gnu::target("sse")]] unsigned SseControl() {
+    return _mm_getcsr();
+}
+
+[[gnu::target("sse")]] void SetSseControl(unsigned control) {
+    _mm_setcsr(control);
+}
+
+std::uint32_t MaskOfSse(unsigned control) {
+    std::uint32_t mask = 0;
+    for (const MaskBit& bit : kBits) {
+        if ((control & bit.Sse) != 0)
+            mask |= bit.Mask;
+    }
+    return mask;
+}
+
+unsigned SseWithMask(unsigned control, std::uint32_t mask) {
+    for (const MaskBit& bit : kBits)
+        control = (mask & bit.Mask) != 0 ? control | bit.Sse : control & ~bit.Sse;
+    return control;
+}
+
+} // namespace
+
+void ResetFloatingPointUnit() {
+    _fpreset();
+    if (HasSse())
+        SetSseControl(kSseAtStart);
+}
+
+std::uint32_t GetFloatingPointUnitMask() {
+    const std::uint32_t mask = _control87(0, 0) & kMaskAll;
+    return HasSse() ? mask & MaskOfSse(SseControl()) : mask;
+}
+
+void SetFloatingPointUnitMask(std::uint32_t mask) {
+    _control87(mask & kMaskAll, kMaskAll);
+    if (HasSse())
+        SetSseControl(SseWithMask(SseControl(), mask));
+}
+
+} // namespace Nvr::Platform
