@@ -3,8 +3,8 @@
  * Built several times, each time without one of the six functions (a definition gives it another name). */
 
 #include "Shared/NotaveraAPI/NotaveraPlugin.h"
+#include "tests/Projects/Fretline/shell/hosts/Loader.h"
 
-#include <dlfcn.h>
 #include <stdio.h>
 #include <string.h>
 
@@ -56,12 +56,6 @@ typedef struct Plugin {
     NvrChooseTransposingInstruments Choose;
 } Plugin;
 
-static int Find(void* library, const char* name, void* function) {
-    void* const found = dlsym(library, name);
-    memcpy(function, &found, sizeof found);
-    return found != NULL;
-}
-
 static void TellWhatIsPassedOn(const char* when, const Plugin* plugin) {
     g_messages = 0;
     plugin->Message("c", NULL, 1, 2, 3, "m");
@@ -72,13 +66,12 @@ static void TellWhatIsPassedOn(const char* when, const Plugin* plugin) {
 int main(int argc, char** argv) {
     if (argc != 3)
         return 2;
-    void* const library =
-        dlopen(argv[1], RTLD_NOW | (strcmp(argv[2], "global") == 0 ? RTLD_GLOBAL : RTLD_LOCAL));
+    void* const library = OpenLibrary(argv[1], strcmp(argv[2], "global") == 0);
     Plugin plugin;
-    if (library == NULL || !Find(library, "NVR_INIT", &plugin.Init) ||
-        !Find(library, "NVR_TERM", &plugin.Term) ||
-        !Find(library, "NVR_RESULTSDIALOGMESSAGE", &plugin.Message) ||
-        !Find(library, "NVR_CHOOSETRANSPOSINGINSTRUMENTS", &plugin.Choose)) {
+    if (library == NULL || !FindFunction(library, "NVR_INIT", &plugin.Init) ||
+        !FindFunction(library, "NVR_TERM", &plugin.Term) ||
+        !FindFunction(library, "NVR_RESULTSDIALOGMESSAGE", &plugin.Message) ||
+        !FindFunction(library, "NVR_CHOOSETRANSPOSINGINSTRUMENTS", &plugin.Choose)) {
         puts("not loaded");
         return 1;
     }
@@ -93,5 +86,5 @@ int main(int argc, char** argv) {
     const int first = plugin.Term();
     printf("term: %d %d\n", first, plugin.Term());
     TellWhatIsPassedOn("ended", &plugin);
-    return dlclose(library);
+    return CloseLibrary(library);
 }
