@@ -6,7 +6,7 @@
 #include "Shared/Utils/platform/ResourceTable.h"
 #include "tests/faults/AllocationFaults.h"
 #include "tests/support/FakeHost.h"
-#include "tests/support/ScratchFolder.h"
+#include "tests/support/ScratchTempFolder.h"
 
 #include <gtest/gtest.h>
 

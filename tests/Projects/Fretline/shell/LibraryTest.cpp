@@ -1,7 +1,7 @@
 // The built library, as a host gets it.
 
 #include "tests/support/RecordingHost.h"
-#include "tests/support/ScratchFolder.h"
+#include "tests/support/ScratchTempFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include "Shared/Utils/Exceptions.h"
 #include "Shared/Utils/tree/TreeNode.h"
 #include "tests/support/FakeHost.h"
-#include "tests/support/ScratchFolder.h"
+#include "tests/support/ScratchTempFolder.h"
 
 #include <gtest/gtest.h>
 
