@@ -16,10 +16,8 @@ SafeFileWriter::SafeFileWriter(const String& path)
 }
 
 SafeFileWriter::~SafeFileWriter() {
-    if (!m_Done) {
-        m_Stream->Close();
-        RemoveBeside();
-    }
+    m_Stream->Close();
+    RemoveBeside();
 }
 
 bool SafeFileWriter::Commit() {
@@ -41,9 +39,7 @@ bool SafeFileWriter::CommitAs(bool isToReachTheDisk) {
         RemoveBeside();
         return false;
     }
-    // Should this fail there is no way back, and none is needed: whichever file the disk keeps is whole.
-    if (isToReachTheDisk)
-        Platform::FlushToDisk(m_Replacement.Target);
+    m_Replacement.Beside.clear();
     return true;
 }
 
@@ -54,6 +50,7 @@ const std::string& SafeFileWriter::WrittenPath() const {
 void SafeFileWriter::RemoveBeside() {
     if (!m_Replacement.Beside.empty())
         Platform::RemoveFile(m_Replacement.Beside);
+    m_Replacement.Beside.clear();
 }
 
 } // namespace Nvr

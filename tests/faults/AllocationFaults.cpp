@@ -3,22 +3,13 @@
 #include <cstdlib>
 #include <new>
 
+FaultCountdown AllocationFaults;
+
 namespace {
-
-// The allocations still to succeed before the one that fails, plus that one; 0 when none is to fail.
-int s_UntilFailure = 0;
-bool s_HasFailed = false;
-
-bool IsFailureDue() {
-    if (s_UntilFailure == 0 || --s_UntilFailure != 0)
-        return false;
-    s_HasFailed = true;
-    return true;
-}
 
 template <class GetBlock>
 void* Allocate(GetBlock getBlock) {
-    bool fails = IsFailureDue();
+    bool fails = AllocationFaults.IsDue();
     for (;; fails = false) {
         void* const block = fails ? nullptr : getBlock();
         if (block != nullptr)
@@ -35,16 +26,6 @@ void* Allocate(std::size_t size) {
 }
 
 } // namespace
-
-void AllocationFaults::FailAfter(int count) {
-    s_UntilFailure = count;
-    s_HasFailed = false;
-}
-
-bool AllocationFaults::Stop() {
-    s_UntilFailure = 0;
-    return s_HasFailed;
-}
 
 void* operator new(std::size_t size) {
     return Allocate(size);
@@ -97,5 +78,5 @@ void* RealRealloc(void* block, std::size_t size) __asm__("__real_realloc");
 
 // As realloc does, it gives null; the caller handles that.
 void* FailingRealloc(void* block, std::size_t size) {
-    return IsFailureDue() ? nullptr : RealRealloc(block, size);
+    return AllocationFaults.IsDue() ? nullptr : RealRealloc(block, size);
 }

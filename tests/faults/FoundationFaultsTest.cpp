@@ -34,9 +34,9 @@ TEST(AllocationFailure, HandlerIsPutInAndTakenOut) {
     const std::new_handler before = std::get_new_handler();
     Nvr::InstallAllocationFailureHandler();
     Nvr::InstallAllocationFailureHandler();
-    AllocationFaults::FailAfter(1);
+    AllocationFaults.FailAfter(1);
     EXPECT_THROW(String("no room"), Nvr::OutOfMemoryException);
-    AllocationFaults::Stop();
+    AllocationFaults.Stop();
     EXPECT_THROW(Nvr::RaiseAllocationFailure(), Nvr::OutOfMemoryException);
     Nvr::RemoveAllocationFailureHandler();
     EXPECT_EQ(std::get_new_handler(), before);
@@ -62,8 +62,8 @@ TEST(AllocationFailure, LeavesAloneWhatOthersInstalled) {
 TEST_F(FoundationFaults, StandardContainersKeepTheirGuarantees) {
     std::vector<std::string> texts(4, "a text too long to lie in the string object itself");
     const auto former = texts;
-    const int failures = AllocationFaults::FailEach([&texts] { texts.push_back(texts.front()); },
-                                                    [&](int) { EXPECT_EQ(texts, former); });
+    const int failures = AllocationFaults.FailEach([&texts] { texts.push_back(texts.front()); },
+                                                   [&](int) { EXPECT_EQ(texts, former); });
     EXPECT_EQ(failures, 2);
     EXPECT_EQ(texts.size(), 5U);
 }
@@ -71,12 +71,12 @@ TEST_F(FoundationFaults, StandardContainersKeepTheirGuarantees) {
 TEST_F(FoundationFaults, StringsStayAsTheyWere) {
     String text("unchanged");
     const auto check = [&text](int) { EXPECT_STREQ(text.CStr(), "unchanged"); };
-    EXPECT_EQ(AllocationFaults::FailEach([&text] { (void)(text + "x"); }, check), 1);
-    EXPECT_EQ(AllocationFaults::FailEach([&text] { (void)text.ReplaceAll("n", "mm"); }, check), 3)
+    EXPECT_EQ(AllocationFaults.FailEach([&text] { (void)(text + "x"); }, check), 1);
+    EXPECT_EQ(AllocationFaults.FailEach([&text] { (void)text.ReplaceAll("n", "mm"); }, check), 3)
         << "one allocation for each text";
-    EXPECT_EQ(AllocationFaults::FailEach([&text] { text += "!"; }, check), 1);
-    EXPECT_EQ(AllocationFaults::FailEach([] { String::Adopt(new char[2]{'a', '\0'}); }, IgnoreRun), 2);
-    EXPECT_EQ(AllocationFaults::FailEach([&text] { (void)String(text); }, IgnoreRun), 0)
+    EXPECT_EQ(AllocationFaults.FailEach([&text] { text += "!"; }, check), 1);
+    EXPECT_EQ(AllocationFaults.FailEach([] { String::Adopt(new char[2]{'a', '\0'}); }, IgnoreRun), 2);
+    EXPECT_EQ(AllocationFaults.FailEach([&text] { (void)String(text); }, IgnoreRun), 0)
         << "a copy needs none";
 }
 
@@ -84,36 +84,36 @@ TEST_F(FoundationFaults, ListsAndTablesStayAsTheyWere) {
     Nvr::StringList list;
     for (const char* text : {"a", "b", "c", "d"})
         list.Add(text);
-    EXPECT_EQ(AllocationFaults::FailEach([&list] { list.Insert("e", 0); },
-                                         [&list](int) {
-                                             EXPECT_EQ(list.Count(), 4);
-                                             EXPECT_EQ(list.Capacity(), 4);
-                                         }),
+    EXPECT_EQ(AllocationFaults.FailEach([&list] { list.Insert("e", 0); },
+                                        [&list](int) {
+                                            EXPECT_EQ(list.Count(), 4);
+                                            EXPECT_EQ(list.Capacity(), 4);
+                                        }),
               2)
         << "the text and the array";
     Nvr::StringStringTable table(3);
-    EXPECT_EQ(AllocationFaults::FailEach([&table] { table.Add("key", "value"); },
-                                         [&table](int) {
-                                             EXPECT_EQ(table.EntryCount(), 0);
-                                             EXPECT_TRUE(table.CheckHealth());
-                                         }),
+    EXPECT_EQ(AllocationFaults.FailEach([&table] { table.Add("key", "value"); },
+                                        [&table](int) {
+                                            EXPECT_EQ(table.EntryCount(), 0);
+                                            EXPECT_TRUE(table.CheckHealth());
+                                        }),
               3)
         << "two texts and an entry";
     EXPECT_EQ(table.EntryCount(), 1);
     Nvr::ByteBuffer buffer("abcd", 4);
-    EXPECT_EQ(AllocationFaults::FailEach([&buffer] { buffer.AppendByte('e'); },
-                                         [&buffer](int) { EXPECT_EQ(buffer.View(), "abcd"); }),
+    EXPECT_EQ(AllocationFaults.FailEach([&buffer] { buffer.AppendByte('e'); },
+                                        [&buffer](int) { EXPECT_EQ(buffer.View(), "abcd"); }),
               1);
 }
 
 TEST_F(FoundationFaults, ReportsAndMessagesDoNotThrow) {
     const Nvr::Exception exception("a message");
-    AllocationFaults::FailAfter(1);
+    AllocationFaults.FailAfter(1);
     EXPECT_EQ(exception.what(), exception.GetMessage().CStr()) << "the message itself, for want of a copy";
-    AllocationFaults::Stop();
+    AllocationFaults.Stop();
     CopyingSink sink;
     Nvr::LogSink* const former = Nvr::SetLogSink(&sink);
-    EXPECT_GE(AllocationFaults::FailEach([] { Nvr::ReportError("report"); }, IgnoreRun), 2);
+    EXPECT_GE(AllocationFaults.FailEach([] { Nvr::ReportError("report"); }, IgnoreRun), 2);
     Nvr::SetLogSink(former);
     EXPECT_STREQ(sink.Last.CStr(), "seen: report");
 }

@@ -48,7 +48,7 @@ protected:
             Nvr::ClearNodeStringTable();
             action();
         };
-        const int runs = AllocationFaults::FailEach(
+        const int runs = AllocationFaults.FailEach(
             run, [&](int count) { ASSERT_EQ(TreeNodePool::Shared().CellsInUse(), cells) << count; });
         EXPECT_GE(runs, fewestRuns) << "the action hardly allocates";
         EXPECT_EQ(TreeNodePool::Shared().CellsInUse(), cells);
@@ -84,7 +84,7 @@ TEST_F(TreeFaults, Replacing) {
         target = m_Tree;
         target.ClearChildren();
     };
-    AllocationFaults::FailEach(assign, [&](int count) {
+    AllocationFaults.FailEach(assign, [&](int count) {
         ASSERT_TRUE(target.FindChild("Former") != nullptr || target.GetChildCount() == 0) << count;
         target.ClearChildren();
     });
@@ -119,7 +119,7 @@ TEST_F(TreeFaults, InterningLeavesTheTableWhole) {
         for (int i = 0; i < 2000; i += 100)
             TreeNode("Interned", i);
     };
-    AllocationFaults::FailEach(intern, [](int count) {
+    AllocationFaults.FailEach(intern, [](int count) {
         String again("Interned");
         Nvr::InternString(again);
         ASSERT_TRUE(TreeNode("Interned").GetLabel().SharesTextWith(again)) << count;

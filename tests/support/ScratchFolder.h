@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <string>
 #include <string_view>
@@ -33,7 +34,14 @@ public:
     void StoreLevel(int level) const {
         Write("FretlineOptions.txt", "\r\n{\r\n\tRhythmLevel \"" + std::to_string(level) + "\"\r\n}\r\n");
     }
+    std::string Read(std::string_view name) const {
+        std::ifstream file(m_Path / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
     bool IsEmpty() const { return std::filesystem::is_empty(m_Path); }
+    std::size_t CountEntries() const {
+        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(m_Path), {}));
+    }
 
 private:
     std::filesystem::path m_Path;

@@ -1,6 +1,7 @@
 #include "Projects/Fretline/shell/FretlineOptions.h"
 
 #include "Shared/Utils/FileName.h"
+#include "Shared/Utils/FileStream.h"
 #include "Shared/Utils/PathText.h"
 
 namespace Fretline {
@@ -11,20 +12,29 @@ namespace {
 
 constexpr const char* kRhythmLevelLabel = "RhythmLevel";
 
-std::unique_ptr<Nvr::TreeNodeRoot> LoadOrMakeTree(const String& path) {
-    std::unique_ptr<Nvr::TreeNodeRoot> tree;
-    if (Nvr::FileName(path).IsFile())
-        tree.reset(Nvr::TreeNode::LoadFromFile(path));
-    return tree != nullptr ? std::move(tree) : std::make_unique<Nvr::TreeNodeRoot>();
-}
-
 } // namespace
 
-FretlineOptions::FretlineOptions(const String& path)
-    : m_Path(path), m_Tree(LoadOrMakeTree(path)),
-      m_RhythmLevel(m_Tree->GetChildValue(kRhythmLevelLabel, static_cast<int>(kRhythmsWhenIndicated))) {}
+FretlineOptions::FretlineOptions(const String& path) : m_Path(path) {
+    if (Nvr::FileName(path).IsFile())
+        Load();
+    if (m_Tree == nullptr)
+        m_Tree = std::make_unique<Nvr::TreeNodeRoot>();
+    m_RhythmLevel = m_Tree->GetChildValue(kRhythmLevelLabel, static_cast<int>(kRhythmsWhenIndicated));
+}
+
+void FretlineOptions::Load() {
+    Nvr::InFileStream file(m_Path, Nvr::kOpenInput | Nvr::kOpenBinary);
+    m_IsUnreadable = !file.Good();
+    if (m_IsUnreadable)
+        return;
+    m_Tree.reset(Nvr::TreeNode::LoadFromStream(file));
+    m_IsUnreadable = file.Bad();
+}
 
 void FretlineOptions::Save() {
+    // What stands in the file would be lost for want of a moment's reading.
+    if (m_IsUnreadable)
+        return;
     m_Tree->MergeChild(std::make_unique<Nvr::TreeNode>(kRhythmLevelLabel, m_RhythmLevel).release());
     m_Tree->SaveToFile(m_Path);
 }

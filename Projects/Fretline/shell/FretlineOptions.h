@@ -15,8 +15,8 @@ enum RhythmLevel : int {
 
 /// The user's one option, kept in a small text tree. Children of the file that it does not know stay in it.
 ///
-/// Owns the tree; refers to the path, which must outlive it. A missing or damaged file gives the default
-/// level, kRhythmsWhenIndicated, and no message.
+/// Owns the tree; refers to the path, which must outlive it. A missing, damaged or unreadable file gives the
+/// default level, kRhythmsWhenIndicated, and no message.
 class FretlineOptions {
 public:
     /// Loads the file at `path`, when there is one.
@@ -24,7 +24,8 @@ public:
     FretlineOptions(const FretlineOptions&) = delete;
     FretlineOptions& operator=(const FretlineOptions&) = delete;
 
-    /// Writes the file; a failure is reported and leaves the object as it is.
+    /// Writes the file; a failure is reported and leaves the object as it is. A file that was there and could
+    /// not be read is not written over.
     void Save();
 
     /// The stored number as it stands, also one outside RhythmLevel; 0 when it was no number.
@@ -35,8 +36,11 @@ public:
     static Nvr::String PathIn(const Nvr::String& configFolder);
 
 private:
+    void Load();
+
     const Nvr::String& m_Path;
     std::unique_ptr<Nvr::TreeNodeRoot> m_Tree;
+    bool m_IsUnreadable = false;
     int m_RhythmLevel = kRhythmsWhenIndicated;
 };
 

@@ -5,7 +5,6 @@
 
 namespace Nvr::Platform {
 
-// Names need no request of their own: the file system keeps a journal of them.
 bool FlushToDisk(const std::string& path) {
     const int file = _open(path.c_str(), _O_WRONLY | _O_BINARY);
     if (file < 0)

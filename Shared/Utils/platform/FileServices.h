@@ -71,8 +71,8 @@ struct Replacement {
 Replacement PrepareReplacement(const std::string& path);
 /// Puts `Beside` in the place of `Target` in one step. After a failure both are as they were.
 bool FinishReplacement(const Replacement& replacement);
-/// Waits until the contents of a file, and the name that it has in its folder, stand on the disk itself.
-/// False when the disk has failed in that; true also where the system has no such promise to give.
+/// Waits until the contents of a file stand on the disk itself. False when the disk has failed in that; true
+/// also where the system has no such promise to give.
 bool FlushToDisk(const std::string& path);
 
 /// The folder for temporary files. A setting of the user's that names no folder in which files can be made is

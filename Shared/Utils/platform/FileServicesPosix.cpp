@@ -101,8 +101,9 @@ bool MakeFolder(const std::string& path) {
 }
 
 bool CreatePrivateFile(const std::string& path) {
-    PosixFile file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kOwnerOnly));
-    return file.IsOpen() && file.Close();
+    // Closing it can lose nothing.
+    return PosixFile(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kOwnerOnly))
+        .IsOpen();
 }
 
 } // namespace Nvr::Platform

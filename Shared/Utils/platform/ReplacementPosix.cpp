@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
-#include <utility>
 #include <vector>
 
 #include <fcntl.h>
@@ -66,10 +65,11 @@ bool TakeOver(const std::string& path, const struct stat& former) {
 }
 
 // Writing in place begins with losing what is there: not where the next write may fail like this one.
-Replacement BesideOrNothing(const std::string& target, mode_t rights) {
-    std::string beside = CreateBeside(target, rights);
-    const bool isForbidden = beside.empty() && (errno == EACCES || errno == EPERM);
-    return beside.empty() && !isForbidden ? Replacement() : Replacement{target, std::move(beside)};
+void MakeBesideOrGiveUp(Replacement& replacement, mode_t rights) {
+    replacement.Beside = CreateBeside(replacement.Target, rights);
+    const bool isForbidden = errno == EACCES || errno == EPERM;
+    if (replacement.Beside.empty() && !isForbidden)
+        replacement.Target.clear();
 }
 
 bool CopyBytes(int from, int to) {
@@ -108,13 +108,15 @@ Replacement PrepareReplacement(const std::string& path) {
     if (result.Target.empty())
         return result;
     struct stat former {};
-    if (stat(result.Target.c_str(), &former) != 0)
-        return BesideOrNothing(result.Target, kRightsOfNewFiles);
+    if (stat(result.Target.c_str(), &former) != 0) {
+        MakeBesideOrGiveUp(result, kRightsOfNewFiles);
+        return result;
+    }
     // A file that may not be written is not to be replaced either.
     if (!S_ISREG(former.st_mode) || former.st_nlink > 1 ||
         faccessat(AT_FDCWD, result.Target.c_str(), W_OK, AT_EACCESS) != 0)
         return result;
-    result = BesideOrNothing(result.Target, S_IRUSR | S_IWUSR);
+    MakeBesideOrGiveUp(result, S_IRUSR | S_IWUSR);
     if (!result.Beside.empty() && !TakeOver(result.Beside, former)) {
         RemoveFile(result.Beside);
         result.Beside.clear();
