@@ -1,0 +1,125 @@
+// Many conversions in one process, through the built library: what it holds must not grow.
+//
+//     soak [CONVERSIONS]        100,000 unless another number is given
+//
+// Every text is another one, and now and then the user cancels. Prints a line a milestone; fails when
+// resident memory has grown by more than kMostGrowth since the first, when a descriptor or a temporary file
+// stays, or when a tab that is converted again gives other bytes than at first.
+
+#include "tests/support/RecordingHost.h"
+#include "tests/support/ScratchTempFolder.h"
+#include "tests/support/TabBook.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+#include <unistd.h>
+
+namespace {
+
+/// In kB. The allocator's own ups and downs; one byte a conversion would be 97.
+constexpr long kMostGrowth = 1024;
+constexpr int kFirstMilestone = 1000;
+constexpr int kSteadyTabEvery = 10;
+constexpr int kCancelEvery = 7;
+constexpr int kLinesOfSteadyTab = 60;
+
+std::size_t CountEntries(const char* folder) {
+    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
+}
+
+struct Holdings {
+    long Kilobytes = 0;
+    std::size_t Descriptors = 0;
+    std::size_t TemporaryFiles = 0;
+};
+
+long ResidentKilobytes() {
+    std::ifstream file("/proc/self/statm");
+    long size = 0;
+    long resident = 0;
+    file >> size >> resident;
+    return resident * (sysconf(_SC_PAGESIZE) / 1024);
+}
+
+bool IsMilestone(int done, int all) {
+    return done == kFirstMilestone || done == 10000 || done == 50000 || done == all;
+}
+
+class Soak {
+public:
+    explicit Soak(int conversions) : m_Conversions(conversions) {}
+
+    int Run() {
+        if (!m_Host.IsReady()) {
+            std::puts("the library could not be started");
+            return 1;
+        }
+        m_SteadyScore = Convert(m_SteadyTab);
+        m_IsSound = !m_SteadyScore.empty();
+        for (int done = 1; done <= m_Conversions; ++done) {
+            ConvertOne(done);
+            if (IsMilestone(done, m_Conversions))
+                Compare(done);
+        }
+        std::puts(m_IsSound ? "nothing grew" : "FAILED");
+        return m_IsSound ? 0 : 1;
+    }
+
+private:
+    std::string Convert(const std::string& text) {
+        m_Host.Open(m_Folder.Write("a.tab", text));
+        return m_Host.GetScore();
+    }
+
+    void ConvertOne(int number) {
+        if (number % kSteadyTabEvery == 0) {
+            m_IsSound = Convert(m_SteadyTab) == m_SteadyScore && m_IsSound;
+            return;
+        }
+        const bool isToBeCancelled = number % kCancelEvery == 0;
+        TestSupport::FakeHost& host = m_Host.GetHost();
+        if (isToBeCancelled)
+            host.Answer = [&host, calls = 3U + static_cast<unsigned>(number / kCancelEvery % 6)] {
+                return host.Calls.size() < calls ? 1 : 0;
+            };
+        if (!Convert(TestSupport::MakeOddTab(static_cast<std::uint32_t>(number))).empty())
+            ++m_Scores;
+        host.Answer = nullptr;
+    }
+
+    void Compare(int done) {
+        const Holdings now{ResidentKilobytes(), CountEntries("/proc/self/fd"), m_Temp.CountEntries()};
+        std::printf(
+            "%d conversions, %d scores of new texts: %ld kB resident, %zu descriptors, %zu temporary files\n",
+            done, m_Scores, now.Kilobytes, now.Descriptors, now.TemporaryFiles);
+        std::fflush(stdout);
+        if (done == kFirstMilestone)
+            m_First = now;
+        m_IsSound = m_IsSound && m_Scores > 0 && now.TemporaryFiles == 0 &&
+                    now.Descriptors == m_First.Descriptors &&
+                    now.Kilobytes - m_First.Kilobytes <= kMostGrowth;
+    }
+
+    const int m_Conversions;
+    TestSupport::ScratchFolder m_Folder;
+    const TestSupport::ScratchTempFolder m_Temp;
+    TestSupport::RecordingHost m_Host{FRETLINE_LIBRARY, m_Folder.Path().string()};
+    const std::string m_SteadyTab = TestSupport::MakeTabBook(kLinesOfSteadyTab, {}, 1);
+    std::string m_SteadyScore;
+    Holdings m_First;
+    int m_Scores = 0;
+    bool m_IsSound = false;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const int conversions = argc > 1 ? std::atoi(argv[1]) : 100000;
+    if (conversions <= kFirstMilestone) {
+        std::printf("more than %d conversions are needed\n", kFirstMilestone);
+        return 2;
+    }
+    return Soak(conversions).Run();
+}
