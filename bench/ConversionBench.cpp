@@ -4,17 +4,15 @@
 
 #include "Projects/Fretline/text/TabFile.h"
 #include "tests/support/RecordingHost.h"
+#include "tests/support/ScratchFolder.h"
 #include "tests/support/TabBook.h"
 
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
-#include <fstream>
 #include <sys/resource.h>
 
 namespace {
 
-namespace fs = std::filesystem;
 using TestSupport::TabBookStyle;
 
 constexpr int kSmallTab = 60;
@@ -26,29 +24,12 @@ double PeakKilobytes() {
     return static_cast<double>(usage.ru_maxrss);
 }
 
-/// A folder with one tab in it, gone with the object.
-class TabOnDisk {
-public:
-    explicit TabOnDisk(const std::string& text) {
-        std::string pattern = (fs::temp_directory_path() / "fretline-bench-XXXXXX").string();
-        m_Folder = mkdtemp(pattern.data());
-        std::ofstream(File(), std::ios::binary) << text;
-    }
-    ~TabOnDisk() { fs::remove_all(m_Folder); }
-    TabOnDisk(const TabOnDisk&) = delete;
-    TabOnDisk& operator=(const TabOnDisk&) = delete;
-    fs::path File() const { return m_Folder / "book.tab"; }
-    const fs::path& Folder() const { return m_Folder; }
-
-private:
-    fs::path m_Folder;
-};
-
 void Convert(benchmark::State& state, const std::string& text) {
-    const TabOnDisk tab(text);
-    TestSupport::RecordingHost host(FRETLINE_LIBRARY, tab.Folder());
+    const TestSupport::ScratchFolder folder;
+    const std::string tab = folder.Write("book.tab", text);
+    TestSupport::RecordingHost host(FRETLINE_LIBRARY, folder.Path().string());
     for ([[maybe_unused]] auto _ : state) {
-        host.Open(tab.File());
+        host.Open(tab);
         if (host.GetScore().empty())
             state.SkipWithError("no score");
     }
@@ -85,9 +66,10 @@ BENCHMARK(ConvertBookWithBeatsAndChords)->Unit(benchmark::kMillisecond);
 /// The text alone, into its grid of characters.
 void ReadText(benchmark::State& state) {
     const std::string text = TestSupport::MakeTabBook(kBook, {}, 1);
-    const TabOnDisk tab(text);
+    const TestSupport::ScratchFolder folder;
+    const std::string tab = folder.Write("book.tab", text);
     for ([[maybe_unused]] auto _ : state) {
-        const Fretline::TabFile file(tab.File().c_str(), nullptr, nullptr);
+        const Fretline::TabFile file(tab.c_str(), nullptr, nullptr);
         benchmark::DoNotOptimize(file.GetMaxLineLength());
     }
     state.counters["peak_kB"] = PeakKilobytes();

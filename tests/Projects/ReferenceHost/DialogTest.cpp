@@ -1,14 +1,12 @@
 // The options dialog as a person meets it: the reference host runs on a pseudo-terminal, keys are typed, the
 // screen and the options file are looked at.
 
+#include "tests/support/ScratchFolder.h"
 #include "tests/support/TerminalPerson.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <unistd.h>
 
 namespace {
@@ -21,32 +19,22 @@ constexpr int kRows = 24;
 constexpr int kDone = 0;
 constexpr int kSomeFailed = 1;
 
-class Dialog : public testing::Test {
+class Dialog : public testing::Test, protected TestSupport::ScratchFolder {
 protected:
     Dialog() {
-        std::string pattern = (fs::temp_directory_path() / "fretline-dialog-XXXXXX").string();
-        m_Folder = mkdtemp(pattern.data());
-        for (const char* name : {"a.tab", "b.tab"}) {
-            std::ofstream tab(m_Folder / name);
-            for (int line = 0; line < 6; ++line)
-                tab << "|------0------|\n";
-        }
+        const std::string line = "|------0------|\n";
+        for (const char* name : {"a.tab", "b.tab"})
+            Write(name, line + line + line + line + line + line);
+        fs::create_directory(Path() / "config");
     }
-    ~Dialog() override { fs::remove_all(m_Folder); }
 
-    void Store(const std::string& text) const {
-        fs::create_directory(m_Folder / "config");
-        std::ofstream(m_Folder / "config/FretlineOptions.txt", std::ios::binary) << text;
-    }
-    std::string Stored() const {
-        std::ifstream file(m_Folder / "config/FretlineOptions.txt", std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    void Store(const std::string& text) const { Write("config/FretlineOptions.txt", text); }
+    std::string Stored() const { return Read("config/FretlineOptions.txt"); }
 
     /// The host with these files in the folder, on a terminal.
     std::function<int()> Host(std::vector<const char*> files) const {
         return [this, files] {
-            if (chdir(m_Folder.c_str()) != 0)
+            if (chdir(Path().c_str()) != 0)
                 return kSomeFailed;
             std::vector<const char*> arguments{"fretline", "--config", "config"};
             arguments.insert(arguments.end(), files.begin(), files.end());
@@ -55,8 +43,6 @@ protected:
             return kSomeFailed;
         };
     }
-
-    fs::path m_Folder;
 };
 
 std::string Level(int level) {
@@ -92,7 +78,7 @@ TEST_F(Dialog, CancelKeepsTheStoredLevelAndGivesNoScore) {
     person.Type("a\x1b");
     EXPECT_EQ(kSomeFailed, person.WaitForEnd());
     EXPECT_EQ(Level(0), Stored());
-    EXPECT_FALSE(fs::exists(m_Folder / "a.nvf"));
+    EXPECT_FALSE(fs::exists(Path() / "a.nvf"));
 }
 
 TEST_F(Dialog, AnOddLevelSelectsNothingAndOkMakesItNever) {
@@ -111,7 +97,7 @@ TEST_F(Dialog, TheTickedBoxLastsAsLongAsTheLibrary) {
         ASSERT_TRUE(person.WaitFor("<* OK *>"));
         person.Type("d\r");
         EXPECT_EQ(kDone, person.WaitForEnd()) << "nobody is asked for the second file";
-        EXPECT_TRUE(fs::exists(m_Folder / "b.nvf"));
+        EXPECT_TRUE(fs::exists(Path() / "b.nvf"));
     }
     TerminalPerson again(kCells, kRows, Host({"a.tab"}));
     EXPECT_TRUE(again.WaitFor("[ ] Don't show this again")) << "a new process asks again";
@@ -126,7 +112,7 @@ TEST_F(Dialog, ATickedBoxCountsOnlyWithOk) {
     ASSERT_TRUE(person.WaitFor("[ ] Don't show this again")) << "asked again for the second file";
     person.Type("\r");
     EXPECT_EQ(kSomeFailed, person.WaitForEnd());
-    EXPECT_TRUE(fs::exists(m_Folder / "b.nvf"));
+    EXPECT_TRUE(fs::exists(Path() / "b.nvf"));
 }
 
 TEST_F(Dialog, OtherEntriesOfTheFileStayAndADamagedFileHarmsNothing) {

@@ -1,13 +1,12 @@
 // The reference host as its user meets it: the program is run, its output and exit code are looked at.
 
+#include "tests/support/ScratchFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sys/wait.h>
 
 namespace {
@@ -22,32 +21,18 @@ struct Outcome {
     std::string Text;
 };
 
-class Program : public testing::Test {
+class Program : public testing::Test, protected TestSupport::ScratchFolder {
 protected:
-    Program() {
-        std::string pattern = (fs::temp_directory_path() / "fretline host XXXXXX").string();
-        m_Folder = mkdtemp(pattern.data());
-    }
-    ~Program() override { fs::remove_all(m_Folder); }
-
-    fs::path Write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(m_Folder / name, std::ios::binary) << bytes;
-        return m_Folder / name;
-    }
     fs::path Tab(const std::string& name) const {
         std::string stave;
         for (const char* letter : {"E", "B", "G", "D", "A", "E"})
             stave += std::string(letter) + "|-----" + (stave.empty() ? "3" : "-") + "-----|\n";
         return Write(name, stave);
     }
-    std::string Read(const std::string& name) const {
-        std::ifstream file(m_Folder / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
 
     /// Runs the program in the folder with these arguments, as a shell would.
     Outcome Run(const std::string& arguments) const {
-        const std::string command = "cd '" + m_Folder.string() + "' && '" FRETLINE_HOST "' --config config " +
+        const std::string command = "cd '" + Path().string() + "' && '" FRETLINE_HOST "' --config config " +
                                     arguments + " 2>&1 </dev/null";
         Outcome outcome;
         std::FILE* pipe = popen(command.c_str(), "r");
@@ -58,8 +43,6 @@ protected:
         outcome.ExitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + status;
         return outcome;
     }
-
-    fs::path m_Folder;
 };
 
 bool Has(const std::string& text, const std::string& part) {
@@ -91,9 +74,9 @@ TEST_F(Program, DumpsAOneNoteTabAsItsTree) {
 TEST_F(Program, PutsScoresWhereTheUserWantsThem) {
     Tab("a.tab");
     Tab("b.btab");
-    fs::create_directory(m_Folder / "there");
+    fs::create_directory(Path() / "there");
     EXPECT_EQ(0, Run("a.tab b.btab -o there").ExitCode);
-    EXPECT_TRUE(fs::exists(m_Folder / "there/a.nvf") && fs::exists(m_Folder / "there/b.nvf"));
+    EXPECT_TRUE(fs::exists(Path() / "there/a.nvf") && fs::exists(Path() / "there/b.nvf"));
     EXPECT_EQ(0, Run("a.tab -o named.nvf").ExitCode);
     EXPECT_EQ(Read("named.nvf"), Read("there/a.nvf"));
     EXPECT_EQ(2, Run("a.tab b.btab -o one.nvf").ExitCode) << "two scores do not go into one file";
@@ -110,7 +93,7 @@ TEST_F(Program, SaysWhyAFileGaveNoScore) {
     Write("song.txt", kStave);
     Write("lonely.tab", "--------------------\n");
     Write("single.tab", std::string(20000, '-'));
-    fs::create_directory(m_Folder / "folder.tab");
+    fs::create_directory(Path() / "folder.tab");
     const struct {
         const char* Argument;
         const char* Reason;
@@ -134,7 +117,7 @@ TEST_F(Program, OneFileThatFailsDoesNotStopTheRest) {
     Tab("c.tab");
     const Outcome outcome = Run("a.tab missing.tab c.tab");
     EXPECT_EQ(1, outcome.ExitCode);
-    EXPECT_TRUE(fs::exists(m_Folder / "a.nvf") && fs::exists(m_Folder / "c.nvf"));
+    EXPECT_TRUE(fs::exists(Path() / "a.nvf") && fs::exists(Path() / "c.nvf"));
 }
 
 TEST_F(Program, StoresTheRhythmLevel) {
@@ -180,7 +163,7 @@ TEST_F(Program, RefusesDamagedScoresAndLeavesNoHalfWrittenFile) {
         EXPECT_EQ(1, outcome.ExitCode) << name;
         EXPECT_TRUE(Has(outcome.Text, "cannot be read")) << outcome.Text;
     }
-    EXPECT_FALSE(fs::exists(m_Folder / "out.mid"));
+    EXPECT_FALSE(fs::exists(Path() / "out.mid"));
     EXPECT_EQ(1, Run("a.nvf --midi missing/out.mid").ExitCode);
     EXPECT_EQ(1, Run("a.nvf --midi /dev/full").ExitCode);
 }

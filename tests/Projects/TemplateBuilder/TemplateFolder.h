@@ -2,11 +2,10 @@
 
 #include "Projects/TemplateBuilder/Expander.h"
 #include "Shared/Utils/tree/TreeNode.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <filesystem>
-#include <fstream>
 #include <memory>
-#include <random>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -14,23 +13,14 @@
 /// A folder of template sources that goes with the object.
 class TemplateFolder {
 public:
-    TemplateFolder() : m_Path(UniquePath()) {
+    TemplateFolder() {
         for (const char* folder : {"tables", "schemas", "sections"})
-            std::filesystem::create_directories(m_Path / folder);
-    }
-    ~TemplateFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_Path, ignored);
-    }
-    TemplateFolder(const TemplateFolder&) = delete;
-    TemplateFolder& operator=(const TemplateFolder&) = delete;
-
-    void Write(const std::string& path, std::string_view text) {
-        std::ofstream stream(m_Path / path, std::ios::binary);
-        stream.write(text.data(), static_cast<std::streamsize>(text.size()));
+            std::filesystem::create_directories(m_Folder.Path() / folder);
     }
 
-    std::string Path() const { return m_Path.string(); }
+    void Write(const std::string& path, std::string_view text) { m_Folder.Write(path, text); }
+
+    std::string Path() const { return m_Folder.Path().string(); }
 
     /// The text form of what the sources make, with plain line ends and no indentation.
     std::string Built() const {
@@ -52,12 +42,5 @@ public:
     }
 
 private:
-    static std::filesystem::path UniquePath() {
-        static const std::string process = std::to_string(std::random_device()());
-        static int count = 0;
-        return std::filesystem::temp_directory_path() /
-               ("template-" + process + "-" + std::to_string(++count));
-    }
-
-    std::filesystem::path m_Path;
+    TestSupport::ScratchFolder m_Folder;
 };
