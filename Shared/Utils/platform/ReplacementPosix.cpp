@@ -138,7 +138,8 @@ bool CopyFileContents(const std::string& from, const std::string& to) {
         return false;
     const Replacement replacement = PrepareReplacement(to);
     if (replacement.Beside.empty())
-        return ExamineFile(to).Kind == FileKind::File && WriteCopy(file.Get(), target.st_mode, to);
+        return !replacement.Target.empty() && ExamineFile(to).Kind == FileKind::File &&
+               WriteCopy(file.Get(), target.st_mode, to);
     if (WriteCopy(file.Get(), source.st_mode, replacement.Beside) && FinishReplacement(replacement))
         return true;
     RemoveFile(replacement.Beside);

@@ -3,6 +3,7 @@
 #include "Shared/Utils/platform/WindowsFile.h"
 
 #include <array>
+#include <utility>
 #include <vector>
 
 namespace Nvr::Platform {
@@ -45,6 +46,7 @@ bool IsLink(const std::string& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
+// Empty, with the system's last error set, when there can be none.
 std::string CreateBeside(const std::string& target) {
     for (int i = 0; i < kNameTries; ++i) {
         std::string path =
@@ -92,12 +94,18 @@ bool TakeOver(const std::string& path, const std::string& former) {
     return rights == Security(path, kRights) || rights.ApplyTo(path);
 }
 
+// Writing in place begins with losing what is there: not where the next write may fail like this one.
+Replacement BesideOrNothing(const std::string& target) {
+    std::string beside = CreateBeside(target);
+    const bool isForbidden = beside.empty() && GetLastError() == ERROR_ACCESS_DENIED;
+    return beside.empty() && !isForbidden ? Replacement() : Replacement{target, std::move(beside)};
+}
+
 bool CanBeReplaced(const std::string& path) {
     const WindowsFile file(WindowsFile::OpenExisting(path, GENERIC_WRITE));
     BY_HANDLE_FILE_INFORMATION facts{};
     return file.IsOpen() && GetFileInformationByHandle(file.Get(), &facts) != FALSE &&
-           (facts.dwFileAttributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) == 0 &&
-           facts.nNumberOfLinks == 1;
+           (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 && facts.nNumberOfLinks == 1;
 }
 
 bool IsSameFile(const std::string& first, const std::string& second) {
@@ -128,11 +136,14 @@ Replacement PrepareReplacement(const std::string& path) {
     Replacement result{FollowLinks(path), {}};
     if (result.Target.empty())
         return result;
-    const bool isNew = ExamineFile(result.Target).Kind == FileKind::Missing;
+    const FileFacts former = ExamineFile(result.Target);
+    if (former.IsReadOnly)
+        return {};
+    const bool isNew = former.Kind == FileKind::Missing;
     // What a link that leads nowhere names is made by writing through it.
     if (isNew ? IsLink(result.Target) : !CanBeReplaced(result.Target))
         return result;
-    result.Beside = CreateBeside(result.Target);
+    result = BesideOrNothing(result.Target);
     if (!isNew && !result.Beside.empty() && !TakeOver(result.Beside, result.Target)) {
         RemoveFile(result.Beside);
         result.Beside.clear();

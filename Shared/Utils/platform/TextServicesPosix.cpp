@@ -62,8 +62,9 @@ constexpr ByteTable MakeUpperTable() {
 
 constexpr ByteTable kUpper = MakeUpperTable();
 
-// Letters without a capital in the code page: florin, feminine and masculine ordinal, micro, sharp s.
-constexpr std::array<unsigned char, 5> kUncasedLetters = {0x83, 0xAA, 0xB5, 0xBA, 0xDF};
+// Letters without a capital in the code page: florin, the circumflex that modifies others, feminine and
+// masculine ordinal, micro, sharp s.
+constexpr std::array<unsigned char, 6> kUncasedLetters = {0x83, 0x88, 0xAA, 0xB5, 0xBA, 0xDF};
 
 constexpr unsigned char kNoBreakSpace = 0xA0;
 

