@@ -1,5 +1,5 @@
-#include "Shared/Utils/DebugSwitches.h"
 #include "Shared/Utils/tree/SettingsTree.h"
+#include "Shared/Utils/DebugSwitches.h"
 #include "tests/Shared/Utils/FilesTesting.h"
 #include "tests/Shared/Utils/RecordingSink.h"
 
