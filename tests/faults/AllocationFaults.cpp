@@ -1,9 +1,11 @@
 #include "tests/faults/AllocationFaults.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 
 FaultCountdown AllocationFaults;
+std::size_t LargestAllocation = 0;
 
 namespace {
 
@@ -22,6 +24,7 @@ void* Allocate(GetBlock getBlock) {
 }
 
 void* Allocate(std::size_t size) {
+    LargestAllocation = std::max(LargestAllocation, size);
     return Allocate([size] { return std::malloc(size != 0 ? size : 1); });
 }
 
@@ -78,5 +81,6 @@ void* RealRealloc(void* block, std::size_t size) __asm__("__real_realloc");
 
 // As realloc does, it gives null; the caller handles that.
 void* FailingRealloc(void* block, std::size_t size) {
+    LargestAllocation = std::max(LargestAllocation, size);
     return AllocationFaults.IsDue() ? nullptr : RealRealloc(block, size);
 }

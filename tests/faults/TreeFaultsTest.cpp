@@ -125,3 +125,21 @@ TEST_F(TreeFaults, InterningLeavesTheTableWhole) {
         ASSERT_TRUE(TreeNode("Interned").GetLabel().SharesTextWith(again)) << count;
     });
 }
+
+TEST_F(TreeFaults, CountsAndLengthsThatLieAskForNoMemory) {
+    // A field of a node with one child: the claim, and then a kilobyte of what could be anything.
+    using namespace std::string_literals;
+    const std::string empty = "\0\0\0\0\0"s;
+    for (const std::string& claim :
+         {"\xFF\xFF\xFF\xFF"s, "\x7F\xFF\xFF\xFF"s, "\x80\0\0\0"s, "\x10\0\0\0"s}) {
+        for (const std::string& version : {"\0\1"s, "\0\2"s}) {
+            for (const std::string& field : {"\0"s + claim, empty + "\0"s + claim, empty + empty + claim,
+                                             "\1"s + claim + empty + claim}) {
+                LargestAllocation = 0;
+                const std::string document = version + field + std::string(1000, '\0');
+                EXPECT_EQ(TreeNode::LoadFromMemory(document.data(), document.size()), nullptr);
+                EXPECT_LT(LargestAllocation, 64U * 1024);
+            }
+        }
+    }
+}
