@@ -14,7 +14,8 @@ using Nvr::String;
 
 TEST(FretlineOptions, LoadTheLevelOrTheDefault) {
     const struct {
-        const char *Why, *Bytes;
+        const char* Why;
+        std::string Bytes;
         int Level;
     } cases[] = {
         {"as stored", "\r\n{\r\n\tRhythmLevel \"2\"\r\n}\r\n", 2},
@@ -23,6 +24,7 @@ TEST(FretlineOptions, LoadTheLevelOrTheDefault) {
         {"no such child", "\r\n{\r\n\tOther \"2\"\r\n}\r\n", 1},
         {"damaged", "{ { {", 1},
         {"empty", "", 1},
+        {"deep", std::string(1000000, '{'), 1},
     };
     const TestSupport::ScratchFolder folder;
     for (const auto& row : cases) {

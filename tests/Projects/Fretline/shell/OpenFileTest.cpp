@@ -262,6 +262,40 @@ TEST_F(OpenFileTest, AnOpenFromInsideAConversionOnlySaysWhoseTheFileIs) {
     }
 }
 
+TEST_F(OpenFileTest, AMessageIsACallLikeAnyOther) {
+    ExpectTheUsualScore();
+    const std::string tab = Tabs.Write("b.tab", "words --- and a line of hyphens\n\n" + kTwoBars);
+    constexpr std::size_t kMessage = 3;
+    for (const bool throws : {false, true}) {
+        Host.Answer = [&] {
+            if (IsLastCall(kMessage)) {
+                EXPECT_TRUE(Fretline::OpenFile(tab.c_str()));
+                if (throws)
+                    throw 42;
+            }
+            return 1;
+        };
+        EXPECT_TRUE(Open(tab));
+        ASSERT_GT(Host.Calls.size(), kMessage);
+        EXPECT_TRUE(Host.Calls[kMessage].starts_with("message Fretline Import|b.tab|4"));
+        Calls expected = kCallsOfTwoBars;
+        expected.insert(expected.begin() + kMessage, Host.Calls[kMessage]);
+        if (throws)
+            expected.erase(expected.begin() + kMessage + 1, expected.begin() + kClosing + 1);
+        EXPECT_EQ(Host.Calls, expected);
+        ExpectTheUsualScore();
+    }
+}
+
+TEST_F(OpenFileTest, WithoutAFolderForOptionsTheDefaultStands) {
+    ExpectTheUsualScore();
+    const std::string missing = (Tabs.Path() / "missing").string();
+    Record.ConfigFolder = missing.c_str();
+    ASSERT_TRUE(Fretline::InitialisePlugin(Record, Info));
+    ExpectTheUsualScore();
+    EXPECT_FALSE(std::filesystem::exists(missing));
+}
+
 TEST_F(OpenFileTest, FilesOfOthersMakeNoCalls) {
     EXPECT_FALSE(Open(Tabs.Write("a.txt", kTwoBars)));
     EXPECT_FALSE(Open((Tabs.Path() / "missing.tab").string()));
