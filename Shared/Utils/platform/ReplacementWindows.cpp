@@ -87,11 +87,12 @@ private:
 bool TakeOver(const std::string& path, const std::string& former) {
     constexpr SECURITY_INFORMATION kOwner = OWNER_SECURITY_INFORMATION;
     constexpr SECURITY_INFORMATION kRights = DACL_SECURITY_INFORMATION;
-    const Security owner(former, kOwner);
-    Security rights(former, kRights);
-    if (!owner.IsKnown() || !rights.IsKnown() || owner != Security(path, kOwner))
-        return false;
-    return rights == Security(path, kRights) || rights.ApplyTo(path);
+    for (const SECURITY_INFORMATION part : {kOwner, kRights}) {
+        Security security(former, part);
+        if (!security.IsKnown() || (security != Security(path, part) && !security.ApplyTo(path)))
+            return false;
+    }
+    return true;
 }
 
 // Writing in place begins with losing what is there: not where the next write may fail like this one.
