@@ -2,9 +2,12 @@
 #include "Shared/Utils/ByteBuffer.h"
 #include "Shared/Utils/Exceptions.h"
 #include "Shared/Utils/Reporting.h"
+#include "Shared/Utils/SafeFileWriter.h"
 #include "Shared/Utils/StringList.h"
 #include "Shared/Utils/VHashTable.h"
 #include "tests/faults/AllocationFaults.h"
+#include "tests/faults/FileFaults.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
 #include <new>
@@ -125,4 +128,15 @@ TEST_F(FoundationFaults, SizesThatCannotBeAreFailures) {
     Nvr::ByteBuffer buffer("abc", 3);
     EXPECT_THROW(buffer.Append(buffer.Data(), 2147483647), Nvr::OutOfMemoryException);
     EXPECT_EQ(buffer.View(), "abc");
+}
+
+TEST_F(FoundationFaults, NoFileIsWrittenInPlaceForWantOfRoomBesideIt) {
+    const TestSupport::ScratchFolder folder;
+    const String path(folder.Write("a", "old"));
+    FileFaults.FailAfter(1);
+    Nvr::SafeFileWriter writer(path);
+    EXPECT_TRUE(FileFaults.Stop());
+    writer.Stream() << "new";
+    EXPECT_FALSE(writer.Commit());
+    EXPECT_EQ(folder.Read("a"), "old");
 }
