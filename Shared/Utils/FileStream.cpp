@@ -34,11 +34,13 @@ void Open(File& file, std::vector<char>& buffer, const String& path, int openMod
 
 InFileStream::InFileStream(const String& path, int openMode) {
     Attach(m_File);
-    // Some systems open a folder like a file and fail only in the first read.
-    if (Platform::ExamineFile(std::string(path.View())).Kind == Platform::FileKind::Folder)
-        m_File.setstate(std::ios::failbit);
-    else
+    // Some systems open a folder like a file and fail only in the first read; a pipe or a device may keep the
+    // reader waiting for ever.
+    const Platform::FileFacts facts = Platform::ExamineFile(std::string(path.View()));
+    if (facts.Kind == Platform::FileKind::Missing || facts.IsRegular)
         Open(m_File, m_Buffer, path, openMode | kOpenInput);
+    else
+        m_File.setstate(std::ios::failbit);
 }
 
 OutFileStream::OutFileStream(const String& path, int openMode) {

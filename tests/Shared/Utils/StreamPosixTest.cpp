@@ -1,6 +1,8 @@
 #include "Shared/Utils/FileStream.h"
+#include "tests/Shared/Utils/FilesTesting.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -21,6 +23,13 @@ TEST(FileStream, FullDiskShowsAfterTheFlush) {
     for (int i = 0; i < 1000; ++i)
         large.Write(block.data(), block.size());
     EXPECT_FALSE(large.Good());
+}
+
+TEST(FileStream, WhatMayNeverEndIsNotReadFrom) {
+    const FilesTesting::Scratch scratch;
+    ASSERT_EQ(mkfifo(scratch.Path("pipe").c_str(), 0600), 0);
+    for (const std::string& path : {scratch.Path("pipe"), std::string("/dev/zero")})
+        EXPECT_FALSE(InFileStream(String(path)).Good()) << path;
 }
 
 } // namespace
