@@ -1,11 +1,14 @@
+#include "bench/PeakMemory.h"
 #include "bench/TemplateSizedTree.h"
+#include "bench/Timing.h"
 
 #include "Projects/Fretline/score/ScoreAccess.h"
 #include "Shared/Utils/CStream.h"
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
+#include <cstdio>
+#include <filesystem>
 #include <sstream>
 #include <string>
 
@@ -13,16 +16,6 @@ using Nvr::TreeNode;
 using Nvr::TreeNodeRoot;
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-/// Times `step` alone, whatever else an iteration does.
-template <class Step>
-void Time(benchmark::State& state, Step step) {
-    const auto start = Clock::now();
-    step();
-    state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
-}
 
 std::string Stored(bool binary) {
     std::ostringstream target;
@@ -73,8 +66,7 @@ void Flatten(benchmark::State& state) {
 
 void Save(benchmark::State& state, bool binary) {
     const auto tree = Load(BinaryForm());
-    const Nvr::String path(
-        ("/tmp/tree-bench-" + std::to_string(Clock::now().time_since_epoch().count())).c_str());
+    const Nvr::String path((std::filesystem::temp_directory_path() / "fretline-tree-bench").string().c_str());
     while (state.KeepRunning()) {
         Time(state, [&] { benchmark::DoNotOptimize(tree->SaveToFile(path, binary, true, 0)); });
     }
@@ -120,6 +112,16 @@ void Release(benchmark::State& state) {
     }
 }
 
+void LoadAndSavePeak(benchmark::State& state) {
+    static_cast<void>(BinaryForm());
+    Nvr::ClearNodeStringTable();
+    const Nvr::String path((std::filesystem::temp_directory_path() / "fretline-tree-bench").string().c_str());
+    while (state.KeepRunning())
+        state.counters["peak_MB"] =
+            PeakMemoryOf([&] { Load(BinaryForm())->SaveToFile(path, true, true, 0); });
+    std::remove(path.CStr());
+}
+
 } // namespace
 
 BENCHMARK(LoadBinary)->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -131,3 +133,4 @@ BENCHMARK(WriteBinary)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(Copy)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(Compare)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(Release)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadAndSavePeak)->Iterations(1);

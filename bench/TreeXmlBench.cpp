@@ -1,10 +1,12 @@
+#include "bench/PeakMemory.h"
 #include "bench/TemplateSizedTree.h"
+#include "bench/Timing.h"
 
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>
 
-#include <chrono>
-#include <sstream>
+#include <cstdio>
+#include <filesystem>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,15 +14,6 @@
 /// A yardstick: the same tree as XML, read, written and released by a fast library for XML.
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-template <class Step>
-void Time(benchmark::State& state, Step step) {
-    const auto start = Clock::now();
-    step();
-    state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
-}
 
 struct StringWriter : pugi::xml_writer {
     void write(const void* data, std::size_t size) override {
@@ -75,7 +68,40 @@ void XmlWrite(benchmark::State& state) {
         Time(state, [&] { benchmark::DoNotOptimize(WriteXml(document)); });
 }
 
+void XmlSave(benchmark::State& state) {
+    pugi::xml_document document;
+    document.load_buffer(Xml().data(), Xml().size());
+    const std::string path = (std::filesystem::temp_directory_path() / "fretline-xml-bench").string();
+    while (state.KeepRunning())
+        Time(state,
+             [&] { benchmark::DoNotOptimize(document.save_file(path.c_str(), "", pugi::format_raw)); });
+    std::remove(path.c_str());
+}
+
+void XmlRelease(benchmark::State& state) {
+    while (state.KeepRunning()) {
+        pugi::xml_document document;
+        document.load_buffer(Xml().data(), Xml().size());
+        Time(state, [&] { document.reset(); });
+    }
+}
+
+void XmlLoadAndSavePeak(benchmark::State& state) {
+    static_cast<void>(Xml());
+    const std::string path = (std::filesystem::temp_directory_path() / "fretline-xml-bench").string();
+    while (state.KeepRunning())
+        state.counters["peak_MB"] = PeakMemoryOf([&] {
+            pugi::xml_document document;
+            document.load_buffer(Xml().data(), Xml().size());
+            document.save_file(path.c_str(), "", pugi::format_raw);
+        });
+    std::remove(path.c_str());
+}
+
 } // namespace
 
 BENCHMARK(XmlLoad)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(XmlWrite)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(XmlSave)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(XmlRelease)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(XmlLoadAndSavePeak)->Iterations(1);

@@ -98,6 +98,20 @@ void AList::TakeFrom(AList& other) {
     m_Count = std::exchange(other.m_Count, 0U);
 }
 
+void AList::TakeTail(AList& other, int first) {
+    const int taken = other.Count() - first;
+    if (&other == this || first < 0 || taken <= 0)
+        return;
+    const std::uint32_t count = m_Count + static_cast<std::uint32_t>(taken);
+    std::uint32_t capacity = m_Capacity;
+    while (capacity < count)
+        capacity = ListGrowth::NextCapacity(capacity, m_GrowBy);
+    Reserve(static_cast<int>(capacity));
+    std::copy(other.m_Items + first, other.m_Items + other.m_Count, m_Items + m_Count);
+    m_Count = count;
+    other.m_Count = static_cast<std::uint32_t>(first);
+}
+
 void AList::Grow() {
     SetCapacity(ListGrowth::NextCapacity(m_Capacity, m_GrowBy));
 }

@@ -57,6 +57,10 @@ public:
     /// Deletes the present items and takes array, capacity and count of `other`, which is left empty. The
     /// grow-by of both stays. Nothing when `other` is this list.
     void TakeFrom(AList& other);
+    /// Appends the items of `other` from the index `first` on, which it no longer has then. The capacity is
+    /// the one that adding them one by one leaves. Nothing when there are none. A failed allocation leaves
+    /// both as they were.
+    void TakeTail(AList& other, int first);
 
 protected:
     virtual void DeleteItem(void* item) = 0;

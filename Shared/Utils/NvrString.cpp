@@ -25,13 +25,13 @@ std::string_view UpToZero(const char* text, int length) {
 } // namespace
 
 // Constant-initialised, so that strings may be made while other statics are; holds a reference of its own.
-constinit String::Representation String::s_EmptyRepresentation = {"", 0, 0, 1, true, false};
+constinit String::Representation String::s_EmptyRepresentation = {"", 0, 0, 1, true, false, 0};
 
 String::Representation* String::NewInline(std::size_t length, char*& text) {
     void* const block = ::operator new(sizeof(Representation) + length + 1);
     text = static_cast<char*>(block) + sizeof(Representation);
     text[length] = '\0';
-    return new (block) Representation{text, 0, 0, 1, false, true};
+    return new (block) Representation{text, 0, 0, 1, false, true, 0};
 }
 
 String String::FinishInline(Representation* representation) {
@@ -83,7 +83,7 @@ String String::Adopt(char* buffer) {
         return {};
     void* const block = ::operator new(sizeof(Representation));
     const auto length = static_cast<std::uint32_t>(std::strlen(buffer));
-    return {new (block) Representation{owned.release(), length, 0, 1, false, false}, TakeOver()};
+    return {new (block) Representation{owned.release(), length, 0, 1, false, false, 0}, TakeOver()};
 }
 
 bool operator<(const String& left, const String& right) {

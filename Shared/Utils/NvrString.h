@@ -57,6 +57,12 @@ public:
     /// True when both are the same representation, not merely equal text.
     bool SharesTextWith(const String& other) const noexcept;
 
+    /// A number beside the text, common to all strings that share it: for whoever numbers strings and keeps a
+    /// list of them by number. It has no meaning of its own, and what it was set to last by anybody else, so
+    /// check in the list that the number is this string's.
+    std::uint32_t GetMark() const noexcept { return m_Representation->Mark; }
+    void SetMark(std::uint32_t mark) const noexcept { m_Representation->Mark = mark; }
+
     friend bool operator==(const String& left, const String& right) noexcept;
     friend bool operator==(const String& left, const char* right) noexcept;
     /// Collation of the platform, case-sensitive.
@@ -136,7 +142,7 @@ public:
 private:
     /// What the strings of one text share. Made in one of three shapes: the one empty representation, which
     /// is never freed; text and zero behind the representation in the same allocation; or a buffer made
-    /// elsewhere with array new. The bytes never change once a string points here; only the hash does.
+    /// elsewhere with array new. The bytes never change once a string points here; only hash and mark do.
     struct Representation {
         const char* Text;
         std::uint32_t Length;
@@ -145,6 +151,7 @@ private:
         std::uint32_t ReferenceCount;
         bool HasStaticText;
         bool HasInlineText;
+        std::uint32_t Mark = 0;
     };
 
     struct TakeOver {};

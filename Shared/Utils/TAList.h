@@ -29,6 +29,7 @@ public:
     void Remove(const T* item) { AList::Remove(item); }
     void Delete(T* item) { AList::Delete(item); }
     void TakeFrom(TAList& other) { AList::TakeFrom(other); }
+    void TakeTail(TAList& other, int first) { AList::TakeTail(other, first); }
 
 protected:
     void DeleteItem(void* item) override { Deleter()(static_cast<T*>(item)); }

@@ -6,7 +6,8 @@ namespace Nvr {
 
 namespace {
 
-constexpr std::size_t kFewestSlots = 1024;
+// Room for the strings of a whole score.
+constexpr std::size_t kFewestSlots = 16384;
 
 // The hash of a string changes least where it differs most; this spreads it over the index.
 std::size_t Spread(std::uint32_t hash, std::size_t slotCount) {

@@ -40,11 +40,6 @@ TreeNode::~TreeNode() {
     delete m_Children;
 }
 
-void* TreeNode::operator new(std::size_t size) {
-    void* const cell = size == sizeof(TreeNode) ? TreeNodePool::Shared().Allocate(size) : nullptr;
-    return cell != nullptr ? cell : ::operator new(size);
-}
-
 void TreeNode::operator delete(void* address) noexcept {
     if (!TreeNodePool::Shared().Release(address))
         ::operator delete(address);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Shared/Utils/NvrString.h"
+#include "Shared/Utils/tree/TreeNodePool.h"
 
 #include <cstddef>
 #include <new>
@@ -61,7 +62,10 @@ public:
 
     /// Nodes lie in the TreeNodePool; a TreeNodeRoot lies in general memory. A node may be deleted through a
     /// TreeNode pointer whichever it is.
-    static void* operator new(std::size_t size);
+    static void* operator new(std::size_t size) {
+        void* const cell = size == sizeof(TreeNode) ? TreeNodePool::Shared().Allocate(size) : nullptr;
+        return cell != nullptr ? cell : ::operator new(size);
+    }
     static void operator delete(void* address) noexcept;
     static void operator delete(TreeNode* node, std::destroying_delete_t) noexcept;
 
@@ -156,6 +160,11 @@ private:
     friend class TreeNodeBinaryParser;
     friend class TreeNodeBinaryWriter;
     friend class TreeNodeList;
+
+    struct AreInterned {};
+    /// For strings that come from the string table.
+    TreeNode(const String& label, const String& value, AreInterned /*both*/)
+        : m_Label(label), m_Value(value) {}
 
     TreeNodeList& NeedChildren();
     TreeNode& NeedChild(const String& label);

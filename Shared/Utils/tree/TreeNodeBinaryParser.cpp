@@ -16,15 +16,11 @@ constexpr int kNewString = 0;
 constexpr int kStringReference = 1;
 // The tag and the length or index.
 constexpr std::size_t kStringFieldSize = 5;
+// A node both of whose strings stood before: two fields and the child count.
+constexpr std::size_t kKnownHeadSize = 2 * kStringFieldSize + 4;
 
 constexpr bool IsStringTag(int tag) {
     return tag == kNewString || tag == kStringReference;
-}
-
-// What a list has grown to when it holds `count` children.
-int CapacityFor(int count) {
-    constexpr int kGrowBy = ListGrowth::kDefaultGrowBy;
-    return (count + kGrowBy - 1) / kGrowBy * kGrowBy;
 }
 
 std::uint32_t FromBigEndian(const std::uint8_t* bytes) {
@@ -33,6 +29,18 @@ std::uint32_t FromBigEndian(const std::uint8_t* bytes) {
 }
 
 } // namespace
+
+inline void TreeNodeBinaryParser::Finish(std::unique_ptr<TreeNode> node) {
+    m_Finished.Add(node.get());
+    static_cast<void>(node.release());
+}
+
+inline const String* TreeNodeBinaryParser::KnownString(const std::uint8_t* field) const {
+    const std::uint32_t number = FromBigEndian(field + 1);
+    if (field[0] == kStringReference)
+        return number < m_Strings.size() ? &m_Strings[number] : &m_Empty;
+    return field[0] == kNewString && number == 0 ? &m_Empty : nullptr;
+}
 
 TreeNodeBinaryParser::TreeNodeBinaryParser(TreeNodeReader& reader, bool unicode)
     : m_Reader(reader), m_IsUnicode(unicode) {
@@ -47,13 +55,13 @@ std::unique_ptr<TreeNodeRoot> TreeNodeBinaryParser::Parse(std::unique_ptr<TreeNo
     ReadNode(std::move(root));
     while (!m_Open.empty()) {
         if (m_Open.back().ChildrenLeft != 0 && !m_HasError)
-            ReadNextChild();
+            ReadNextChildren();
         else
             CloseLastNode();
     }
     if (m_HasError)
         return nullptr;
-    static_cast<void>(m_Finished.back().release());
+    m_Finished.Forget();
     return std::unique_ptr<TreeNodeRoot>(wholeTree);
 }
 
@@ -61,12 +69,32 @@ void TreeNodeBinaryParser::ReadNode(std::unique_ptr<TreeNode> node) {
     OpenNode open;
     ReadHead(*node, open);
     if (open.ChildrenLeft == 0 && !open.IsSought) {
-        m_Finished.push_back(std::move(node));
+        Finish(std::move(node));
         return;
     }
     open.Node = std::move(node);
-    open.FirstChild = m_Finished.size();
+    open.FirstChild = m_Finished.Count();
     m_Open.push_back(std::move(open));
+}
+
+bool TreeNodeBinaryParser::ReadKnownLeaves() {
+    // A stop label has each node looked at.
+    if (!m_StopLabel.IsEmpty())
+        return false;
+    const std::uint32_t most = m_Open.back().ChildrenLeft;
+    std::uint32_t left = most;
+    while (left != 0 && m_Reader.BytesAtHand() >= kKnownHeadSize) {
+        const std::uint8_t* const head = m_Reader.BytesInPlace();
+        const String* const label = KnownString(head);
+        const String* const value = KnownString(head + kStringFieldSize);
+        if (label == nullptr || value == nullptr || FromBigEndian(head + 2 * kStringFieldSize) != 0)
+            break;
+        m_Reader.TakeInPlace(kKnownHeadSize);
+        --left;
+        Finish(std::unique_ptr<TreeNode>(new TreeNode(*label, *value, TreeNode::AreInterned())));
+    }
+    m_Open.back().ChildrenLeft = left;
+    return left != most;
 }
 
 void TreeNodeBinaryParser::ReadHead(TreeNode& node, OpenNode& open) {
@@ -87,29 +115,25 @@ void TreeNodeBinaryParser::ReadHead(TreeNode& node, OpenNode& open) {
         RaiseEndOfFile();
 }
 
-void TreeNodeBinaryParser::ReadNextChild() {
-    --m_Open.back().ChildrenLeft;
-    if (m_Open.size() > TreeNodeReader::kDeepestLevel)
+void TreeNodeBinaryParser::ReadNextChildren() {
+    if (m_Open.size() > TreeNodeReader::kDeepestLevel) {
         RaiseError("Nodes are nested too deeply");
-    else
+    } else if (!ReadKnownLeaves()) {
+        --m_Open.back().ChildrenLeft;
         ReadNode(std::make_unique<TreeNode>());
+    }
 }
 
 void TreeNodeBinaryParser::CloseLastNode() {
     OpenNode closed = std::move(m_Open.back());
     m_Open.pop_back();
-    const auto childCount = static_cast<int>(m_Finished.size() - closed.FirstChild);
-    if (childCount != 0) {
-        auto* const list = new TreeNodeList;
-        closed.Node->m_Children = list;
-        list->Reserve(CapacityFor(childCount));
-        for (std::size_t i = closed.FirstChild; i < m_Finished.size(); ++i)
-            list->Add(m_Finished[i].release());
-        m_Finished.resize(closed.FirstChild);
+    if (m_Finished.Count() != closed.FirstChild) {
+        closed.Node->m_Children = new TreeNodeList;
+        closed.Node->m_Children->TakeTail(m_Finished, closed.FirstChild);
     }
     if (closed.IsSought)
         throw TreeNodeSubTreeFoundException(closed.Node.release());
-    m_Finished.push_back(std::move(closed.Node));
+    Finish(std::move(closed.Node));
 }
 
 const String& TreeNodeBinaryParser::ReadString() {
@@ -154,7 +178,20 @@ std::string_view TreeNodeBinaryParser::ReadStringBytes(std::uint32_t length) {
     return m_StringBytes.View();
 }
 
+bool TreeNodeBinaryParser::ConvertPlainText(std::string_view bytes) {
+    m_Converted.resize(bytes.size() / 2);
+    for (std::size_t i = 0; i < m_Converted.size(); ++i) {
+        const char low = bytes[2 * i + 1];
+        if (bytes[2 * i] != 0 || !IsPlainByte(static_cast<std::uint8_t>(low)))
+            return false;
+        m_Converted[i] = low;
+    }
+    return true;
+}
+
 String TreeNodeBinaryParser::StringFromUtf16(std::string_view bytes) {
+    if (ConvertPlainText(bytes))
+        return String(m_Converted);
     m_Units.resize(bytes.size() / 2);
     for (std::size_t i = 0; i < m_Units.size(); ++i)
         m_Units[i] = UnitFromBytes(static_cast<std::uint8_t>(bytes[2 * i]),

@@ -2,6 +2,7 @@
 
 #include "Shared/Utils/NvrString.h"
 #include "Shared/Utils/tree/TreeNode.h"
+#include "Shared/Utils/tree/TreeNodeList.h"
 #include "Shared/Utils/tree/TreeNodeReader.h"
 
 #include <cstddef>
@@ -34,14 +35,23 @@ private:
         std::uint32_t ChildrenLeft = 0;
         bool IsSought = false;
         /// Where its children begin in m_Finished.
-        std::size_t FirstChild = 0;
+        int FirstChild = 0;
     };
 
     /// Reads a node without its children; open when some are to come.
     void ReadNode(std::unique_ptr<TreeNode> node);
+    /// Reads the next children of the last open node as long as they are of the most frequent kind: without
+    /// children, with strings that stood before, and all at hand. False, with nothing read, when the next one
+    /// is of another kind or a label is looked for.
+    bool ReadKnownLeaves();
+    /// The string of a field that refers to one or is empty; null for a new string or anything else.
+    const String* KnownString(const std::uint8_t* field) const;
+    /// Has the node wait for the end of its parent.
+    void Finish(std::unique_ptr<TreeNode> node);
     /// Label, value and child count, and whether the node is the one at which to stop.
     void ReadHead(TreeNode& node, OpenNode& open);
-    void ReadNextChild();
+    /// One child of the last open node, or several.
+    void ReadNextChildren();
     /// Gives the last open node its children.
     void CloseLastNode();
 
@@ -50,6 +60,8 @@ private:
     const String& ReadNewString(std::uint32_t length);
     std::string_view ReadStringBytes(std::uint32_t length);
     String StringFromUtf16(std::string_view bytes);
+    /// Puts text of nothing but plain bytes into m_Converted; false, with anything there, for other text.
+    bool ConvertPlainText(std::string_view bytes);
     /// False when not all of its bytes are there.
     bool ReadNumber(std::uint32_t& number);
 
@@ -66,7 +78,7 @@ private:
     std::vector<OpenNode> m_Open;
     /// Whole subtrees, in order, that wait for the end of their parent. Only so is the size of its list
     /// known: a count that is read may lie.
-    std::vector<std::unique_ptr<TreeNode>> m_Finished;
+    TreeNodeList m_Finished;
     String m_Empty;
     // Kept from string to string.
     ByteBuffer m_StringBytes;

@@ -15,19 +15,33 @@ namespace {
 constexpr unsigned kNewString = 0;
 constexpr unsigned kStringReference = 1;
 constexpr std::size_t kNumberSize = 4;
+// The tag and the length or index.
+constexpr std::size_t kStringHeadSize = 1 + kNumberSize;
 constexpr std::string_view kOpening8Bit("\0\1", 2);
 constexpr std::string_view kOpeningUtf16("\0\2", 2);
 
 constexpr unsigned kBitsOfByte = 8;
 
-// Both write at the place and move it on.
-void PutByte(char*& place, unsigned byte) {
-    *place++ = static_cast<char>(static_cast<unsigned char>(byte));
+// All of these write at `place` and give the place behind.
+char* PutByte(char* place, unsigned byte) {
+    *place = static_cast<char>(static_cast<unsigned char>(byte));
+    return place + 1;
 }
 
-void PutNumber(char*& place, std::uint32_t number) {
-    for (unsigned shift = 4 * kBitsOfByte; shift != 0; shift -= kBitsOfByte)
-        PutByte(place, number >> (shift - kBitsOfByte));
+char* PutNumber(char* place, std::uint32_t number) {
+    place = PutByte(place, number >> 3 * kBitsOfByte);
+    place = PutByte(place, number >> 2 * kBitsOfByte);
+    place = PutByte(place, number >> kBitsOfByte);
+    return PutByte(place, number);
+}
+
+char* PutStringHead(char* place, unsigned tag, std::uint32_t number) {
+    return PutNumber(PutByte(place, tag), number);
+}
+
+bool IsPlainText(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return IsPlainByte(static_cast<std::uint8_t>(c)); });
 }
 
 } // namespace
@@ -59,8 +73,7 @@ int TreeNodeBinaryWriter::WriteNodeHead(const TreeNode& node) {
     WriteString(node.m_Label);
     WriteString(node.m_Value);
     const int childCount = node.m_Children != nullptr ? node.m_Children->Count() : 0;
-    char* place = m_Output.Extend(kNumberSize);
-    PutNumber(place, static_cast<std::uint32_t>(childCount));
+    PutNumber(m_Output.Extend(kNumberSize), static_cast<std::uint32_t>(childCount));
     return childCount;
 }
 
@@ -72,26 +85,32 @@ void TreeNodeBinaryWriter::WriteString(const String& string) {
         return;
     }
     const bool isEmpty = index == TreeNodeStringIndexes::kWrittenEmpty;
-    char* place = m_Output.Extend(1 + kNumberSize);
-    PutByte(place, isEmpty ? kNewString : kStringReference);
-    PutNumber(place, isEmpty ? 0 : index);
+    char* const place = m_Output.Extend(kStringHeadSize);
+    if (isEmpty)
+        PutStringHead(place, kNewString, 0);
+    else
+        PutStringHead(place, kStringReference, index);
 }
 
 void TreeNodeBinaryWriter::WriteNewString(const String& string) {
-    if (m_IsUnicode)
-        ConvertToUtf16(m_Encoding, string.RemoveCRs().View(), m_Units);
-    const std::size_t size = m_IsUnicode ? m_Units.size() * sizeof(char16_t) : string.Length();
-    char* place = m_Output.Extend(1 + kNumberSize + size);
-    PutByte(place, kNewString);
-    PutNumber(place, static_cast<std::uint32_t>(size));
+    const std::string_view text = string.View();
     if (!m_IsUnicode) {
-        std::copy_n(string.CStr(), size, place);
-        return;
+        std::copy(text.begin(), text.end(), StartNewString(text.size()));
+    } else if (IsPlainText(text)) {
+        char* place = StartNewString(text.size() * sizeof(char16_t));
+        for (const char c : text)
+            place = PutByte(PutByte(place, 0), static_cast<unsigned char>(c));
+    } else {
+        ConvertToUtf16(m_Encoding, string.RemoveCRs().View(), m_Units);
+        char* place = StartNewString(m_Units.size() * sizeof(char16_t));
+        for (const char16_t unit : m_Units)
+            place = PutByte(PutByte(place, unit >> kBitsOfByte), unit);
     }
-    for (const char16_t unit : m_Units) {
-        PutByte(place, unit >> kBitsOfByte);
-        PutByte(place, unit);
-    }
+}
+
+char* TreeNodeBinaryWriter::StartNewString(std::size_t size) {
+    return PutStringHead(m_Output.Extend(kStringHeadSize + size), kNewString,
+                         static_cast<std::uint32_t>(size));
 }
 
 } // namespace Nvr

@@ -4,6 +4,7 @@
 #include "Shared/Utils/tree/TreeNodeOutput.h"
 #include "Shared/Utils/tree/TreeNodeStringIndexes.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -28,6 +29,8 @@ private:
     int WriteNodeHead(const TreeNode& node);
     void WriteString(const String& string);
     void WriteNewString(const String& string);
+    /// The head of a string of `size` bytes, and the place where to write them.
+    char* StartNewString(std::size_t size);
 
     TreeNodeOutput& m_Output;
     bool m_IsUnicode;

@@ -12,6 +12,13 @@ constexpr char16_t UnitFromBytes(std::uint8_t high, std::uint8_t low) {
     return static_cast<char16_t>(high << 8 | low);
 }
 
+/// True for a byte that every code page holds as the code unit of the same number, and that no form of a tree
+/// leaves out: ASCII but for the carriage return. Text of such bytes alone needs no conversion.
+constexpr bool IsPlainByte(std::uint8_t byte) {
+    constexpr std::uint8_t kFirstBeyondAscii = 0x80;
+    return byte < kFirstBeyondAscii && byte != '\r';
+}
+
 /// Replaces `text` by the units in the system code page; keeps its capacity. Raises an Exception when the
 /// platform cannot convert, which nothing can go on from.
 void ConvertFromUtf16(std::u16string_view units, std::string& text);

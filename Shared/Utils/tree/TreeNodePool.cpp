@@ -9,13 +9,6 @@ namespace {
 
 constexpr std::align_val_t kPageAlignment{TreeNodePool::kPageSize};
 
-// A free cell holds the offset of the next free one. Cells may be as small as 4 bytes.
-std::uint32_t ReadLink(const char* page, std::uint32_t cell) {
-    std::uint32_t next = 0;
-    std::memcpy(&next, page + cell, sizeof next);
-    return next;
-}
-
 void WriteLink(char* page, std::uint32_t cell, std::uint32_t next) {
     std::memcpy(page + cell, &next, sizeof next);
 }
@@ -23,23 +16,6 @@ void WriteLink(char* page, std::uint32_t cell, std::uint32_t next) {
 } // namespace
 
 constinit TreeNodePool TreeNodePool::s_Shared;
-
-void* TreeNodePool::Allocate(std::size_t size) {
-    if (size == 0 || size > kLargestSize)
-        return nullptr;
-    const std::size_t classIndex = ClassOf(size);
-    Page* page = m_WithFreeCells[classIndex];
-    if (page == nullptr)
-        page = NewPage(classIndex);
-    char* const base = reinterpret_cast<char*>(page);
-    const std::uint32_t cell = page->FirstFree;
-    page->FirstFree = ReadLink(base, cell);
-    ++page->CellsInUse;
-    ++m_CellsInUse;
-    if (page->FirstFree == 0)
-        MoveToOtherList(page);
-    return base + cell;
-}
 
 bool TreeNodePool::Release(void* address) noexcept {
     const auto offset = static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(address) % kPageSize);

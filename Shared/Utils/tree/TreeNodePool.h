@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace Nvr {
 
@@ -31,7 +32,14 @@ public:
 
     /// A cell of at least `size` bytes; null for a size that has no class, which is the general allocator's
     /// business. A failed allocation of a page raises the allocation failure and leaves the pool as it was.
-    void* Allocate(std::size_t size);
+    void* Allocate(std::size_t size) {
+        if (size == 0 || size > kLargestSize)
+            return nullptr;
+        Page* page = m_WithFreeCells[ClassOf(size)];
+        if (page == nullptr)
+            page = NewPage(ClassOf(size));
+        return TakeCell(*page);
+    }
     /// Takes a cell back. False when no page of this pool holds the address, and then nothing was done. Costs
     /// the same however many pages there are.
     bool Release(void* address) noexcept;
@@ -75,6 +83,16 @@ private:
         std::size_t m_Count = 0;
     };
 
+    void* TakeCell(Page& page) noexcept {
+        char* const cell = reinterpret_cast<char*>(&page) + page.FirstFree;
+        // A free cell holds the offset of the next free one. Cells may be as small as 4 bytes.
+        std::memcpy(&page.FirstFree, cell, sizeof page.FirstFree);
+        ++page.CellsInUse;
+        ++m_CellsInUse;
+        if (page.FirstFree == 0)
+            MoveToOtherList(&page);
+        return cell;
+    }
     static constexpr std::size_t ClassOf(std::size_t size) { return (size - 1) / 4; }
     static constexpr std::size_t CellSizeOf(std::size_t classIndex) { return classIndex * 4 + 4; }
     Page* NewPage(std::size_t classIndex);

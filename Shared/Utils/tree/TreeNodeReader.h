@@ -64,6 +64,8 @@ public:
     int ReadByte() { return m_Cursor != m_WindowEnd || Refill() ? *m_Cursor++ : -1; }
     /// How many bytes lie together in memory; more may follow in a stream.
     std::size_t BytesAtHand() const { return static_cast<std::size_t>(m_WindowEnd - m_Cursor); }
+    /// The bytes at hand where they lie, not taken. Valid until the next read.
+    const std::uint8_t* BytesInPlace() const { return m_Cursor; }
     /// The next `count` bytes where they lie, taken as read. Not more than there are at hand; valid until the
     /// next read.
     const std::uint8_t* TakeInPlace(std::size_t count) {

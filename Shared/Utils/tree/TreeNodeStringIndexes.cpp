@@ -13,9 +13,9 @@ bool HoldsOnlyCarriageReturns(const String& string) {
 } // namespace
 
 TreeNodeStringIndexes::TreeNodeStringIndexes(bool dropsCarriageReturns)
-    : m_Addresses(kFewestPlaces), m_Strings(kFewestPlaces), m_DropsCarriageReturns(dropsCarriageReturns) {}
+    : m_Strings(kFewestPlaces), m_DropsCarriageReturns(dropsCarriageReturns) {}
 
-std::uint32_t TreeNodeStringIndexes::FindOrAddContent(const String& string, std::size_t addressPlace) {
+std::uint32_t TreeNodeStringIndexes::FindOrAddContent(const String& string) {
     KnownString& known = m_Strings[PlaceOf(string)];
     bool getsIndex = false;
     if (known.Text == nullptr) {
@@ -24,9 +24,8 @@ std::uint32_t TreeNodeStringIndexes::FindOrAddContent(const String& string, std:
         ++m_StringCount;
     }
     const std::uint32_t index = known.Index;
-    m_Addresses[addressPlace] = {string.CStr(), index};
-    if (++m_AddressCount * 2 > m_Addresses.size())
-        GrowAddresses();
+    string.SetMark(static_cast<std::uint32_t>(m_Texts.size()));
+    m_Texts.push_back({string.CStr(), index});
     if (m_StringCount * 2 > m_Strings.size())
         GrowStrings();
     return getsIndex ? kNew : index;
@@ -40,21 +39,8 @@ std::size_t TreeNodeStringIndexes::PlaceOf(const String& string) const {
     std::size_t place = (mixed ^ mixed >> kHalf) & (m_Strings.size() - 1);
     while (m_Strings[place].Text != nullptr &&
            (m_Strings[place].Hash != hash || !(*m_Strings[place].Text == string)))
-        place = Next(place, m_Strings.size());
+        place = (place + 1) & (m_Strings.size() - 1);
     return place;
-}
-
-void TreeNodeStringIndexes::GrowAddresses() {
-    std::vector<KnownAddress> old(m_Addresses.size() * 2);
-    old.swap(m_Addresses);
-    for (const KnownAddress& known : old) {
-        if (known.Text == nullptr)
-            continue;
-        std::size_t place = PlaceOf(known.Text);
-        while (m_Addresses[place].Text != nullptr)
-            place = Next(place, m_Addresses.size());
-        m_Addresses[place] = known;
-    }
 }
 
 void TreeNodeStringIndexes::GrowStrings() {
