@@ -96,10 +96,10 @@ bool TakeOver(const std::string& path, const std::string& former) {
 }
 
 // Writing in place begins with losing what is there: not where the next write may fail like this one.
-Replacement BesideOrNothing(const std::string& target) {
-    std::string beside = CreateBeside(target);
-    const bool isForbidden = beside.empty() && GetLastError() == ERROR_ACCESS_DENIED;
-    return beside.empty() && !isForbidden ? Replacement() : Replacement{target, std::move(beside)};
+void MakeBesideOrGiveUp(Replacement& replacement) {
+    replacement.Beside = CreateBeside(replacement.Target);
+    if (replacement.Beside.empty() && GetLastError() != ERROR_ACCESS_DENIED)
+        replacement.Target.clear();
 }
 
 bool CanBeReplaced(const std::string& path) {
@@ -144,7 +144,7 @@ Replacement PrepareReplacement(const std::string& path) {
     // What a link that leads nowhere names is made by writing through it.
     if (isNew ? IsLink(result.Target) : !CanBeReplaced(result.Target))
         return result;
-    result = BesideOrNothing(result.Target);
+    MakeBesideOrGiveUp(result);
     if (!isNew && !result.Beside.empty() && !TakeOver(result.Beside, result.Target)) {
         RemoveFile(result.Beside);
         result.Beside.clear();
