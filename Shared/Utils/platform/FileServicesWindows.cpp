@@ -2,6 +2,8 @@
 
 #include "Shared/Utils/platform/WindowsFile.h"
 
+#include <array>
+
 #include <shlwapi.h>
 
 namespace Nvr::Platform {
@@ -40,6 +42,14 @@ FileFacts FactsFrom(const Record& record) {
     return facts;
 }
 
+// In every folder, as it was in the beginning: "CON" is the keyboard, which a reader would wait for.
+bool IsNameOfDevice(const std::string& path) {
+    std::array<char, MAX_PATH> full{};
+    const DWORD length =
+        GetFullPathNameA(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    return length < full.size() && std::string_view(full.data(), length).starts_with("\\\\.\\");
+}
+
 bool ChangeAttribute(const std::string& path, DWORD attribute, bool isSet) {
     const DWORD former = GetFileAttributesA(path.c_str());
     if (former == INVALID_FILE_ATTRIBUTES)
@@ -56,9 +66,9 @@ FileFacts ExamineFile(const std::string& path) {
     if (file.IsOpen() && GetFileInformationByHandle(file.Get(), &facts) != FALSE)
         return FactsFrom(facts);
     FileFacts result;
-    // A device opens and has no facts; a file of the system's own does not open and has some.
+    // Most devices open and have no facts; a file of the system's own does not open and has some.
     WIN32_FILE_ATTRIBUTE_DATA listed{};
-    if (file.IsOpen())
+    if (file.IsOpen() || IsNameOfDevice(path))
         result.Kind = FileKind::File;
     else if (GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &listed) != FALSE &&
              (listed.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)

@@ -109,6 +109,12 @@ TEST(DiskFile, RecycledFileIsGone) {
     EXPECT_EQ(scratch.CountEntries(), 0U);
 }
 
+TEST(FileStream, DevicesAreNotRead) {
+    const Scratch scratch;
+    for (const std::string& path : {std::string("CON"), std::string("NUL"), scratch.Path("con")})
+        EXPECT_FALSE(InFileStream(String(path)).Good()) << path;
+}
+
 TEST(SafeFileWriter, FileThatIsInUseStaysAsItIs) {
     const Scratch scratch;
     const std::string path = scratch.Write("a", "old");
