@@ -11,3 +11,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
 set(CMAKE_SHARED_LINKER_FLAGS_INIT -static)
+# Programs for the other platform run where they were built, with its stand-in.
+set(CMAKE_CROSSCOMPILING_EMULATOR wine)
+# The system finds the callers of a function through the frames that the functions keep.
+set(CMAKE_CXX_FLAGS_INIT -fno-omit-frame-pointer)

@@ -36,7 +36,7 @@ FakeHost::~FakeHost() {
 
 extern "C" {
 
-[[gnu::visibility("default")]] void NVR_LOADTEMPFILE(const char* scorePath) {
+void NVR_LOADTEMPFILE(const char* scorePath) {
     if (g_host != nullptr) {
         g_host->LoadedPath = scorePath;
         std::ifstream file(scorePath, std::ios::binary);
@@ -45,31 +45,29 @@ extern "C" {
     Hear("load");
 }
 
-[[gnu::visibility("default")]] void NVR_RESULTSDIALOGMESSAGE(const char* converterName, const char* fileName,
-                                                             int kind, int context1, int context2,
-                                                             const char* message) {
+void NVR_RESULTSDIALOGMESSAGE(const char* converterName, const char* fileName, int kind, int context1,
+                              int context2, const char* message) {
     Hear(std::string("message ") + converterName + "|" + fileName + "|" + std::to_string(kind) + "|" +
          std::to_string(context1) + "|" + std::to_string(context2) + "|" + message);
 }
 
-[[gnu::visibility("default")]] int NVR_UPDATEPROGRESSDIALOG(void* context, int percent, const char* text) {
+int NVR_UPDATEPROGRESSDIALOG(void* context, int percent, const char* text) {
     const std::string shown = *text != '\0' ? std::string(" ") + text : std::string();
     return Hear(Checked(context, "update " + std::to_string(percent) + shown));
 }
 
-[[gnu::visibility("default")]] void NVR_DESTROYPROGRESSDIALOG(void* context) {
+void NVR_DESTROYPROGRESSDIALOG(void* context) {
     Hear(Checked(context, "destroy"));
 }
 
-[[gnu::visibility("default")]] void NVR_CREATEPROGRESSDIALOG_2(void* context, const char* title, int lowest,
-                                                               int highest, int last) {
+void NVR_CREATEPROGRESSDIALOG_2(void* context, const char* title, int lowest, int highest, int last) {
     Hear(Checked(context, std::string("create ") + title + "|" + std::to_string(lowest) + "|" +
                               std::to_string(highest) + "|" + std::to_string(last)));
 }
 
-[[gnu::visibility("default")]] std::intptr_t
-NVR_CHOOSETRANSPOSINGINSTRUMENTS(std::intptr_t a, std::intptr_t b, std::intptr_t c, std::intptr_t d,
-                                 std::intptr_t e, std::intptr_t f, std::intptr_t g, std::intptr_t h) {
+std::intptr_t NVR_CHOOSETRANSPOSINGINSTRUMENTS(std::intptr_t a, std::intptr_t b, std::intptr_t c,
+                                               std::intptr_t d, std::intptr_t e, std::intptr_t f,
+                                               std::intptr_t g, std::intptr_t h) {
     std::string call = "choose";
     for (const std::intptr_t argument : {a, b, c, d, e, f, g, h})
         call.append(" ").append(std::to_string(argument));

@@ -1,7 +1,6 @@
 #include "Shared/NotaveraAPI/PluginOutput.h"
 
 #include "Shared/NotaveraAPI/HostFunctions.h"
-#include "Shared/Utils/platform/ResourceTable.h"
 #include "tests/support/FakeHost.h"
 
 #include <gtest/gtest.h>
@@ -12,8 +11,9 @@ using Nvr::PluginOutput;
 using Nvr::ResId;
 using Calls = std::vector<std::string>;
 
-constexpr Nvr::Platform::StringResource kStrings[] = {{7, "Line %1 to %2"}, {8, "Other"}};
-const Nvr::Platform::ResourceTable kResources(kStrings, {});
+// Of the plug-in's own.
+const ResId kText(102);
+const ResId kOtherText(100);
 
 class PluginOutputTest : public testing::Test {
 protected:
@@ -52,7 +52,7 @@ TEST_F(PluginOutputTest, ACancelComesBackBehindWhatWasStored) {
 TEST_F(PluginOutputTest, AMissingHostFunctionReadsAsACancelButNotForMessages) {
     Nvr::ClearHostFunctions();
     EXPECT_THROW(Output.SetProgress(1, ""), Nvr::ConverterCancelled);
-    Output.Report(ResId(7), 4, "text", false);
+    Output.Report(kText, 4, "text", false);
     EXPECT_EQ(Output.GetMessageCount(), 1) << "counted without a host to show it";
     EXPECT_TRUE(Host.Calls.empty());
 }
@@ -74,31 +74,31 @@ TEST_F(PluginOutputTest, AnIdIsReportedOnceUntilFileOrContextChanges) {
         {"the same second context", [](PluginOutput& o) { o.SetContext2(-2); }, false},
         {"a new third context", [](PluginOutput& o) { o.SetContext3(5); }, false},
         {"a new converter", [](PluginOutput& o) { o.SetConverterName("Other"); }, false},
-        {"the id of another message", [](PluginOutput& o) { o.Report(ResId(8), 4, "x", false); }, false},
+        {"the id of another message", [](PluginOutput& o) { o.Report(kOtherText, 4, "x", false); }, false},
     };
     for (const RepeatCase& row : cases) {
         Output.SetFileName("a.tab");
         Output.SetContext1(-2);
         Output.SetContext2(-2);
-        Output.Report(ResId(7), 4, "first", false);
+        Output.Report(kText, 4, "first", false);
         row.Between(Output);
         Host.Calls.clear();
-        Output.Report(ResId(7), 4, "second", false);
+        Output.Report(kText, 4, "second", false);
         EXPECT_EQ(Host.Calls.size(), row.IsSent ? 1U : 0U) << row.Why;
         Host.Calls.clear();
-        Output.Report(ResId(7), 4, "third", true);
+        Output.Report(kText, 4, "third", true);
         EXPECT_EQ(Host.Calls.size(), 1U) << row.Why << ", repeated";
     }
 }
 
 TEST_F(PluginOutputTest, AMessageTellsWhoseItIs) {
-    Output.Report(ResId(7), 4, "text", true);
+    Output.Report(kText, 4, "text", true);
     Output.SetContext1(3);
     Output.SetContext2(4);
     Output.SetContext3(5);
-    Output.Report(ResId(7), 2, "", true);
+    Output.Report(kText, 2, "", true);
     EXPECT_EQ(Host.Calls,
-              (Calls{"message Import|a.tab|4|-2|-2|text", "message Import|a.tab|2|3|4|Line %1 to %2"}));
+              (Calls{"message Import|a.tab|4|-2|-2|text", "message Import|a.tab|2|3|4|Importing Tab file"}));
     EXPECT_EQ(Output.GetMessageCount(), 2);
     EXPECT_TRUE(Output.GetStatusFlag());
     EXPECT_FALSE(Output.GetReservedFlag());

@@ -1,5 +1,7 @@
 #include "Shared/Utils/FloatingPoint.h"
-#include "tests/Shared/Utils/FilesTesting.h"
+
+#include "Shared/Utils/platform/FloatingPoint.h"
+#include "tests/support/StoredSettings.h"
 
 #include <cfenv>
 #include <cmath>
@@ -10,7 +12,6 @@
 namespace {
 
 using namespace Nvr;
-using namespace FilesTesting;
 
 // Puts everything back, so that a test that fails does not trap in the next.
 class FloatingPointTest : public ::testing::Test {
@@ -20,43 +21,40 @@ protected:
         ResetFloatingPoint();
     }
 
-    void InitWith(const std::string& switches) {
-        m_Scratch.Write("user.conf",
-                        "[Software\\Notavera Software\\NotaveraDiagnostics\\FloatingPoint]\n" + switches);
+    void InitWith(const TestSupport::StoredSettings::Values& switches) {
+        TestSupport::StoredSettings store;
+        store.Store("Software\\Notavera Software\\NotaveraDiagnostics\\FloatingPoint", switches);
         InitFloatingPoint();
     }
-
-    Scratch m_Scratch;
-    Environment m_Store{"NOTAVERA_SETTINGS", m_Scratch.Path()};
 };
 
 TEST_F(FloatingPointTest, SwitchesClearTheirBits) {
     const struct {
-        const char* Switches;
+        TestSupport::StoredSettings::Values Switches;
         std::uint32_t Expected;
     } rows[] = {
-        {"", 0x8001F},
-        {"Win32Inexact = 1", 0x8001E},
-        {"Win32Underflow = True", 0x8001D},
-        {"Win32Overflow = true", 0x8001B},
-        {"Win32ZeroDivide = 1", 0x80017},
-        {"Win32InvalidOperation = 1", 0x8000F},
-        {"Win32Denormal = 1", 0x0001F},
-        {"Win32ZeroDivide = False\nWin32Overflow = 0", 0x8001F},
+        {{}, 0x8001F},
+        {{{"Win32Inexact", "1"}}, 0x8001E},
+        {{{"Win32Underflow", "True"}}, 0x8001D},
+        {{{"Win32Overflow", "true"}}, 0x8001B},
+        {{{"Win32ZeroDivide", "1"}}, 0x80017},
+        {{{"Win32InvalidOperation", "1"}}, 0x8000F},
+        {{{"Win32Denormal", "1"}}, 0x0001F},
+        {{{"Win32ZeroDivide", "False"}, {"Win32Overflow", "0"}}, 0x8001F},
     };
     for (const auto& row : rows) {
         InitWith(row.Switches);
         const std::uint32_t loaded = GetFloatingPointMask();
         SetFloatingPointMask(kAllFloatingPointExceptions);
-        EXPECT_EQ(FloatingPointMask, row.Expected) << row.Switches;
-        EXPECT_EQ(loaded, row.Expected) << row.Switches;
+        EXPECT_EQ(FloatingPointMask, row.Expected);
+        EXPECT_EQ(loaded, row.Expected) << std::hex << row.Expected;
     }
 }
 
 TEST_F(FloatingPointTest, ResetUndoesWhatOthersDid) {
     ResetFloatingPoint();
     std::fesetround(FE_UPWARD);
-    feenableexcept(FE_DIVBYZERO);
+    Platform::SetFloatingPointUnitMask(0x80017);
     EXPECT_EQ(GetFloatingPointMask(), 0x80017U) << "the processor's mask, whoever set it";
     ResetFloatingPoint();
     EXPECT_EQ(GetFloatingPointMask(), 0x8001FU);

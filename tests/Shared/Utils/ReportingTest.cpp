@@ -1,8 +1,8 @@
 #include "Shared/Utils/Reporting.h"
 
 #include "Shared/Utils/tree/TreeNodeExceptions.h"
-#include "tests/Shared/Utils/FilesTesting.h"
 #include "tests/Shared/Utils/RecordingSink.h"
+#include "tests/support/StoredSettings.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -69,18 +69,18 @@ TEST(Reporting, KeepsTheLocation) {
 }
 
 TEST(Reporting, ReadsItsSwitchesOnce) {
-    const FilesTesting::Scratch scratch;
-    const FilesTesting::Environment store("NOTAVERA_SETTINGS", scratch.Path());
-    const std::string group = "[Software\\Notavera Software\\NotaveraDiagnostics\\Miscellaneous]\n";
+    const std::string group = "Software\\Notavera Software\\NotaveraDiagnostics\\Miscellaneous";
     RecordingSink sink;
-    Nvr::ForgetReportSwitches();
-    Nvr::ReportError("first");
-    scratch.Write("user.conf", group + "DumpErrorCalls = True\n");
-    Nvr::ReportError("second");
-    EXPECT_EQ(sink.Messages, (Messages{"first", "second"}));
-    Nvr::ForgetReportSwitches();
-    Nvr::ReportError("third");
-    EXPECT_GT(sink.Messages.size(), 3U) << "the call stack follows";
-    scratch.Write("user.conf", "");
+    {
+        TestSupport::StoredSettings store;
+        Nvr::ForgetReportSwitches();
+        Nvr::ReportError("first");
+        store.Store(group, {{"DumpErrorCalls", "True"}});
+        Nvr::ReportError("second");
+        EXPECT_EQ(sink.Messages, (Messages{"first", "second"}));
+        Nvr::ForgetReportSwitches();
+        Nvr::ReportError("third");
+        EXPECT_GT(sink.Messages.size(), 3U) << "the call stack follows";
+    }
     Nvr::ForgetReportSwitches();
 }

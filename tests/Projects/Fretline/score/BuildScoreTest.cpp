@@ -47,7 +47,7 @@ void FillTemplate(TreeNode& root) {
 class Conversion {
 public:
     explicit Conversion(const std::string& text, int rhythmLevel = kRhythmsNever)
-        : m_OptionsPath(m_Folder.Path() / "none"), m_OptionsText(m_OptionsPath.c_str()),
+        : m_OptionsPath(m_Folder.Path() / "none"), m_OptionsText(m_OptionsPath.string()),
           m_Options(m_OptionsText) {
         m_Options.SetRhythmLevel(rhythmLevel);
         File = std::make_unique<TabFile>(m_Folder.Write("a.tab", text).c_str(), &m_Options, &Output);

@@ -31,9 +31,9 @@ TEST(FretlineOptions, LoadTheLevelOrTheDefault) {
         const String path(folder.Write("options.txt", row.Bytes).c_str());
         EXPECT_EQ(FretlineOptions(path).GetRhythmLevel(), row.Level) << row.Why;
     }
-    const String missing((folder.Path() / "missing.txt").c_str());
+    const String missing((folder.Path() / "missing.txt").string());
     EXPECT_EQ(FretlineOptions(missing).GetRhythmLevel(), 1) << "no file";
-    const String aFolder(folder.Path().c_str());
+    const String aFolder(folder.Path().string());
     EXPECT_EQ(FretlineOptions(aFolder).GetRhythmLevel(), 1) << "a folder is no file";
 }
 
@@ -58,7 +58,7 @@ TEST(FretlineOptions, SaveKeepsWhatItDoesNotKnow) {
 
 TEST(FretlineOptions, SaveMakesANewFileInTheTextForm) {
     const TestSupport::ScratchFolder folder;
-    const String path(FretlineOptions::PathIn(folder.Path().c_str()));
+    const String path(FretlineOptions::PathIn(String(folder.Path().string())));
     FretlineOptions(path).Save();
     std::ifstream file(path.CStr(), std::ios::binary);
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "\r\n{\r\n\tRhythmLevel \"1\"\r\n}\r\n");
@@ -66,7 +66,7 @@ TEST(FretlineOptions, SaveMakesANewFileInTheTextForm) {
 
 TEST(FretlineOptions, SaveWithoutAPlaceToWriteLeavesTheObjectAsItIs) {
     const TestSupport::ScratchFolder folder;
-    const String path((folder.Path() / "no such folder" / "new.txt").c_str());
+    const String path((folder.Path() / "no such folder" / "new.txt").string());
     FretlineOptions options(path);
     options.SetRhythmLevel(2);
     options.Save();

@@ -1,15 +1,15 @@
 // The built library, as a host gets it.
 
+#include "Shared/Utils/Dynalink.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/ScratchTempFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <iterator>
 #include <sstream>
 
 namespace {
@@ -48,36 +48,18 @@ TEST(Library, ExportsTheNamesOfTheListAndNothingElse) {
     EXPECT_EQ(SortedWords(exported), SortedWords(listed)) << table;
 }
 
-TEST(Library, IsStartedByAHostWithAllSixFunctionsOnlyHoweverItIsLoaded) {
-    const std::string nothing = ": messages 0, chosen 0\n";
-    const std::string ended = "term: 1 1\nended" + nothing;
-    const std::string complete =
-        "before" + nothing + "init: 1, 3 file types, 8\nstarted: messages 1, chosen 2029\n" + ended;
-    const std::string lacking = "before" + nothing + "init: 0, 3 file types, 8\nstarted" + nothing + ended;
-    std::vector<std::pair<std::string, bool>> hosts = {{"", true}, {"_linked", true}};
-    for (const std::string function :
-         {"LOADTEMPFILE", "RESULTSDIALOGMESSAGE", "UPDATEPROGRESSDIALOG", "DESTROYPROGRESSDIALOG",
-          "CREATEPROGRESSDIALOG_2", "CHOOSETRANSPOSINGINSTRUMENTS"})
-        hosts.emplace_back("_without_NVR_" + function, false);
-    for (const std::string function : {"RESULTSDIALOGMESSAGE", "CHOOSETRANSPOSINGINSTRUMENTS"})
-        hosts.emplace_back("_linked_without_NVR_" + function, false);
-    // Each is a build of hosts/MinimalHost.c, which tells of its start.
-    for (const auto& [host, isComplete] : hosts)
-        for (const char* const mode : {"local", "global"})
-            EXPECT_EQ(OutputOf("'" FRETLINE_HOSTS_FOLDER "/minimal_host" + host +
-                               "' '" FRETLINE_LIBRARY "' " + mode + " 2>&1"),
-                      isComplete ? complete : lacking)
-                << host << " " << mode;
-}
-
 TEST(Library, ConvertsAFileForThisProgramAndCanBeUnloaded) {
     const TestSupport::ScratchFolder folder;
     const TestSupport::ScratchTempFolder temp;
     const std::string dashes = "|--------------|\n";
     const std::string tab =
         folder.Write("a.tab", dashes + dashes + dashes + dashes + dashes + "|--0--2--------|\n");
+    void* function = nullptr;
     {
-        TestSupport::RecordingHost host(FRETLINE_LIBRARY, folder.Path());
+        const Nvr::Dynalink library{Nvr::String(FRETLINE_LIBRARY)};
+        function = library.GetFunction("NVR_INIT");
+        ASSERT_NE(function, nullptr);
+        TestSupport::RecordingHost host(FRETLINE_LIBRARY, folder.Path().string());
         ASSERT_TRUE(host.IsReady());
         EXPECT_EQ(host.Open(tab), 1);
         const std::vector<std::string>& calls = host.GetCalls();
@@ -89,7 +71,7 @@ TEST(Library, ConvertsAFileForThisProgramAndCanBeUnloaded) {
         EXPECT_EQ(host.Open(tab + ".txt"), 0);
     }
     EXPECT_TRUE(temp.IsEmpty());
-    EXPECT_EQ(dlopen(FRETLINE_LIBRARY, RTLD_NOW | RTLD_NOLOAD), nullptr) << "nothing keeps it loaded";
+    EXPECT_EQ(Nvr::Platform::ModuleOfAddress(function), nullptr) << "nothing keeps it loaded";
 }
 
 } // namespace
