@@ -54,6 +54,9 @@ unsigned SseWithMask(unsigned control, std::uint32_t mask) {
 
 void ResetFloatingPointUnit() {
     _fpreset();
+    // The compiler's own reset leaves the older unit with the digits of a long double; the system starts a
+    // program with those of a double.
+    _control87(_PC_53, _MCW_PC);
     if (HasSse())
         SetSseControl(kSseAtStart);
 }

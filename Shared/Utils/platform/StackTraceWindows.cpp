@@ -2,6 +2,7 @@
 
 #include "Shared/Utils/platform/Modules.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -74,14 +75,19 @@ std::string DescribeFrame(const void* address) {
 } // namespace
 
 std::vector<std::string> CaptureStackTrace() {
-    // The system takes no more in one go, this function included.
-    constexpr DWORD kDeepestTrace = 61;
-    constexpr DWORD kThisFunction = 1;
+    // The system takes no more in one go.
+    constexpr DWORD kDeepestTrace = 62;
     std::array<void*, kDeepestTrace> frames{};
-    const WORD count = CaptureStackBackTrace(kThisFunction, kDeepestTrace, frames.data(), nullptr);
+    const WORD count = CaptureStackBackTrace(0, kDeepestTrace, frames.data(), nullptr);
+    auto frame = frames.begin();
+    const auto end = frames.begin() + count;
+    // Systems differ in whether this function is the first.
+    const auto caller = std::find(frame, end, __builtin_return_address(0));
+    if (caller != end)
+        frame = caller;
     std::vector<std::string> lines;
-    for (WORD i = 0; i < count; ++i)
-        lines.push_back(DescribeFrame(frames[i]));
+    for (; frame != end; ++frame)
+        lines.push_back(DescribeFrame(*frame));
     return lines;
 }
 
