@@ -1,5 +1,6 @@
 /* A host in C with nothing but the boundary: loads the library named first, with its symbols "local" or
  * "global", starts it, and tells what became of the start and of the two functions that only pass calls on.
+ * With a folder for options and a tab behind these it opens the tab too, and counts what it is called for.
  * Built several times, each time without one of the six functions (a definition gives it another name). */
 
 #include "Shared/NotaveraAPI/NotaveraPlugin.h"
@@ -9,6 +10,8 @@
 #include <string.h>
 
 static int g_messages = 0;
+static int g_loads = 0;
+static int g_calls = 0;
 
 void NVR_LOADTEMPFILE(const char* scorePath);
 int NVR_UPDATEPROGRESSDIALOG(void* context, int percent, const char* text);
@@ -17,6 +20,8 @@ void NVR_CREATEPROGRESSDIALOG_2(void* context, const char* title, int lowest, in
 
 void NVR_LOADTEMPFILE(const char* scorePath) {
     (void)scorePath;
+    ++g_loads;
+    ++g_calls;
 }
 
 void NVR_RESULTSDIALOGMESSAGE(const char* converterName, const char* fileName, int kind, int context1,
@@ -24,16 +29,19 @@ void NVR_RESULTSDIALOGMESSAGE(const char* converterName, const char* fileName, i
     if (strcmp(converterName, "c") == 0 && fileName == NULL && kind == 1 && context1 == 2 && context2 == 3 &&
         strcmp(message, "m") == 0)
         ++g_messages;
+    ++g_calls;
 }
 
 int NVR_UPDATEPROGRESSDIALOG(void* context, int percent, const char* text) {
     (void)context;
     (void)text;
+    ++g_calls;
     return percent >= 0;
 }
 
 void NVR_DESTROYPROGRESSDIALOG(void* context) {
     (void)context;
+    ++g_calls;
 }
 
 void NVR_CREATEPROGRESSDIALOG_2(void* context, const char* title, int lowest, int highest, int last) {
@@ -42,6 +50,7 @@ void NVR_CREATEPROGRESSDIALOG_2(void* context, const char* title, int lowest, in
     (void)lowest;
     (void)highest;
     (void)last;
+    ++g_calls;
 }
 
 intptr_t NVR_CHOOSETRANSPOSINGINSTRUMENTS(intptr_t a, intptr_t b, intptr_t c, intptr_t d, intptr_t e,
@@ -52,6 +61,7 @@ intptr_t NVR_CHOOSETRANSPOSINGINSTRUMENTS(intptr_t a, intptr_t b, intptr_t c, in
 typedef struct Plugin {
     int (*Init)(const HostInitRecord*, PluginInfoRecord*);
     int (*Term)(void);
+    int (*OpenFile)(const char*);
     void (*Message)(const char*, const char*, int, int, int, const char*);
     NvrChooseTransposingInstruments Choose;
 } Plugin;
@@ -63,13 +73,20 @@ static void TellWhatIsPassedOn(const char* when, const Plugin* plugin) {
            (long)plugin->Choose(-1, 20, 30, 40, 50, 60, 70, 80));
 }
 
+static void TellWhatAnOpenCalls(const Plugin* plugin, const char* tab) {
+    g_calls = 0;
+    const int result = plugin->OpenFile(tab);
+    printf("opened: %d, calls %d, loads %d\n", result, g_calls, g_loads);
+}
+
 int main(int argc, char** argv) {
-    if (argc != 3)
+    if (argc != 3 && argc != 5)
         return 2;
     void* const library = OpenLibrary(argv[1], strcmp(argv[2], "global") == 0);
     Plugin plugin;
     if (library == NULL || !FindFunction(library, "NVR_INIT", &plugin.Init) ||
         !FindFunction(library, "NVR_TERM", &plugin.Term) ||
+        !FindFunction(library, "NVR_OPENFILE", &plugin.OpenFile) ||
         !FindFunction(library, "NVR_RESULTSDIALOGMESSAGE", &plugin.Message) ||
         !FindFunction(library, "NVR_CHOOSETRANSPOSINGINSTRUMENTS", &plugin.Choose)) {
         puts("not loaded");
@@ -79,10 +96,12 @@ int main(int argc, char** argv) {
     HostInitRecord host = {0};
     PluginInfoRecord info = {{0}, 0, NULL, 0};
     host.ResourceModule = library;
-    host.ConfigFolder = "/";
+    host.ConfigFolder = argc == 5 ? argv[3] : "/";
     const int result = plugin.Init(&host, &info);
     printf("init: %d, %d file types, %d\n", result, (int)info.FileTypeCount, (int)info.Eight);
     TellWhatIsPassedOn("started", &plugin);
+    if (argc == 5)
+        TellWhatAnOpenCalls(&plugin, argv[4]);
     const int first = plugin.Term();
     printf("term: %d %d\n", first, plugin.Term());
     TellWhatIsPassedOn("ended", &plugin);
