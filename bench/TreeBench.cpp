@@ -1,4 +1,4 @@
-#include "bench/PeakMemory.h"
+#include "bench/CostInChild.h"
 #include "bench/TemplateSizedTree.h"
 #include "bench/Timing.h"
 
@@ -118,7 +118,7 @@ void LoadAndSavePeak(benchmark::State& state) {
     const Nvr::String path((std::filesystem::temp_directory_path() / "fretline-tree-bench").string().c_str());
     while (state.KeepRunning())
         state.counters["peak_MB"] =
-            PeakMemoryOf([&] { Load(BinaryForm())->SaveToFile(path, true, true, 0); });
+            CostInChild([&] { Load(BinaryForm())->SaveToFile(path, true, true, 0); }).PeakMemory;
     std::remove(path.CStr());
 }
 

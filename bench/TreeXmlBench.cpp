@@ -1,4 +1,4 @@
-#include "bench/PeakMemory.h"
+#include "bench/CostInChild.h"
 #include "bench/TemplateSizedTree.h"
 #include "bench/Timing.h"
 
@@ -90,11 +90,11 @@ void XmlLoadAndSavePeak(benchmark::State& state) {
     static_cast<void>(Xml());
     const std::string path = (std::filesystem::temp_directory_path() / "fretline-xml-bench").string();
     while (state.KeepRunning())
-        state.counters["peak_MB"] = PeakMemoryOf([&] {
-            pugi::xml_document document;
-            document.load_buffer(Xml().data(), Xml().size());
-            document.save_file(path.c_str(), "", pugi::format_raw);
-        });
+        state.counters["peak_MB"] = CostInChild([&] {
+                                        pugi::xml_document document;
+                                        document.load_buffer(Xml().data(), Xml().size());
+                                        document.save_file(path.c_str(), "", pugi::format_raw);
+                                    }).PeakMemory;
     std::remove(path.c_str());
 }
 

@@ -1,6 +1,7 @@
-#include "bench/PeakMemory.h"
+#include "bench/CostInChild.h"
 
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
 #include <string>
 
@@ -20,33 +21,38 @@ double StatusLine(const std::string& name) {
     return -1;
 }
 
-double GrowthIn(const std::function<void()>& step) {
+Cost CostOf(const std::function<void()>& step) {
     malloc_trim(0);
     // The highest size so far is forgotten.
     std::ofstream("/proc/self/clear_refs") << "5" << std::flush;
     const double before = StatusLine("VmRSS:");
+    const std::clock_t start = std::clock();
     step();
-    return (StatusLine("VmHWM:") - before) / 1024;
+    const std::clock_t end = std::clock();
+    constexpr double kMilliseconds = 1000;
+    constexpr double kKilobytesPerMegabyte = 1024;
+    return {kMilliseconds * static_cast<double>(end - start) / CLOCKS_PER_SEC,
+            (StatusLine("VmHWM:") - before) / kKilobytesPerMegabyte};
 }
 
 } // namespace
 
-double PeakMemoryOf(const std::function<void()>& step) {
+Cost CostInChild(const std::function<void()>& step) {
     int ends[2];
     if (pipe(ends) != 0)
-        return -1;
+        return {};
     const pid_t child = fork();
     if (child == 0) {
-        const double growth = GrowthIn(step);
-        const bool isTold = write(ends[1], &growth, sizeof growth) == sizeof growth;
+        const Cost cost = CostOf(step);
+        const bool isTold = write(ends[1], &cost, sizeof cost) == sizeof cost;
         _exit(isTold ? 0 : 1);
     }
     close(ends[1]);
-    double growth = -1;
-    if (child < 0 || read(ends[0], &growth, sizeof growth) != sizeof growth)
-        growth = -1;
+    Cost cost;
+    if (child < 0 || read(ends[0], &cost, sizeof cost) != sizeof cost)
+        cost = {};
     close(ends[0]);
     if (child > 0)
         waitpid(child, nullptr, 0);
-    return growth;
+    return cost;
 }
