@@ -3,11 +3,16 @@
 // (--benchmark_filter) to read it.
 
 #include "Projects/Fretline/text/TabFile.h"
+#include "Shared/Utils/Dynalink.h"
+#include "Shared/Utils/ResId.h"
+#include "Shared/Utils/tree/TreeNode.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/TabBook.h"
 
 #include <benchmark/benchmark.h>
+
+#include <memory>
 
 #include <sys/resource.h>
 
@@ -41,6 +46,22 @@ void ConvertSmallTab(benchmark::State& state) {
     Convert(state, TestSupport::MakeTabBook(kSmallTab, {}, 1));
 }
 BENCHMARK(ConvertSmallTab)->Unit(benchmark::kMillisecond);
+
+/// What every conversion has to do, and what a small tab is measured by.
+void LoadAndSaveTemplate(benchmark::State& state) {
+    const TestSupport::ScratchFolder folder;
+    const Nvr::String path((folder.Path() / "template.nvf").string().c_str());
+    const Nvr::Dynalink self;
+    constexpr int kTemplate = 100;
+    for ([[maybe_unused]] auto _ : state) {
+        const std::unique_ptr<Nvr::TreeNodeRoot> score(
+            Nvr::ResId(self.GetModule(), kTemplate).LoadFromResource());
+        if (score == nullptr || !score->SaveToFile(path, true, true, 0))
+            state.SkipWithError("no template");
+        Nvr::ClearNodeStringTable();
+    }
+}
+BENCHMARK(LoadAndSaveTemplate)->Unit(benchmark::kMillisecond);
 
 void ConvertBook(benchmark::State& state) {
     Convert(state, TestSupport::MakeTabBook(kBook, {}, 1));

@@ -58,7 +58,7 @@ std::string LabelsOnOneLine(int size) {
 }
 
 std::string LabelsOnLines(int size) {
-    return Repeat(100 * size, "Verse %\n") + Stave(2, "-1-3-|");
+    return Repeat(1000 * size, "Verse %\n") + Stave(2, "-1-3-|");
 }
 
 std::string SignaturesOnOneLine(int size) {
@@ -89,7 +89,7 @@ constexpr HostileShape kShapes[] = {
     {"staves", "50,000 staves", Staves},
     {"a stave without barlines", "a stave of 100,000 columns", WideBar},
     {"labels on one line", "100,000 labels", LabelsOnOneLine},
-    {"labels on lines of their own", "100,000 labels", LabelsOnLines},
+    {"labels on lines of their own", "1,000,000 labels", LabelsOnLines},
     {"signatures on one line", "100,000 signatures", SignaturesOnOneLine},
     {"a signature over each stave", "100,000 signatures and staves", SignaturesOverStaves},
     {"chords", "200,000 chords", Chords},

@@ -2,8 +2,10 @@
 
 #include "Shared/NotaveraAPI/NotaveraPlugin.h"
 
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <system_error>
 
 namespace {
 
@@ -40,7 +42,10 @@ void NVR_LOADTEMPFILE(const char* scorePath) {
     if (g_host != nullptr) {
         g_host->LoadedPath = scorePath;
         std::ifstream file(scorePath, std::ios::binary);
-        g_host->LoadedBytes.assign(std::istreambuf_iterator<char>(file), {});
+        std::error_code missing;
+        const std::uintmax_t size = std::filesystem::file_size(scorePath, missing);
+        g_host->LoadedBytes.resize(missing ? 0 : static_cast<std::size_t>(size));
+        file.read(g_host->LoadedBytes.data(), static_cast<std::streamsize>(g_host->LoadedBytes.size()));
     }
     Hear("load");
 }

@@ -138,7 +138,8 @@ bool VisitTree(TreeNode* node, TreeVisitor visitor, TreeNode* parent, int depth)
         }
         if (!visitor(child, path.back().Node, depth + static_cast<int>(path.size())))
             return false;
-        path.push_back({child, Nvr::TreeNodeIterator(*child)});
+        if (child->GetChildCount() != 0)
+            path.push_back({child, Nvr::TreeNodeIterator(*child)});
     }
     return true;
 }
