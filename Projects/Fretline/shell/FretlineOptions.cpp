@@ -3,6 +3,8 @@
 #include "Shared/Utils/FileName.h"
 #include "Shared/Utils/FileStream.h"
 #include "Shared/Utils/PathText.h"
+#include "Shared/Utils/Reporting.h"
+#include "Shared/Utils/tree/TreeNodeReader.h"
 
 namespace Fretline {
 
@@ -23,12 +25,14 @@ FretlineOptions::FretlineOptions(const String& path) : m_Path(path) {
 }
 
 void FretlineOptions::Load() {
+    // As TreeNode::LoadFromFile does, with an eye on the medium.
     Nvr::InFileStream file(m_Path, Nvr::kOpenInput | Nvr::kOpenBinary);
-    m_IsUnreadable = !file.Good();
-    if (m_IsUnreadable)
-        return;
-    m_Tree.reset(Nvr::TreeNode::LoadFromStream(file));
-    m_IsUnreadable = file.Bad();
+    const bool isOpen = file.Good();
+    if (isOpen)
+        m_Tree.reset(Nvr::TreeNodeReader(file, m_Path).Read());
+    m_IsUnreadable = !isOpen || file.Bad();
+    if (m_Tree == nullptr)
+        Nvr::ReportError("Could not open configuration file " + m_Path);
 }
 
 void FretlineOptions::Save() {
