@@ -7,6 +7,7 @@
 #include "Shared/Utils/tree/TreeNode.h"
 #include "Shared/Utils/tree/TreeNodeIterator.h"
 #include "fuzz/FuzzSupport.h"
+#include "fuzz/SmallTemplate.h"
 #include "tests/support/FakeOutput.h"
 
 #include <cstdio>
@@ -17,24 +18,6 @@ namespace {
 
 using FuzzSupport::Require;
 using Nvr::TreeNode;
-
-constexpr const char* kTemplate = R"(
-NvfFileVersion "10450015"
-{
-  Music
-  {
-    BarSpacings { - { Type "BarSpacing" BarNum "0" } }
-    SystemStave { Bars { - { Type "Bar" } } }
-    StaveTypes
-    {
-      - { Type "StaveType" Id "stafftype.tab.6.guitar.standard" Category "2" ShowRhythms "false" StaveLines "6" StaveLineSeparation "48" BarlineDy "120" BarlineBottomDy "120" Pitches { "80" "90" "100" "110" "118" "128" } }
-      - { Type "StaveType" Id "stafftype.tab.6.rhythms.guitar.standard" Category "2" ShowRhythms "true" StaveLines "6" StaveLineSeparation "48" BarlineDy "120" BarlineBottomDy "120" Pitches { "80" "90" "100" "110" "118" "128" } }
-    }
-    Staves
-    Barlines
-  }
-}
-)";
 
 void CheckBar(const TreeNode& bar) {
     const TreeNode* items = bar.FindChild("Items");
@@ -89,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Fretline::FretlineOptions options(noOptions);
     options.SetRhythmLevel(data[0] % 3);
     TestSupport::FakeOutput output;
-    const std::unique_ptr<Nvr::TreeNodeRoot> score(TreeNode::LoadFromString(kTemplate));
+    const std::unique_ptr<Nvr::TreeNodeRoot> score(TreeNode::LoadFromString(FuzzSupport::kSmallTemplate));
     const std::string target = FuzzSupport::FreshPath("score");
     bool converted = false;
     try {
