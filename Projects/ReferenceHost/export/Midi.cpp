@@ -99,7 +99,8 @@ int ChannelOf(int string) {
 
 std::string NoteTrack(const ScoreModel& score, int end) {
     std::vector<TimedBytes> events{{0, 0, Meta(kTrackName, score.InstrumentName)}};
-    for (int string = 0; string < static_cast<int>(score.Tuning.size()); ++string)
+    const int strings = score.CountStrings();
+    for (int string = 0; string < strings; ++string)
         events.push_back({0, 0, {Byte(kProgramChange | ChannelOf(string)), Byte(score.Program)}});
     for (const SoundingNote& note : SoundingNotes(score)) {
         const int channel = ChannelOf(note.String);

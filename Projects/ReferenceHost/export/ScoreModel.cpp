@@ -16,6 +16,9 @@ constexpr int kTiedFlag = 128;
 constexpr int kDurationExponentBits = 15;
 constexpr int kLongestDurationExponent = 14;
 constexpr int kHighestMidiNote = 127;
+/// More than any stave of a tab gives.
+constexpr int kMostStrings = 16;
+constexpr int kNoFret = -1;
 constexpr const char* kChordSymbolStyle = "text.staff.space.chordsymbol";
 
 /// What makes no sense in a score, as a sentence.
@@ -80,11 +83,12 @@ ModelNote ReadNote(const TreeNode& item, const std::vector<int>& tuning) {
     note.Midi = NumberOf(item, "Chrom2") / 2;
     note.Diat = NumberOf(item, "Diat");
     note.TiedToNext = (NumberOf(item, "Flags") & kTiedFlag) != 0;
-    if (note.String < 0 || note.String >= static_cast<int>(tuning.size()))
-        throw BadScore("a note in it lies on a string that the stave does not have");
+    if (note.String < 0 || note.String >= kMostStrings)
+        throw BadScore("a note in it lies on a string that no instrument has");
     if (note.Midi < 0 || note.Midi > kHighestMidiNote)
         throw BadScore("a note in it has an impossible pitch");
-    note.Fret = note.Midi - tuning[static_cast<std::size_t>(note.String)];
+    const auto string = static_cast<std::size_t>(note.String);
+    note.Fret = string < tuning.size() ? note.Midi - tuning[string] : kNoFret;
     return note;
 }
 
@@ -205,6 +209,15 @@ int ScoreModel::CountNotes() const {
     for (const ModelBar& bar : Bars)
         for (const ModelEvent& event : bar.Events)
             count += static_cast<int>(event.Notes.size());
+    return count;
+}
+
+int ScoreModel::CountStrings() const {
+    int count = static_cast<int>(Tuning.size());
+    for (const ModelBar& bar : Bars)
+        for (const ModelEvent& event : bar.Events)
+            for (const ModelNote& note : event.Notes)
+                count = std::max(count, note.String + 1);
     return count;
 }
 

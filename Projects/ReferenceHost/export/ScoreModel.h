@@ -13,8 +13,11 @@ constexpr int kUnitsPerWholeNote = 1024;
 constexpr int kUnitsPerCrotchet = 256;
 
 struct ModelNote {
-    /// From 0 at the lowest string.
+    /// From 0 at the lowest string. A text with staves of different heights gives notes on strings above
+    /// those of the tuning.
     int String = 0;
+    /// Negative when the string has no fret for the note: that of another stave was tuned lower, or the stave
+    /// has no such string.
     int Fret = 0;
     /// MIDI note number.
     int Midi = 0;
@@ -68,6 +71,8 @@ struct ScoreModel {
     std::vector<ModelBar> Bars;
 
     int CountNotes() const;
+    /// The strings of the tuning, and any above them on which a note lies.
+    int CountStrings() const;
     int CountChordSymbols() const;
 
     /// Reads the tree of a score that a conversion has finished. Empty when the tree is not a score with one

@@ -32,7 +32,7 @@ std::vector<int> BarStarts(const ScoreModel& score) {
 std::vector<SoundingNote> SoundingNotes(const ScoreModel& score) {
     const std::vector<int> starts = BarStarts(score);
     std::vector<SoundingNote> notes;
-    std::vector<StringState> strings(score.Tuning.size());
+    std::vector<StringState> strings(static_cast<std::size_t>(score.CountStrings()));
     for (std::size_t bar = 0; bar < score.Bars.size(); ++bar) {
         for (const ModelEvent& event : score.Bars[bar].Events) {
             const int start = starts[bar] + event.Position;

@@ -152,6 +152,16 @@ TEST_F(Program, HandsAScoreOnInOtherFormats) {
     EXPECT_EQ("PK", Read("a.mxl").substr(0, 2));
 }
 
+TEST_F(Program, ShowsNotesOfAStaveThatIsHigherThanTheFirst) {
+    const std::string line = "|-1-----3-----1---|\n";
+    std::string text;
+    for (int i = 0; i < 4 + 6; ++i)
+        text += i == 4 ? "\n" + line : line;
+    Write("mixed.tab", text);
+    EXPECT_EQ(0, Run("mixed.tab --musicxml a.musicxml --midi a.mid --svg a.svg").ExitCode);
+    EXPECT_TRUE(Has(Read("a.svg"), ">?<")) << "a stave of four lines has no fifth string";
+}
+
 TEST_F(Program, RefusesDamagedScoresAndLeavesNoHalfWrittenFile) {
     Tab("a.tab");
     ASSERT_EQ(0, Run("a.tab").ExitCode);
