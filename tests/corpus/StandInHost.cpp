@@ -6,7 +6,7 @@
 //
 //   --library PATH       another one than that of this build
 //   --config FOLDER      where the options file lies; without it, a new folder with a level 1 in it
-//   --calls              prints the result and the calls above each digest
+//   --calls              prints the result, the calls and a line on the score above each digest
 //   --music              digests the imported music alone, which does not change with the template
 //   --parent NUMBER      the window that owns the dialog
 //   --resources PATH     the module with the resources: "none", "host", or a library to load
@@ -18,6 +18,7 @@
 #include "tests/support/TabBook.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -67,12 +68,18 @@ bool ReadOptions(int count, char** words, Options& options) {
     return true;
 }
 
-/// FNV-1a with 64 bits.
-std::uint64_t Digest(const std::string& bytes) {
+/// FNV-1a with 64 bits, as hexadecimal digits.
+std::string Digest(const std::string& bytes) {
     std::uint64_t digest = 14695981039346656037U;
     for (const char byte : bytes)
         digest = (digest ^ static_cast<unsigned char>(byte)) * 1099511628211U;
-    return digest;
+    std::array<char, 17> text{};
+    std::snprintf(text.data(), text.size(), "%016llx", static_cast<unsigned long long>(digest));
+    return text.data();
+}
+
+std::string ScoreLine(const std::string& score) {
+    return score.empty() ? "no score\n" : std::to_string(score.size()) + " bytes, " + Digest(score) + "\n";
 }
 
 std::string Music(const std::string& score) {
@@ -104,10 +111,9 @@ bool OpenAll(const std::vector<std::string>& files, const std::string& config, i
         for (const std::string& call : host.GetCalls())
             outcome += call + "\n";
         if (options.PrintsCalls)
-            std::printf("%s%zu bytes\n", outcome.c_str(), host.GetScore().size());
+            std::fputs((outcome + ScoreLine(host.GetScore())).c_str(), stdout);
         outcome += options.MusicOnly ? Music(host.GetScore()) : host.GetScore();
-        std::printf("%s %d %016llx\n", NameOf(file).c_str(), level,
-                    static_cast<unsigned long long>(Digest(outcome)));
+        std::printf("%s %d %s\n", NameOf(file).c_str(), level, Digest(outcome).c_str());
         std::fflush(stdout);
     }
     return true;
