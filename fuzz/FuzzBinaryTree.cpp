@@ -1,5 +1,6 @@
 // The binary form of trees in both versions. Property: what was read, written in version 2 and read again is
-// the same tree, and the second writing gives the same bytes.
+// the same tree, and a further writing gives the same bytes. But for carriage returns, which version 2 has no
+// place for: without them strings may become equal, and the second writing shorter.
 
 #include "Shared/Utils/FileStream.h"
 #include "Shared/Utils/tree/TreeNode.h"
@@ -22,6 +23,12 @@ std::string Written(const Nvr::TreeNode& tree) {
     return bytes;
 }
 
+std::unique_ptr<Nvr::TreeNodeRoot> ReadAgain(const std::string& bytes) {
+    std::unique_ptr<Nvr::TreeNodeRoot> tree(Nvr::TreeNode::LoadFromMemory(bytes.data(), bytes.size()));
+    FuzzSupport::Require(tree != nullptr, "a written tree can be read");
+    return tree;
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -32,11 +39,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const std::unique_ptr<Nvr::TreeNodeRoot> tree(Nvr::TreeNode::LoadFromMemory(bytes.data(), bytes.size()));
     if (tree != nullptr) {
-        const std::string written = Written(*tree);
-        const std::unique_ptr<Nvr::TreeNodeRoot> again(
-            Nvr::TreeNode::LoadFromMemory(written.data(), written.size()));
-        FuzzSupport::Require(again != nullptr, "a written tree can be read");
-        FuzzSupport::Require(Written(*again) == written, "a second writing gives the same bytes");
+        const auto again = ReadAgain(Written(*tree));
+        const std::string written = Written(*again);
+        const auto onceMore = ReadAgain(written);
+        FuzzSupport::Require(onceMore->IsSameTree(*again), "a written tree reads back as the same tree");
+        FuzzSupport::Require(Written(*onceMore) == written, "a further writing gives the same bytes");
+        if (bytes.find('\r') == std::string::npos) {
+            FuzzSupport::Require(again->IsSameTree(*tree), "only carriage returns get lost");
+            FuzzSupport::Require(Written(*tree) == written, "a second writing gives the same bytes");
+        }
     }
     Nvr::ClearNodeStringTable();
     return 0;

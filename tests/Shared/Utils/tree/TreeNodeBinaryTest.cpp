@@ -79,6 +79,9 @@ TEST_F(TreeNodeBinaryTest, CarriageReturnsStayOutOfUtf16) {
     node.AddChild(new TreeNode("\r", "\r\r"));
     node.AddChild(new TreeNode("B", "B"));
     EXPECT_EQ(Outline(LoadBytes(Written(node, true, true)).get()), "A=|x\ny|(,B=|B|)");
+    // Strings that become equal that way still stand in full each, as each has its index.
+    EXPECT_EQ(Written(TreeNode("C", "C\r"), true, true),
+              Bytes("00 02 00 00000002 00'C' 00 00000002 00'C' " + kLeaf));
     // When such a string is stored all the same, it has an index.
     EXPECT_EQ(Outline(LoadBytes(Bytes("00 02 00 00000002 000D 00 00000002 00'v' 00000001"
                                       "01 00000001 01 00000000 00000000"))
