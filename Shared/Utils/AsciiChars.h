@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <string_view>
+
 /// Tests and casing of single bytes as plain ASCII, whatever the locale of the process. Bytes from 128 up are
 /// nothing and stay as they are. Characters of the system code page are the business of
 /// Shared/Utils/platform/TextServices.h.
@@ -41,6 +44,12 @@ constexpr char ToLower(char c) noexcept {
 
 constexpr char ToUpper(char c) noexcept {
     return IsLower(c) ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+/// True when `text` begins with `start`, in any case.
+constexpr bool StartsWithIgnoreCase(std::string_view text, std::string_view start) noexcept {
+    return text.size() >= start.size() && std::equal(start.begin(), start.end(), text.begin(),
+                                                     [](char a, char b) { return ToLower(a) == ToLower(b); });
 }
 
 } // namespace Nvr::Ascii

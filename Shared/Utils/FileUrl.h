@@ -3,8 +3,13 @@
 #include <string>
 #include <string_view>
 
-/// Escapes of URLs, byte for byte: "%" and two hexadecimal digits.
+/// What URLs of files are made of. Escapes go byte for byte: "%" and two hexadecimal digits.
 namespace Nvr {
+
+/// What a file's URL begins with.
+inline constexpr std::string_view kFileScheme = "file://";
+/// The name of a computer that may stand behind it and means no other.
+inline constexpr std::string_view kThisComputer = "localhost";
 
 /// Escapes every byte that the path of a URL cannot hold as it is: blanks, control characters, bytes from 128
 /// up, and those with a meaning of their own, such as "%", "#", "?" and backslash. Slashes stay.

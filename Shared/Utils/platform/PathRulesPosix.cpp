@@ -3,20 +3,9 @@
 #include "Shared/Utils/AsciiChars.h"
 #include "Shared/Utils/FileUrl.h"
 
-#include <algorithm>
-
 namespace Nvr::Platform {
 
 namespace {
-
-constexpr std::string_view kScheme = "file://";
-constexpr std::string_view kThisComputer = "localhost";
-
-bool StartsWithIgnoreCase(std::string_view text, std::string_view start) {
-    return text.size() >= start.size() &&
-           std::equal(start.begin(), start.end(), text.begin(),
-                      [](char a, char b) { return Ascii::ToLower(a) == Ascii::ToLower(b); });
-}
 
 // An escaped slash would be part of a name, and a zero would end the path: neither can be.
 bool HoldsImpossibleEscape(std::string_view url) {
@@ -59,14 +48,14 @@ bool IsTopmostFolder(std::string_view path) {
 std::string UrlOfPath(std::string_view path) {
     if (path.empty() || path.front() != '/')
         return {};
-    return std::string(kScheme) + EscapeUrlPath(path);
+    return std::string(kFileScheme) + EscapeUrlPath(path);
 }
 
 std::string PathOfUrl(std::string_view url) {
-    if (!StartsWithIgnoreCase(url, kScheme))
+    if (!Ascii::StartsWithIgnoreCase(url, kFileScheme))
         return {};
-    url.remove_prefix(kScheme.size());
-    if (StartsWithIgnoreCase(url, kThisComputer))
+    url.remove_prefix(kFileScheme.size());
+    if (Ascii::StartsWithIgnoreCase(url, kThisComputer))
         url.remove_prefix(kThisComputer.size());
     if (url.empty() || url.front() != '/' || HoldsImpossibleEscape(url))
         return {};

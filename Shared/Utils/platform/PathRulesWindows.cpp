@@ -12,15 +12,6 @@ namespace Nvr::Platform {
 
 namespace {
 
-constexpr std::string_view kScheme = "file://";
-constexpr std::string_view kThisComputer = "localhost";
-
-bool StartsWithIgnoreCase(std::string_view text, std::string_view start) {
-    return text.size() >= start.size() &&
-           std::equal(start.begin(), start.end(), text.begin(),
-                      [](char a, char b) { return Ascii::ToLower(a) == Ascii::ToLower(b); });
-}
-
 bool StartsWithDrive(std::string_view path) {
     return path.size() >= 2 && Ascii::IsAlpha(path[0]) && path[1] == ':';
 }
@@ -106,14 +97,14 @@ std::string UrlOfPath(std::string_view path) {
         native.erase(0, 2);
     else if (native.front() != '\\')
         native.insert(0, 1, '\\');
-    return std::string(kScheme) + WithForwardSlashes(native);
+    return std::string(kFileScheme) + WithForwardSlashes(native);
 }
 
 std::string PathOfUrl(std::string_view url) {
-    if (!StartsWithIgnoreCase(url, kScheme))
+    if (!Ascii::StartsWithIgnoreCase(url, kFileScheme))
         return {};
-    url.remove_prefix(kScheme.size());
-    if (StartsWithIgnoreCase(url, kThisComputer) && url.substr(kThisComputer.size()).starts_with('/'))
+    url.remove_prefix(kFileScheme.size());
+    if (Ascii::StartsWithIgnoreCase(url, kThisComputer) && url.substr(kThisComputer.size()).starts_with('/'))
         url.remove_prefix(kThisComputer.size());
     const std::string path = NativeText(url);
     if (path.empty())
