@@ -68,21 +68,15 @@ void ConvertBook(benchmark::State& state) {
 }
 BENCHMARK(ConvertBook)->Unit(benchmark::kMillisecond);
 
-void ConvertBookWithLettersAndChords(benchmark::State& state) {
+/// With a chord over each bar and rhythm lines of one kind.
+void ConvertRichBook(benchmark::State& state, int rhythmLine) {
     TabBookStyle style;
     style.HasChords = true;
-    style.RhythmLine = 1;
+    style.RhythmLine = rhythmLine;
     Convert(state, TestSupport::MakeTabBook(kBook, style, 1));
 }
-BENCHMARK(ConvertBookWithLettersAndChords)->Unit(benchmark::kMillisecond);
-
-void ConvertBookWithBeatsAndChords(benchmark::State& state) {
-    TabBookStyle style;
-    style.HasChords = true;
-    style.RhythmLine = 2;
-    Convert(state, TestSupport::MakeTabBook(kBook, style, 1));
-}
-BENCHMARK(ConvertBookWithBeatsAndChords)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ConvertRichBook, letters, 1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ConvertRichBook, beats, 2)->Unit(benchmark::kMillisecond);
 
 /// The text alone, into its grid of characters.
 void ReadText(benchmark::State& state) {
@@ -97,17 +91,6 @@ void ReadText(benchmark::State& state) {
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
 BENCHMARK(ReadText)->Unit(benchmark::kMillisecond);
-
-/// Lines from 60 up in steps of ten: the complexity that is printed says how the cost grows with the text.
-void ConvertByLines(benchmark::State& state) {
-    Convert(state, TestSupport::MakeTabBook(static_cast<int>(state.range(0)), {}, 1));
-    state.SetComplexityN(state.range(0));
-}
-BENCHMARK(ConvertByLines)
-    ->RangeMultiplier(10)
-    ->Range(kSmallTab, 60000)
-    ->Unit(benchmark::kMillisecond)
-    ->Complexity();
 
 } // namespace
 

@@ -47,7 +47,8 @@ Cost ConversionCost(const std::string& text, int runs) {
     return least;
 }
 
-/// Least squares in the double logarithm, over the sizes whose net cost is more than noise.
+/// Least squares in the double logarithm, over the sizes whose net cost is more than noise; no number where
+/// fewer than two are.
 double Exponent(const std::array<double, kSizes.size()>& net, double least) {
     double count = 0;
     double sumX = 0;
@@ -65,7 +66,7 @@ double Exponent(const std::array<double, kSizes.size()>& net, double least) {
         sumXX += x * x;
         sumXY += x * y;
     }
-    return count < 2 ? 0 : (count * sumXY - sumX * sumY) / (count * sumXX - sumX * sumX);
+    return count < 2 ? std::nan("") : (count * sumXY - sumX * sumY) / (count * sumXX - sumX * sumX);
 }
 
 void Measure(const HostileShape& shape, const Cost& empty) {

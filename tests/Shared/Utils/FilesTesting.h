@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Shared/Utils/NvrString.h"
+#include "Shared/Utils/SafeFileWriter.h"
 #include "tests/support/Environment.h"
 #include "tests/support/ScratchFolder.h"
 
@@ -50,6 +51,13 @@ inline std::string ReadAll(const std::string& path) {
 
 inline std::string Text(const Nvr::String& text) {
     return std::string(text.View());
+}
+
+/// Puts a new file with this text at the path, in the careful way.
+inline bool WriteSafely(const std::string& path, const char* text) {
+    Nvr::SafeFileWriter writer{Nvr::String(path)};
+    writer.Stream() << text;
+    return writer.Commit();
 }
 
 } // namespace FilesTesting

@@ -18,12 +18,6 @@ namespace {
 using namespace Nvr;
 using namespace FilesTesting;
 
-bool WriteSafely(const std::string& path, const char* text) {
-    SafeFileWriter writer{String(path)};
-    writer.Stream() << text;
-    return writer.Commit();
-}
-
 TEST(PathText, SplitsAndJoinsAgain) {
     const struct {
         const char* Path;

@@ -13,12 +13,6 @@ using namespace Nvr;
 using namespace FilesTesting;
 using namespace TestSupport;
 
-bool WriteSafely(const std::string& path, const char* text) {
-    SafeFileWriter writer{String(path)};
-    writer.Stream() << text;
-    return writer.Commit();
-}
-
 TEST(SafeFileWriter, NewFileGetsTheUsualRightsAndThoseOfAFormerOneStay) {
     const Scratch scratch;
     const mode_t former = umask(027);

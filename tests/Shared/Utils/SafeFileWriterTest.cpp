@@ -8,12 +8,6 @@ namespace {
 using namespace Nvr;
 using namespace FilesTesting;
 
-bool WriteSafely(const std::string& path, const char* text) {
-    SafeFileWriter writer{String(path)};
-    writer.Stream() << text;
-    return writer.Commit();
-}
-
 TEST(SafeFileWriter, NewFileTakesThePlaceAtTheEnd) {
     const Scratch scratch;
     const std::string path = scratch.Write("options.txt", "old");
