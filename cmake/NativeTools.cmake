@@ -7,8 +7,8 @@ endif()
 include(ExternalProject)
 set(native_folder ${CMAKE_BINARY_DIR}/native)
 set(native_tools
-    template_builder ${native_folder}/Projects/TemplateBuilder/template_builder
-    resource_script ${native_folder}/Projects/ResourceScript/resource_script)
+    template_builder ${native_folder}/Projects/Tools/TemplateBuilder/template_builder
+    resource_script ${native_folder}/Projects/Tools/ResourceScript/resource_script)
 
 function(import_native_tools)
     while(ARGN)

@@ -1,8 +1,8 @@
 // The reader of finished scores, and every export of what it read.
 
-#include "Projects/ReferenceHost/export/Midi.h"
-#include "Projects/ReferenceHost/export/MusicXml.h"
-#include "Projects/ReferenceHost/export/Svg.h"
+#include "Projects/Score/Midi.h"
+#include "Projects/Score/MusicXml.h"
+#include "Projects/Score/Svg.h"
 #include "Shared/Utils/tree/TreeNode.h"
 #include "fuzz/FuzzSupport.h"
 
@@ -12,10 +12,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::unique_ptr<Nvr::TreeNodeRoot> tree(Nvr::TreeNode::LoadFromMemory(data, size));
     if (tree != nullptr) {
         std::string why;
-        if (const auto score = ReferenceHost::ScoreModel::Read(*tree, why)) {
-            FuzzSupport::Require(!ReferenceHost::MusicXmlText(*score).empty(), "a score has a MusicXML form");
-            FuzzSupport::Require(!ReferenceHost::SvgText(*score, "fuzz").empty(), "a score has a picture");
-            FuzzSupport::Require(!ReferenceHost::MidiBytes(*score).empty(), "a score has a MIDI form");
+        if (const auto score = Score::ScoreModel::Read(*tree, why)) {
+            FuzzSupport::Require(!Score::MusicXmlText(*score).empty(), "a score has a MusicXML form");
+            FuzzSupport::Require(!Score::SvgText(*score, "fuzz").empty(), "a score has a picture");
+            FuzzSupport::Require(!Score::MidiBytes(*score).empty(), "a score has a MIDI form");
         } else {
             FuzzSupport::Require(!why.empty(), "a refusal has a reason");
         }

@@ -1,11 +1,14 @@
 #include "Projects/ReferenceHost/ScoreSummary.h"
 
 #include "Projects/ReferenceHost/Terminal.h"
-#include "Projects/ReferenceHost/Utf8.h"
+#include "Projects/Score/Utf8.h"
 
 namespace ReferenceHost {
 
 namespace {
+
+using Score::Numbered;
+using Score::ToUtf8;
 
 std::string Line(const char* name, const std::string& value) {
     constexpr std::size_t kNameWidth = 15;
@@ -14,7 +17,7 @@ std::string Line(const char* name, const std::string& value) {
     return "  " + Terminal::Dim(padded) + value + "\n";
 }
 
-std::string LabelLines(const ScoreModel& score) {
+std::string LabelLines(const Score::ScoreModel& score) {
     std::string text;
     const char* name = "Labels";
     for (std::size_t bar = 0; bar < score.Bars.size(); ++bar) {
@@ -28,7 +31,7 @@ std::string LabelLines(const ScoreModel& score) {
 
 } // namespace
 
-std::string SummaryText(const ScoreModel& score) {
+std::string SummaryText(const Score::ScoreModel& score) {
     return Line("Instrument",
                 ToUtf8(score.InstrumentName) + ", " + std::to_string(score.Tuning.size()) + " strings") +
            Line("Stave type", ToUtf8(score.StaveTypeName)) + Line("Bars", std::to_string(score.Bars.size())) +

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Projects/ReferenceHost/export/ScoreModel.h"
+#include "Projects/Score/ScoreModel.h"
 
 #include <string>
 
@@ -8,6 +8,6 @@ namespace ReferenceHost {
 
 /// A short look at a finished score as lines for a person, each ending in a line end: instrument, stave type,
 /// bars, notes, whether rhythms were read, chord symbols, section labels with their bars.
-std::string SummaryText(const ScoreModel& score);
+std::string SummaryText(const Score::ScoreModel& score);
 
 } // namespace ReferenceHost

@@ -1,13 +1,13 @@
+#include "Projects/Explain/Explanation.h"
+#include "Projects/Explain/WhyNot.h"
+#include "Projects/Formats/Formats.h"
 #include "Projects/ReferenceHost/CommandLine.h"
-#include "Projects/ReferenceHost/Exports.h"
 #include "Projects/ReferenceHost/Opening.h"
 #include "Projects/ReferenceHost/Plugin.h"
 #include "Projects/ReferenceHost/ScoreFile.h"
 #include "Projects/ReferenceHost/ScoreSummary.h"
 #include "Projects/ReferenceHost/StoredOptions.h"
 #include "Projects/ReferenceHost/Terminal.h"
-#include "Projects/ReferenceHost/WhyNot.h"
-#include "Projects/ReferenceHost/explain/Explanation.h"
 
 #include <iostream>
 #include <memory>
@@ -24,36 +24,55 @@ void Complain(const std::string& sentence) {
 }
 
 void ExplainTab(const CommandLine& line, const std::filesystem::path& file) {
-    const Explanation explanation =
-        Explanation::Of(std::filesystem::absolute(file), std::filesystem::absolute(line.ConfigFolder));
+    const auto explanation = Explain::Explanation::Of(std::filesystem::absolute(file),
+                                                      std::filesystem::absolute(line.ConfigFolder));
     std::cout << (line.Explain == CommandLine::Explanation::Html
-                      ? ExplanationHtml(explanation, file.filename().string())
-                      : ExplanationText(explanation, Terminal::HasColour()));
+                      ? Explain::ExplanationHtml(explanation, file.filename().string())
+                      : Explain::ExplanationText(explanation, Terminal::HasColour()));
+}
+
+/// Writes the score in one format, to where the command line wants it; empty when it went well or was not
+/// asked for.
+std::string WriteFormat(const Formats::Conversion& conversion, std::string_view name,
+                        const std::filesystem::path& file, const std::filesystem::path& wish) {
+    if (wish.empty())
+        return {};
+    const Formats::Format* format = Formats::FindFormat(name);
+    const std::filesystem::path target = TargetFor(file, wish, std::string(format->Extension).c_str());
+    if (const Formats::Format* named = Formats::FindFormatByExtension(target.extension().string()))
+        format = named;
+    std::string why;
+    const std::string bytes = format->Write(conversion, why);
+    return why.empty() ? WriteWholeFile(target, bytes) : target.string() + " cannot be made: " + why;
 }
 
 /// Shows what is in a finished score and hands it on in other formats; false when some of that failed.
 /// `place` is where the score lies.
 bool ShowScore(const CommandLine& line, const std::filesystem::path& file, const std::filesystem::path& place,
                const std::string& bytes) {
-    const std::unique_ptr<Nvr::TreeNodeRoot> tree(Nvr::TreeNode::LoadFromMemory(bytes.data(), bytes.size()));
-    std::string why = "it is damaged, or no score file";
-    const std::optional<ScoreModel> score = tree == nullptr ? std::nullopt : ScoreModel::Read(*tree, why);
-    if (!score) {
+    std::string why;
+    const std::optional<Formats::Conversion> conversion =
+        Formats::Conversion::Of(bytes, file.stem().string(), why);
+    if (!conversion) {
         Complain(file.string() + ": the score cannot be read: " + why);
         return false;
     }
     if (line.Explain != CommandLine::Explanation::None)
         ExplainTab(line, file);
     else if (line.Dump)
-        std::cout << tree->ToText().View();
+        std::cout << conversion->Tree->ToText().View();
     else
         std::cout << Terminal::Bold(file.string()) << "\n"
-                  << SummaryText(*score) << "  " << Terminal::Dim("Score          ") << place.string()
-                  << "\n";
-    const std::vector<std::string> failures = WriteExports(line, file, *score);
-    for (const std::string& failure : failures)
-        Complain(failure);
-    return failures.empty();
+                  << SummaryText(conversion->Model) << "  " << Terminal::Dim("Score          ")
+                  << place.string() << "\n";
+    bool good = true;
+    for (const auto& [name, wish] :
+         {std::pair{"musicxml", line.MusicXml}, {"mid", line.Midi}, {"svg", line.Svg}})
+        if (const std::string failure = WriteFormat(*conversion, name, file, wish); !failure.empty()) {
+            Complain(failure);
+            good = false;
+        }
+    return good;
 }
 
 bool OpenScore(const CommandLine& line, const std::filesystem::path& file) {
@@ -75,11 +94,11 @@ bool OpenTab(const CommandLine& line, const Plugin& plugin, const std::filesyste
     for (const std::string& message : result.Messages)
         std::cerr << file.string() << ": " << message << "\n";
     if (!result.Taken)
-        Complain(file.string() + ": " + WhyNotTaken(file));
+        Complain(file.string() + ": " + Explain::WhyNotTaken(file));
     else if (result.Cancelled)
         Complain(file.string() + ": cancelled, no score was kept");
     else if (!result.Score)
-        Complain(file.string() + ": " + WhyNoScore(file));
+        Complain(file.string() + ": " + Explain::WhyNoScore(file));
     if (!result.Score)
         return false;
     const std::filesystem::path target = TargetFor(file, line.Output, kScoreExtension);

@@ -7,8 +7,8 @@
 //     when tied on 128 rest
 
 #include "Projects/ReferenceHost/ScoreFile.h"
-#include "Projects/ReferenceHost/Utf8.h"
-#include "Projects/ReferenceHost/export/ScoreModel.h"
+#include "Projects/Score/ScoreModel.h"
+#include "Projects/Score/Utf8.h"
 
 #include <algorithm>
 #include <iostream>
@@ -17,6 +17,7 @@
 namespace {
 
 using namespace ReferenceHost;
+using namespace Score;
 
 void PrintEvent(const ScoreModel& score, const ModelEvent& event) {
     std::cout << event.Duration;

@@ -1,0 +1,72 @@
+#include "Projects/Explain/BarNotes.h"
+
+#include "Projects/Fretline/stave/TabBar.h"
+#include "Projects/Fretline/stave/TabChord.h"
+#include "Projects/Fretline/text/RiffLabel.h"
+#include "Projects/Fretline/text/TabTimeSignature.h"
+#include "Projects/Score/Utf8.h"
+
+namespace Explain {
+
+namespace {
+
+using Score::Numbered;
+
+using Fretline::RhythmLineKind;
+using Fretline::TabBar;
+
+std::string Timing(const TabBar& bar) {
+    const Fretline::RhythmLine& line = bar.GetRhythmLine();
+    const std::string place = Numbered(" in line ", line.m_Line + 1);
+    const std::string unused = bar.HasRhythms() ? "" : " (not used: rhythms are not to be imported)";
+    switch (line.m_Kind) {
+    case RhythmLineKind::NoteLengths:
+        return "rhythm: note-length letters" + place + unused;
+    case RhythmLineKind::BeatPositions:
+        return "rhythm: beat counts" + place + unused;
+    default:
+        return bar.HasRhythms() ? "rhythm: by the spacing of the text"
+                                : "rhythm: none, each column one quaver";
+    }
+}
+
+std::string Columns(const TabBar& bar) {
+    std::string text;
+    for (const auto& [key, column] : bar.GetColumns())
+        text += (text.empty() ? "" : ", ") + std::to_string(bar.GetStartColumn() + key + 1) + " at " +
+                std::to_string(column->m_Position) + " for " + std::to_string(column->m_Duration) +
+                (column->m_Tied ? " (tied)" : "");
+    return text.empty() ? "no column with a number: a rest" : "columns: " + text;
+}
+
+std::string Chord(const TabBar& bar, const Fretline::ChordReading& reading) {
+    std::string text = std::string("chord ") + Fretline::GetChordText(*reading.m_Chord).CStr();
+    if (reading.m_Column == nullptr)
+        return text + ": dropped, the bar has no column";
+    text += Numbered(": to column ", bar.GetStartColumn() + reading.m_Column->m_Column + 1);
+    if (!reading.m_Attached)
+        return text + ", but another chord is nearer there";
+    return reading.m_Written ? text : text + ", but another chord sounds with it";
+}
+
+} // namespace
+
+ExplainedBar DescribeBar(const TabBar& bar, int number) {
+    ExplainedBar explained;
+    explained.Heading = Numbered(Numbered("bar ", number) + ", columns ", bar.GetStartColumn() + 1) + " to " +
+                        std::to_string(bar.GetStartColumn() + bar.GetWidth()) + ", " +
+                        std::to_string(bar.GetBarLength()) + " units";
+    if (const Fretline::TabTimeSignature* time = bar.GetTimeSignature())
+        explained.Heading += Numbered(Numbered(", ", time->m_Numerator) + "/", time->m_Denominator);
+    if (const Fretline::RiffLabel* label = bar.GetLabel())
+        explained.Heading += std::string(", \"") + label->GetText().CStr() + "\"";
+    if (bar.ScoreBarCount() != 1)
+        explained.Heading += Numbered(", gives ", bar.ScoreBarCount()) + " bars of the score";
+    explained.Notes.push_back(Timing(bar));
+    explained.Notes.push_back(Columns(bar));
+    for (const Fretline::ChordReading& reading : bar.GetChordReadings())
+        explained.Notes.push_back(Chord(bar, reading));
+    return explained;
+}
+
+} // namespace Explain

@@ -1,0 +1,194 @@
+#include "Projects/Explain/Explanation.h"
+
+#include "Projects/Explain/BarNotes.h"
+#include "Projects/Explain/CollectedMessages.h"
+#include "Projects/Fretline/shell/FretlineOptions.h"
+#include "Projects/Fretline/stave/TabBar.h"
+#include "Projects/Fretline/stave/TabChord.h"
+#include "Projects/Fretline/text/TabAnalysis.h"
+#include "Projects/Fretline/text/TabFile.h"
+#include "Projects/Fretline/text/TabStave.h"
+#include "Projects/Fretline/text/TabTuning.h"
+#include "Projects/Score/Spelling.h"
+#include "Projects/Score/Utf8.h"
+#include "Shared/Utils/AsciiChars.h"
+
+#include <algorithm>
+#include <set>
+
+namespace Explain {
+
+namespace {
+
+using Score::Numbered;
+
+using Fretline::RiffLabel;
+using Fretline::TabBar;
+using Fretline::TabColumn;
+using Fretline::TabStave;
+
+/// Reads one tab and lays what it finds over the text.
+class Explainer {
+public:
+    Explainer(const std::filesystem::path& tab, const std::filesystem::path& configFolder)
+        : m_OptionsPath(Fretline::FretlineOptions::PathIn(Nvr::String(configFolder.c_str()))),
+          m_Options(m_OptionsPath), m_File(Nvr::String(tab.c_str()), &m_Options, &m_Messages),
+          m_Analysis(m_File) {}
+
+    Explanation Explain() {
+        CopyText();
+        ExplainIgnoredLines();
+        for (const auto& stave : m_Analysis.GetStaves())
+            ExplainStave(*stave);
+        ExplainLabels();
+        for (const auto& signature : m_Analysis.GetTimeSignatures())
+            Mark(signature->m_Line, signature->m_StartColumn, signature->m_EndColumn + 1,
+                 Recognised::TimeSignature);
+        return std::move(m_Explanation);
+    }
+
+private:
+    void CopyText() {
+        for (int line = 0; line < m_File.GetLineCount(); ++line) {
+            ExplainedLine explained;
+            explained.Text = m_File.GetLine(line);
+            explained.Marks.assign(explained.Text.size(), Recognised::Nothing);
+            m_Explanation.Lines.push_back(std::move(explained));
+        }
+    }
+
+    /// Columns are absolute; `end` is the first one behind the stretch.
+    void Mark(int line, int start, int end, Recognised kind) {
+        std::vector<Recognised>& marks = m_Explanation.Lines[static_cast<std::size_t>(line)].Marks;
+        for (int column = std::max(start, 0); column < std::min(end, static_cast<int>(marks.size()));
+             ++column)
+            marks[static_cast<std::size_t>(column)] = kind;
+    }
+
+    void ExplainIgnoredLines() {
+        for (const IgnoredLines& ignored : m_Messages.GetIgnoredLines()) {
+            for (int line = ignored.First; line <= ignored.Last && line < m_File.GetLineCount(); ++line)
+                Mark(line, 0, m_File.GetLineLength(line), Recognised::IgnoredLine);
+            if (ignored.First < m_File.GetLineCount())
+                m_Explanation.Lines[static_cast<std::size_t>(ignored.First)].Notes.push_back(ignored.Message);
+        }
+    }
+
+    void ExplainStave(TabStave& stave) {
+        const int last = stave.GetFirstLine() + stave.GetLineCount() - 1;
+        for (int line = stave.GetFirstLine(); line <= last; ++line) {
+            Mark(line, 0, m_File.GetLineLength(line), Recognised::StaveLine);
+            for (const Fretline::TabBarline& barline : stave.GetBarlines())
+                Mark(line, barline.m_Column, barline.GetEndColumn(), Recognised::Barline);
+        }
+        const int tuningColumn =
+            Fretline::FindTuningColumn(m_File, stave.GetFirstLine(), stave.GetLineCount());
+        for (int line = stave.GetFirstLine(); tuningColumn >= 0 && line <= last; ++line)
+            Mark(line, tuningColumn, tuningColumn + 1, Recognised::TuningLetter);
+        Explanation::Stave explained;
+        explained.LastLine = last;
+        explained.Heading = StaveHeading(stave, tuningColumn >= 0);
+        for (const auto& bar : stave.GetBars())
+            if (bar->HasDash())
+                explained.Bars.push_back(ExplainBar(*bar));
+        m_Explanation.Staves.push_back(std::move(explained));
+    }
+
+    static std::string StaveHeading(const TabStave& stave, bool hasLetters) {
+        std::string text = Numbered("stave of ", stave.GetLineCount()) + " lines, tuned";
+        for (const int pitch : stave.GetTuning()) {
+            const Score::SpelledPitch spelled = Score::SpellMidi(pitch / 2);
+            text += std::string(" ") + spelled.Step +
+                    (spelled.Alter > 0   ? "#"
+                     : spelled.Alter < 0 ? "b"
+                                         : "") +
+                    std::to_string(spelled.Octave);
+        }
+        return text + (hasLetters ? " by its letters" : " as usual (no letters)");
+    }
+
+    ExplainedBar ExplainBar(TabBar& bar) {
+        bar.ReadBar(nullptr);
+        for (const auto& [key, column] : bar.GetColumns())
+            MarkColumn(bar, *column);
+        MarkRhythmLine(bar);
+        MarkChords(bar);
+        if (bar.GetLabel() != nullptr)
+            m_TakenLabels.insert(bar.GetLabel());
+        return DescribeBar(bar, ++m_BarNumber);
+    }
+
+    void MarkColumn(const TabBar& bar, const TabColumn& column) {
+        const int start = bar.GetStartColumn() + column.m_Column + column.m_StartOffset;
+        const int end = bar.GetStartColumn() + column.m_Column + column.m_Width;
+        for (int line = bar.GetFirstLine(); line < bar.GetFirstLine() + bar.GetLineCount(); ++line) {
+            for (int place = start; place < end; ++place) {
+                const char character = m_File.GetChar(line, place);
+                if (Nvr::Ascii::IsDigit(character))
+                    Mark(line, place, place + 1, Recognised::Fret);
+                else if (character == 'x' || character == 'X')
+                    Mark(line, place, place + 1, Recognised::MutedColumn);
+            }
+        }
+    }
+
+    void MarkRhythmLine(const TabBar& bar) {
+        const int line = bar.GetRhythmLine().m_Line;
+        for (int column = bar.GetStartColumn(); line >= 0 && column < bar.GetStartColumn() + bar.GetWidth();
+             ++column)
+            if (const char character = m_File.GetChar(line, column);
+                character != 0 && !Nvr::Ascii::IsSpace(character))
+                Mark(line, column, column + 1, Recognised::RhythmSymbol);
+    }
+
+    void MarkChords(const TabBar& bar) {
+        for (const Fretline::ChordReading& reading : bar.GetChordReadings())
+            Mark(bar.GetChordLine(), reading.m_Chord->m_Start, reading.m_Chord->m_End,
+                 reading.m_Written ? Recognised::ChordSymbol : Recognised::LostChordSymbol);
+    }
+
+    void ExplainLabels() {
+        for (const auto& label : m_Analysis.GetLabels()) {
+            const bool taken = m_TakenLabels.count(label.get()) != 0;
+            Mark(label->m_Line, label->m_StartColumn, label->m_EndColumn,
+                 taken ? Recognised::Label : Recognised::LostLabel);
+        }
+    }
+
+    Nvr::String m_OptionsPath;
+    Fretline::FretlineOptions m_Options;
+    CollectedMessages m_Messages;
+    Fretline::TabFile m_File;
+    Fretline::TabAnalysis m_Analysis;
+    Explanation m_Explanation;
+    std::set<const RiffLabel*> m_TakenLabels;
+    int m_BarNumber = 0;
+};
+
+} // namespace
+
+Explanation Explanation::Of(const std::filesystem::path& tab, const std::filesystem::path& configFolder) {
+    return Explainer(tab, configFolder).Explain();
+}
+
+const RecognisedName& NameOf(Recognised kind) {
+    static constexpr RecognisedName kNames[] = {
+        {Recognised::Nothing, "not used", ' ', "0", "nothing"},
+        {Recognised::StaveLine, "stave line", '-', "2", "stave"},
+        {Recognised::Barline, "barline", '|', "1", "barline"},
+        {Recognised::TuningLetter, "tuning letter", 'T', "36", "tuning"},
+        {Recognised::Fret, "fret number", 'F', "1;32", "fret"},
+        {Recognised::MutedColumn, "time without a note", 'x', "32", "muted"},
+        {Recognised::RhythmSymbol, "rhythm line", 'R', "1;35", "rhythm"},
+        {Recognised::ChordSymbol, "chord symbol", 'C', "1;33", "chord"},
+        {Recognised::LostChordSymbol, "chord symbol that lost its place", 'c', "9;33", "lost-chord"},
+        {Recognised::Label, "section label", 'L', "1;34", "label"},
+        {Recognised::LostLabel, "label over no bar", 'l', "9;34", "lost-label"},
+        {Recognised::TimeSignature, "time signature", 'S', "1;36", "time"},
+        {Recognised::IgnoredLine, "ignored line", '!', "9;31", "ignored"},
+    };
+    return *std::find_if(std::begin(kNames), std::end(kNames),
+                         [&](const RecognisedName& row) { return row.Kind == kind; });
+}
+
+} // namespace Explain

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Explain {
+
+/// What a stretch of the text was taken for.
+enum class Recognised {
+    Nothing,
+    StaveLine,
+    Barline,
+    TuningLetter,
+    Fret,
+    /// An "x" or a digit that gives a time but no note.
+    MutedColumn,
+    RhythmSymbol,
+    ChordSymbol,
+    /// A chord symbol that another one kept out of the score.
+    LostChordSymbol,
+    Label,
+    /// A label that no bar took.
+    LostLabel,
+    TimeSignature,
+    IgnoredLine,
+};
+
+/// One line of the tab as it was typed, with what each of its characters was taken for.
+struct ExplainedLine {
+    /// In the tab's code page, tabs expanded.
+    std::string Text;
+    /// One entry a character.
+    std::vector<Recognised> Marks;
+    /// Said below the line: why it was ignored, for example.
+    std::vector<std::string> Notes;
+};
+
+/// What a bar of the text was read as, in sentences.
+struct ExplainedBar {
+    std::string Heading;
+    std::vector<std::string> Notes;
+};
+
+/// A tab with what was recognised in it. The plug-in's own reading tells it; nothing is read twice.
+struct Explanation {
+    std::vector<ExplainedLine> Lines;
+    /// The bars of each stave, said below the stave's last line.
+    struct Stave {
+        int LastLine = 0;
+        std::string Heading;
+        std::vector<ExplainedBar> Bars;
+    };
+    std::vector<Stave> Staves;
+
+    /// Reads the tab with the stored options in `configFolder`. A file that cannot be read gives no lines.
+    static Explanation Of(const std::filesystem::path& tab, const std::filesystem::path& configFolder);
+};
+
+/// The name of what was recognised, and the one letter that stands for it where there is no colour.
+struct RecognisedName {
+    Recognised Kind;
+    const char* Name;
+    char Sign;
+    /// The colour on a terminal, as the number of the terminal's own sequence.
+    const char* TerminalStyle;
+    /// The class in a page.
+    const char* HtmlClass;
+};
+const RecognisedName& NameOf(Recognised kind);
+
+/// The explanation for a terminal. Without `hasColour`, a line of signs stands below each line of the tab.
+std::string ExplanationText(const Explanation& explanation, bool hasColour);
+
+/// The explanation as one page without scripts, readable in light and dark. `title` is UTF-8.
+std::string ExplanationHtml(const Explanation& explanation, const std::string& title);
+
+} // namespace Explain

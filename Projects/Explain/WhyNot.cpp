@@ -1,0 +1,48 @@
+#include "Projects/Explain/WhyNot.h"
+
+#include "Projects/Explain/CollectedMessages.h"
+#include "Projects/Fretline/shell/TabFileTest.h"
+#include "Projects/Fretline/text/TabAnalysis.h"
+#include "Projects/Fretline/text/TabFile.h"
+
+namespace Explain {
+
+namespace {
+
+using Fretline::TabFileVerdict;
+
+bool HasReadableBars(const std::filesystem::path& file) {
+    CollectedMessages messages;
+    Fretline::TabFile text(file.c_str(), nullptr, &messages);
+    return !Fretline::TabAnalysis(text).GetReadableBars().empty();
+}
+
+} // namespace
+
+std::string WhyNotTaken(const std::filesystem::path& file) {
+    std::error_code failure;
+    if (std::filesystem::is_directory(file, failure))
+        return "is a folder, not a file";
+    switch (Fretline::ExamineTabFile(std::filesystem::absolute(file).c_str())) {
+    case TabFileVerdict::OtherExtension:
+        return "its extension is not one of tab, btab or crd";
+    case TabFileVerdict::CannotBeOpened:
+        return "cannot be opened";
+    case TabFileVerdict::Empty:
+        return "is empty";
+    case TabFileVerdict::NoLineOfHyphens:
+        return "is no tab: no line has 11 dashes or more";
+    case TabFileVerdict::NotPlainText:
+        return "is not plain text: less than 95 % of it are printable characters";
+    default:
+        return "was not taken by the plug-in";
+    }
+}
+
+std::string WhyNoScore(const std::filesystem::path& file) {
+    if (!HasReadableBars(std::filesystem::absolute(file)))
+        return "no stave was found in it (a stave has at least four lines of dashes, one below the other)";
+    return "its score could not be made: there is no music in its bars, or no room for temporary files";
+}
+
+} // namespace Explain

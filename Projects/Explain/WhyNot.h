@@ -1,0 +1,15 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace Explain {
+
+/// Says why the plug-in did not take a file, as the end of a sentence that begins with its name. Looks at the
+/// file as the plug-in does.
+std::string WhyNotTaken(const std::filesystem::path& file);
+
+/// Says the same of a file that was taken and gave no score.
+std::string WhyNoScore(const std::filesystem::path& file);
+
+} // namespace Explain

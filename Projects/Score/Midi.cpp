@@ -1,0 +1,128 @@
+#include "Projects/Score/Midi.h"
+
+#include "Projects/Score/Timeline.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <vector>
+
+namespace Score {
+
+namespace {
+
+constexpr int kDrumChannel = 9;
+constexpr int kLastChannel = 15;
+constexpr int kVelocity = 90;
+/// Microseconds of a crotchet: 120 to the minute.
+constexpr int kTempo = 500000;
+constexpr int kClocksPerCrotchet = 24;
+constexpr int kThirtySecondsPerCrotchet = 8;
+
+enum Status : int { kNoteOff = 0x80, kNoteOn = 0x90, kProgramChange = 0xC0, kMeta = 0xFF };
+enum MetaKind : int {
+    kTrackName = 0x03,
+    kMarker = 0x06,
+    kEndOfTrack = 0x2F,
+    kSetTempo = 0x51,
+    kTimeSignature = 0x58
+};
+
+/// An event at its time. Of two at the same time the one with the lower rank comes first.
+struct TimedBytes {
+    int Time;
+    int Rank;
+    std::string Bytes;
+};
+
+char Byte(int value) {
+    return static_cast<char>(static_cast<unsigned char>(value));
+}
+
+std::string BigEndian(std::uint32_t value, int bytes) {
+    std::string text;
+    for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8)
+        text += Byte(static_cast<int>((value >> shift) & 0xFF));
+    return text;
+}
+
+/// Seven bits a byte, all but the last with the top bit set.
+std::string VariableLength(std::uint32_t value) {
+    std::string text(1, Byte(static_cast<int>(value & 0x7F)));
+    for (value >>= 7; value != 0; value >>= 7)
+        text.insert(text.begin(), Byte(static_cast<int>((value & 0x7F) | 0x80)));
+    return text;
+}
+
+std::string Meta(MetaKind kind, const std::string& data) {
+    return std::string{Byte(kMeta), Byte(kind)} + VariableLength(static_cast<std::uint32_t>(data.size())) +
+           data;
+}
+
+std::string Track(std::vector<TimedBytes> events) {
+    std::stable_sort(events.begin(), events.end(), [](const TimedBytes& a, const TimedBytes& b) {
+        return a.Time != b.Time ? a.Time < b.Time : a.Rank < b.Rank;
+    });
+    std::string data;
+    int now = 0;
+    for (const TimedBytes& event : events) {
+        data += VariableLength(static_cast<std::uint32_t>(event.Time - now)) + event.Bytes;
+        now = event.Time;
+    }
+    return "MTrk" + BigEndian(static_cast<std::uint32_t>(data.size()), 4) + data;
+}
+
+std::string TimeSignatureBytes(const ModelTimeSignature& time) {
+    const int exponent = std::countr_zero(static_cast<unsigned>(time.Denominator));
+    return Meta(kTimeSignature, {Byte(std::min(time.Numerator, 255)), Byte(exponent),
+                                 Byte(kClocksPerCrotchet), Byte(kThirtySecondsPerCrotchet)});
+}
+
+std::string ConductorTrack(const ScoreModel& score, const std::vector<int>& starts) {
+    std::vector<TimedBytes> events{{0, 0, Meta(kSetTempo, BigEndian(kTempo, 3))}};
+    if (score.Bars.empty() || !score.Bars.front().TimeSignature)
+        events.push_back({0, 1, TimeSignatureBytes(score.FirstTimeSignature)});
+    for (std::size_t bar = 0; bar < score.Bars.size(); ++bar) {
+        if (score.Bars[bar].TimeSignature)
+            events.push_back({starts[bar], 1, TimeSignatureBytes(*score.Bars[bar].TimeSignature)});
+        for (const std::string& label : score.Bars[bar].Labels)
+            events.push_back({starts[bar], 2, Meta(kMarker, label)});
+    }
+    events.push_back({starts.back(), 3, Meta(kEndOfTrack, {})});
+    return Track(std::move(events));
+}
+
+/// The lowest string has the first channel.
+int ChannelOf(int string) {
+    return std::min(string < kDrumChannel ? string : string + 1, kLastChannel);
+}
+
+std::string NoteTrack(const ScoreModel& score, int end) {
+    std::vector<TimedBytes> events{{0, 0, Meta(kTrackName, score.InstrumentName)}};
+    const int strings = score.CountStrings();
+    for (int string = 0; string < strings; ++string)
+        events.push_back({0, 0, {Byte(kProgramChange | ChannelOf(string)), Byte(score.Program)}});
+    for (const SoundingNote& note : SoundingNotes(score)) {
+        const int channel = ChannelOf(note.String);
+        if (note.End <= note.Start)
+            continue;
+        events.push_back({note.Start, 2, {Byte(kNoteOn | channel), Byte(note.Midi), Byte(kVelocity)}});
+        events.push_back({note.End, 1, {Byte(kNoteOff | channel), Byte(note.Midi), Byte(0)}});
+        end = std::max(end, note.End);
+    }
+    events.push_back({end, 3, Meta(kEndOfTrack, {})});
+    return Track(std::move(events));
+}
+
+} // namespace
+
+std::string MidiBytes(const ScoreModel& score) {
+    constexpr std::uint32_t kHeaderLength = 6;
+    constexpr std::uint32_t kFormat = 1;
+    constexpr std::uint32_t kTracks = 2;
+    const std::vector<int> starts = BarStarts(score);
+    return "MThd" + BigEndian(kHeaderLength, 4) + BigEndian(kFormat, 2) + BigEndian(kTracks, 2) +
+           BigEndian(kUnitsPerCrotchet, 2) + ConductorTrack(score, starts) + NoteTrack(score, starts.back());
+}
+
+} // namespace Score

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Projects/Score/ScoreModel.h"
+
+#include <string>
+
+namespace Score {
+
+/// The bytes of a standard MIDI file (format 1) that plays the score: a track with tempo, time signatures and
+/// the section labels as markers, and a track with the notes, ties joined. Each string has a channel of its
+/// own, the drum channel left out, so that nothing done to one string could touch another. Strings beyond the
+/// fifteenth share the last channel. A crotchet has 256 ticks.
+std::string MidiBytes(const ScoreModel& score);
+
+} // namespace Score

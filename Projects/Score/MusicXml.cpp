@@ -1,0 +1,291 @@
+#include "Projects/Score/MusicXml.h"
+
+#include "Projects/Score/ChordName.h"
+#include "Projects/Score/Spelling.h"
+#include "Projects/Score/Utf8.h"
+
+#include <pugixml.hpp>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <set>
+#include <sstream>
+#include <utility>
+
+namespace Score {
+
+namespace {
+
+using pugi::xml_node;
+
+constexpr const char* kVersion = "4.0";
+constexpr const char* kPart = "P1";
+constexpr const char* kInstrument = "P1-I1";
+
+xml_node Add(xml_node parent, const char* name) {
+    return parent.append_child(name);
+}
+
+xml_node Add(xml_node parent, const char* name, const std::string& text) {
+    xml_node node = parent.append_child(name);
+    node.text().set(text.c_str());
+    return node;
+}
+
+xml_node Add(xml_node parent, const char* name, int number) {
+    return Add(parent, name, std::to_string(number));
+}
+
+void Set(xml_node node, const char* attribute, const std::string& value) {
+    node.append_attribute(attribute).set_value(value.c_str());
+}
+
+/// The written name of a power-of-two duration in score units.
+const char* NoteType(int duration) {
+    // From one score unit up: a whole note has 1024.
+    static constexpr std::array<const char*, 14> kTypes{"1024th", "512th", "256th",  "128th",   "64th",
+                                                        "32nd",   "16th",  "eighth", "quarter", "half",
+                                                        "whole",  "breve", "long",   "maxima"};
+    const int exponent = static_cast<int>(std::bit_width(static_cast<unsigned>(std::max(duration, 1)))) - 1;
+    return kTypes[static_cast<std::size_t>(std::min(exponent, static_cast<int>(kTypes.size()) - 1))];
+}
+
+/// Writes one score; keeps what goes from bar to bar.
+class Writer {
+public:
+    explicit Writer(const ScoreModel& score) : m_Score(score) {}
+
+    void Write(pugi::xml_document& document) {
+        xml_node declaration = document.append_child(pugi::node_declaration);
+        Set(declaration, "version", "1.0");
+        Set(declaration, "encoding", "UTF-8");
+        document.append_child(pugi::node_doctype)
+            .set_value("score-partwise PUBLIC \"-//Recordare//DTD MusicXML 4.0 Partwise//EN\" "
+                       "\"http://www.musicxml.org/dtds/partwise.dtd\"");
+        xml_node root = Add(document, "score-partwise");
+        Set(root, "version", kVersion);
+        Add(Add(Add(root, "identification"), "encoding"), "software", std::string("Fretline"));
+        WritePartList(root);
+        xml_node part = Add(root, "part");
+        Set(part, "id", kPart);
+        for (std::size_t bar = 0; bar < m_Score.Bars.size(); ++bar)
+            WriteBar(part, bar);
+        if (m_Score.Bars.empty())
+            WriteEmptyMeasure(part);
+    }
+
+private:
+    void WritePartList(xml_node root) const {
+        xml_node part = Add(Add(root, "part-list"), "score-part");
+        Set(part, "id", kPart);
+        Add(part, "part-name", ToUtf8(m_Score.InstrumentName));
+        Add(part, "part-abbreviation", ToUtf8(m_Score.ShortName));
+        xml_node instrument = Add(part, "score-instrument");
+        Set(instrument, "id", kInstrument);
+        Add(instrument, "instrument-name", ToUtf8(m_Score.InstrumentName));
+        xml_node midi = Add(part, "midi-instrument");
+        Set(midi, "id", kInstrument);
+        Add(midi, "midi-channel", 1);
+        // Programs count from 1 here.
+        Add(midi, "midi-program", m_Score.Program + 1);
+    }
+
+    void WriteEmptyMeasure(xml_node part) const {
+        xml_node measure = Add(part, "measure");
+        Set(measure, "number", "1");
+        WriteAttributes(measure, &m_Score.FirstTimeSignature);
+    }
+
+    void WriteBar(xml_node part, std::size_t index) {
+        const ModelBar& bar = m_Score.Bars[index];
+        xml_node measure = Add(part, "measure");
+        Set(measure, "number", std::to_string(index + 1));
+        if (index == 0)
+            WriteAttributes(measure, bar.TimeSignature ? &*bar.TimeSignature : &m_Score.FirstTimeSignature);
+        else if (bar.TimeSignature)
+            WriteTime(Add(measure, "attributes"), *bar.TimeSignature);
+        for (const std::string& label : bar.Labels) {
+            xml_node direction = Add(measure, "direction");
+            Set(direction, "placement", "above");
+            Add(Add(direction, "direction-type"), "rehearsal", ToUtf8(label));
+        }
+        WriteMusic(measure, bar);
+    }
+
+    void WriteAttributes(xml_node measure, const ModelTimeSignature* time) const {
+        xml_node attributes = Add(measure, "attributes");
+        Add(attributes, "divisions", kUnitsPerCrotchet);
+        WriteTime(attributes, *time);
+        xml_node clef = Add(attributes, "clef");
+        Add(clef, "sign", std::string("TAB"));
+        Add(clef, "line", static_cast<int>(m_Score.Tuning.size()) / 2 + 2);
+        xml_node details = Add(attributes, "staff-details");
+        Add(details, "staff-lines", static_cast<int>(m_Score.Tuning.size()));
+        for (std::size_t string = 0; string < m_Score.Tuning.size(); ++string) {
+            const SpelledPitch pitch = SpellMidi(m_Score.Tuning[string]);
+            xml_node tuning = Add(details, "staff-tuning");
+            Set(tuning, "line", std::to_string(string + 1));
+            Add(tuning, "tuning-step", std::string(1, pitch.Step));
+            if (pitch.Alter != 0)
+                Add(tuning, "tuning-alter", pitch.Alter);
+            Add(tuning, "tuning-octave", pitch.Octave);
+        }
+    }
+
+    void WriteTime(xml_node attributes, const ModelTimeSignature& time) const {
+        xml_node node = Add(attributes, "time");
+        if (!m_Score.HasRhythms) {
+            Set(node, "print-object", "no");
+            Add(node, "senza-misura");
+            return;
+        }
+        Add(node, "beats", time.Numerator);
+        Add(node, "beat-type", time.Denominator);
+    }
+
+    void WriteMusic(xml_node measure, const ModelBar& bar) {
+        int now = 0;
+        auto chord = bar.ChordSymbols.begin();
+        for (const ModelEvent& event : bar.Events) {
+            if (event.Position > now)
+                Add(Add(measure, "forward"), "duration", event.Position - now);
+            for (; chord != bar.ChordSymbols.end() && chord->Position <= event.Position; ++chord)
+                WriteHarmony(measure, *chord);
+            WriteEvent(measure, event);
+            now = std::max(now, event.Position) + event.Duration;
+        }
+        for (; chord != bar.ChordSymbols.end(); ++chord)
+            WriteHarmony(measure, *chord);
+        if (bar.Events.empty() && bar.Length > 0)
+            WriteWholeBarRest(measure, bar.Length);
+        else if (now < bar.Length)
+            Add(Add(measure, "forward"), "duration", bar.Length - now);
+    }
+
+    void WriteWholeBarRest(xml_node measure, int length) const {
+        xml_node note = Add(measure, "note");
+        Set(Add(note, "rest"), "measure", "yes");
+        Add(note, "duration", length);
+        Add(note, "voice", 1);
+    }
+
+    void WriteEvent(xml_node measure, const ModelEvent& event) {
+        if (event.Notes.empty()) {
+            xml_node note = Add(measure, "note");
+            Add(note, "rest");
+            WriteLength(note, event.Duration);
+            m_OpenTies.clear();
+            return;
+        }
+        std::set<std::pair<int, int>> tiedFrom;
+        bool isFirst = true;
+        for (const ModelNote& note : event.Notes) {
+            const std::pair<int, int> key{note.String, note.Midi};
+            const bool isTiedFrom = m_OpenTies.count(key) != 0;
+            WriteNote(measure, event, note, isFirst, isTiedFrom);
+            if (note.TiedToNext)
+                tiedFrom.insert(key);
+            isFirst = false;
+        }
+        m_OpenTies = std::move(tiedFrom);
+    }
+
+    void WriteLength(xml_node note, int duration) const {
+        Add(note, "duration", duration);
+        Add(note, "voice", 1);
+        Add(note, "type", std::string(NoteType(duration)));
+    }
+
+    void WriteNote(xml_node measure, const ModelEvent& event, const ModelNote& model, bool isFirst,
+                   bool isTiedFrom) const {
+        xml_node note = Add(measure, "note");
+        if (!isFirst)
+            Add(note, "chord");
+        const SpelledPitch spelled = Spell(model.Midi, model.Diat);
+        xml_node pitch = Add(note, "pitch");
+        Add(pitch, "step", std::string(1, spelled.Step));
+        if (spelled.Alter != 0)
+            Add(pitch, "alter", spelled.Alter);
+        Add(pitch, "octave", spelled.Octave);
+        Add(note, "duration", event.Duration);
+        if (isTiedFrom)
+            Set(Add(note, "tie"), "type", "stop");
+        if (model.TiedToNext)
+            Set(Add(note, "tie"), "type", "start");
+        Add(note, "voice", 1);
+        Add(note, "type", std::string(NoteType(event.Duration)));
+        if (!m_Score.HasRhythms)
+            Add(note, "stem", std::string("none"));
+        WriteNotations(note, model, isTiedFrom);
+    }
+
+    void WriteNotations(xml_node note, const ModelNote& model, bool isTiedFrom) const {
+        // A stave of the text that is tuned lower than the first one may give notes that its stave type has
+        // no fret for.
+        const bool hasFret = model.Fret >= 0;
+        if (!hasFret && !isTiedFrom && !model.TiedToNext)
+            return;
+        xml_node notations = Add(note, "notations");
+        if (isTiedFrom)
+            Set(Add(notations, "tied"), "type", "stop");
+        if (model.TiedToNext)
+            Set(Add(notations, "tied"), "type", "start");
+        if (!hasFret)
+            return;
+        xml_node technical = Add(notations, "technical");
+        // Strings count from 1 at the highest.
+        Add(technical, "string", static_cast<int>(m_Score.Tuning.size()) - model.String);
+        Add(technical, "fret", model.Fret);
+    }
+
+    void WriteHarmony(xml_node measure, const ModelText& symbol) const {
+        const ChordName name = ChordName::Parse(symbol.Text);
+        xml_node harmony = Add(measure, "harmony");
+        xml_node root = Add(harmony, "root");
+        Add(root, "root-step", std::string(1, name.Root.Step));
+        if (name.Root.Alter != 0)
+            Add(root, "root-alter", name.Root.Alter);
+        xml_node kind = Add(harmony, "kind", name.Kind);
+        Set(kind, "text", ToUtf8(SuffixOf(symbol.Text, name)));
+        if (name.HasBass) {
+            xml_node bass = Add(harmony, "bass");
+            Add(bass, "bass-step", std::string(1, name.Bass.Step));
+            if (name.Bass.Alter != 0)
+                Add(bass, "bass-alter", name.Bass.Alter);
+        }
+        for (const ChordDegree& degree : name.Degrees) {
+            xml_node node = Add(harmony, "degree");
+            // The text of the kind shows it already.
+            Set(node, "print-object", "no");
+            Add(node, "degree-value", degree.Value);
+            Add(node, "degree-alter", degree.Alter);
+            Add(node, "degree-type", std::string(degree.How == ChordDegree::Change::Add ? "add" : "alter"));
+        }
+    }
+
+    /// What stands between root and bass: readers write root and bass themselves.
+    static std::string SuffixOf(const std::string& text, const ChordName& name) {
+        if (name.Kind == "none")
+            return text;
+        const std::size_t root = name.Root.Alter == 0 ? 1 : 2;
+        const std::size_t bass = name.HasBass ? (name.Bass.Alter == 0 ? 2U : 3U) : 0U;
+        return text.substr(root, text.size() - root - bass);
+    }
+
+    const ScoreModel& m_Score;
+    /// String and pitch of the notes that are tied into the next event.
+    std::set<std::pair<int, int>> m_OpenTies;
+};
+
+} // namespace
+
+std::string MusicXmlText(const ScoreModel& score) {
+    pugi::xml_document document;
+    Writer(score).Write(document);
+    std::ostringstream text;
+    document.save(text, "  ");
+    return text.str();
+}
+
+} // namespace Score

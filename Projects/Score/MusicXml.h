@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Projects/Score/ScoreModel.h"
+
+#include <string>
+
+namespace Score {
+
+/// The score as MusicXML 4.0 (partwise), UTF-8: one part with a TAB clef, the stave's lines and tuning,
+/// string and fret of each note, chord symbols as harmony, section labels as rehearsal marks. Bar lengths are
+/// those of the bar spacings, whatever the time signature says. A score without rhythms shows no metre and no
+/// stems.
+std::string MusicXmlText(const ScoreModel& score);
+
+/// The same, compressed into the bytes of an .mxl container. Empty when the container could not be made;
+/// `why` then says what went wrong.
+std::string CompressedMusicXml(const ScoreModel& score, std::string& why);
+
+} // namespace Score

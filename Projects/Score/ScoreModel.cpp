@@ -1,0 +1,240 @@
+#include "Projects/Score/ScoreModel.h"
+
+#include "Shared/Utils/tree/TreeNodeIterator.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace Score {
+
+namespace {
+
+using Nvr::TreeNode;
+
+constexpr int kTiedFlag = 128;
+/// The exponent of a duration stands in the low four bits of "Durn".
+constexpr int kDurationExponentBits = 15;
+constexpr int kLongestDurationExponent = 14;
+constexpr int kHighestMidiNote = 127;
+/// More than any stave of a tab gives.
+constexpr int kMostStrings = 16;
+constexpr int kNoFret = -1;
+constexpr const char* kChordSymbolStyle = "text.staff.space.chordsymbol";
+
+/// What makes no sense in a score, as a sentence.
+class BadScore : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+const TreeNode* Follow(const TreeNode* node, std::initializer_list<const char*> labels) {
+    for (const char* label : labels)
+        node = node == nullptr ? nullptr : node->FindChild(label);
+    return node;
+}
+
+const TreeNode& Need(const TreeNode* node, std::initializer_list<const char*> labels, const char* what) {
+    const TreeNode* found = Follow(node, labels);
+    if (found == nullptr)
+        throw BadScore(std::string("it has no ") + what);
+    return *found;
+}
+
+const TreeNode& NeedFirst(const TreeNode& list, const char* what) {
+    if (list.GetChildCount() == 0)
+        throw BadScore(std::string("it has no ") + what);
+    return *list.GetChild(0);
+}
+
+std::string TextOf(const TreeNode& node, std::initializer_list<const char*> labels) {
+    const TreeNode* found = Follow(&node, labels);
+    return found == nullptr ? std::string() : found->GetValue().CStr();
+}
+
+int NumberOf(const TreeNode& node, const char* label, int otherwise = 0) {
+    return node.GetChildValue(label, otherwise);
+}
+
+template <typename Visit>
+void ForEachChild(const TreeNode* node, Visit visit) {
+    if (node == nullptr)
+        return;
+    Nvr::TreeNodeIterator children(*node);
+    while (const TreeNode* child = children.Next())
+        visit(*child);
+}
+
+bool IsKind(const TreeNode& item, const char* kind) {
+    return item.GetChildValue("Type", Nvr::String::Empty()) == kind;
+}
+
+ModelTimeSignature ReadTimeSignature(const TreeNode& item) {
+    constexpr int kLongestUnit = 10;
+    const int unit = NumberOf(item, "LogUnitLength", -1);
+    const int top = NumberOf(item, "Top");
+    if (unit < 0 || unit > kLongestUnit || top < 1)
+        throw BadScore("a time signature in it makes no sense");
+    return {top, kUnitsPerWholeNote >> unit};
+}
+
+ModelNote ReadNote(const TreeNode& item, const std::vector<int>& tuning) {
+    ModelNote note;
+    note.String = NumberOf(item, "StringNum", -1);
+    note.Midi = NumberOf(item, "Chrom2") / 2;
+    note.Diat = NumberOf(item, "Diat");
+    note.TiedToNext = (NumberOf(item, "Flags") & kTiedFlag) != 0;
+    if (note.String < 0 || note.String >= kMostStrings)
+        throw BadScore("a note in it lies on a string that no instrument has");
+    if (note.Midi < 0 || note.Midi > kHighestMidiNote)
+        throw BadScore("a note in it has an impossible pitch");
+    const auto string = static_cast<std::size_t>(note.String);
+    note.Fret = string < tuning.size() ? note.Midi - tuning[string] : kNoFret;
+    return note;
+}
+
+ModelEvent ReadEvent(const TreeNode& item, const std::vector<int>& tuning) {
+    const int exponent = NumberOf(item, "Durn") & kDurationExponentBits;
+    if (exponent > kLongestDurationExponent)
+        throw BadScore("a note in it has an impossible duration");
+    ModelEvent event;
+    event.Position = NumberOf(item, "Sr");
+    event.Duration = 1 << exponent;
+    ForEachChild(item.FindChild("Notes"), [&](const TreeNode& note) {
+        if (IsKind(note, "Note"))
+            event.Notes.push_back(ReadNote(note, tuning));
+    });
+    return event;
+}
+
+/// Reads one score, section by section.
+class Reader {
+public:
+    explicit Reader(const TreeNode& score) : m_Music(Need(&score, {"Music"}, "music")) {}
+
+    ScoreModel Read() {
+        const TreeNode& staves = Need(&m_Music, {"Staves"}, "staves");
+        const TreeNode& stave = NeedFirst(staves, "stave");
+        const TreeNode& bars = Need(&stave, {"Bars"}, "bars");
+        ReadNames(stave);
+        ReadStaveType(NeedFirst(bars, "lead-in bar"));
+        // The first bar is the lead-in, which holds no music.
+        for (int number = 1; number < bars.GetChildCount(); ++number)
+            m_Model.Bars.push_back(ReadBar(*bars.GetChild(number)));
+        ReadLengths();
+        ReadSystemBars();
+        return std::move(m_Model);
+    }
+
+private:
+    void ReadNames(const TreeNode& stave) {
+        const TreeNode& instrument = NeedFirst(Need(&m_Music, {"Instruments"}, "instruments"), "instrument");
+        m_Model.InstrumentName = TextOf(instrument, {"FullName", "Text"});
+        m_Model.ShortName = TextOf(instrument, {"ShortName", "Text"});
+        const TreeNode* midi = stave.FindChild("MIDIData");
+        m_Model.Program = midi == nullptr ? 0 : std::clamp(NumberOf(*midi, "Program"), 0, kHighestMidiNote);
+    }
+
+    void ReadStaveType(const TreeNode& leadIn) {
+        ForEachChild(leadIn.FindChild("Items"), [&](const TreeNode& item) {
+            if (IsKind(item, "StaveTypeChange"))
+                m_Model.StaveTypeId = TextOf(item, {"StaveType"});
+        });
+        ForEachChild(m_Music.FindChild("StaveTypes"), [&](const TreeNode& row) {
+            if (m_Model.Tuning.empty() && TextOf(row, {"Id"}) == m_Model.StaveTypeId)
+                ReadStaveTypeRow(row);
+        });
+        if (m_Model.Tuning.empty())
+            throw BadScore("its stave type \"" + m_Model.StaveTypeId + "\" is not in it");
+    }
+
+    void ReadStaveTypeRow(const TreeNode& row) {
+        m_Model.StaveTypeName = TextOf(row, {"Name"});
+        m_Model.HasRhythms = row.GetChildValue("ShowRhythms", false);
+        ForEachChild(row.FindChild("Pitches"),
+                     [&](const TreeNode& pitch) { m_Model.Tuning.push_back(pitch.GetValueAsInt() / 2); });
+    }
+
+    ModelBar ReadBar(const TreeNode& bar) const {
+        ModelBar model;
+        ForEachChild(bar.FindChild("Items"), [&](const TreeNode& item) {
+            if (IsKind(item, "NoteRest"))
+                model.Events.push_back(ReadEvent(item, m_Model.Tuning));
+            else if (IsKind(item, "Text") && TextOf(item, {"StyledString", "TextStyle"}) == kChordSymbolStyle)
+                model.ChordSymbols.push_back({NumberOf(item, "Sr"), TextOf(item, {"StyledString", "Text"})});
+        });
+        return model;
+    }
+
+    void ReadLengths() {
+        ForEachChild(m_Music.FindChild("BarSpacings"), [&](const TreeNode& spacing) {
+            const int number = NumberOf(spacing, "BarNum");
+            if (number < 1 || number > static_cast<int>(m_Model.Bars.size()))
+                return;
+            m_Model.Bars[static_cast<std::size_t>(number) - 1].Length =
+                NumberOf(spacing, "BarLength", kUnitsPerWholeNote);
+        });
+    }
+
+    void ReadSystemBars() {
+        int number = 0;
+        ForEachChild(Follow(&m_Music, {"SystemStave", "Bars"}), [&](const TreeNode& bar) {
+            ForEachChild(bar.FindChild("Items"), [&](const TreeNode& item) { ReadSystemItem(item, number); });
+            ++number;
+        });
+    }
+
+    void ReadSystemItem(const TreeNode& item, int number) {
+        if (number > static_cast<int>(m_Model.Bars.size()))
+            return;
+        if (number == 0) {
+            if (IsKind(item, "TimeSignature"))
+                m_Model.FirstTimeSignature = ReadTimeSignature(item);
+            return;
+        }
+        ModelBar& bar = m_Model.Bars[static_cast<std::size_t>(number) - 1];
+        if (IsKind(item, "TimeSignature"))
+            bar.TimeSignature = ReadTimeSignature(item);
+        else if (IsKind(item, "SystemTextItem"))
+            bar.Labels.push_back(TextOf(item, {"StyledString", "Text"}));
+    }
+
+    const TreeNode& m_Music;
+    ScoreModel m_Model;
+};
+
+} // namespace
+
+int ScoreModel::CountNotes() const {
+    int count = 0;
+    for (const ModelBar& bar : Bars)
+        for (const ModelEvent& event : bar.Events)
+            count += static_cast<int>(event.Notes.size());
+    return count;
+}
+
+int ScoreModel::CountStrings() const {
+    int count = static_cast<int>(Tuning.size());
+    for (const ModelBar& bar : Bars)
+        for (const ModelEvent& event : bar.Events)
+            for (const ModelNote& note : event.Notes)
+                count = std::max(count, note.String + 1);
+    return count;
+}
+
+int ScoreModel::CountChordSymbols() const {
+    int count = 0;
+    for (const ModelBar& bar : Bars)
+        count += static_cast<int>(bar.ChordSymbols.size());
+    return count;
+}
+
+std::optional<ScoreModel> ScoreModel::Read(const Nvr::TreeNode& score, std::string& why) {
+    try {
+        return Reader(score).Read();
+    } catch (const BadScore& bad) {
+        why = bad.what();
+        return std::nullopt;
+    }
+}
+
+} // namespace Score

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "Shared/Utils/tree/TreeNode.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Score {
+
+/// Score units to the whole note and to the crotchet.
+constexpr int kUnitsPerWholeNote = 1024;
+constexpr int kUnitsPerCrotchet = 256;
+
+struct ModelNote {
+    /// From 0 at the lowest string. A text with staves of different heights gives notes on strings above
+    /// those of the tuning.
+    int String = 0;
+    /// Negative when the string has no fret for the note: that of another stave was tuned lower, or the stave
+    /// has no such string.
+    int Fret = 0;
+    /// MIDI note number.
+    int Midi = 0;
+    /// Diatonic step, 7 to the octave; C of MIDI note 0 is 0.
+    int Diat = 0;
+    bool TiedToNext = false;
+};
+
+/// A note, a chord of notes, or a rest (no notes). Times in score units from the start of the bar.
+struct ModelEvent {
+    int Position = 0;
+    int Duration = 0;
+    std::vector<ModelNote> Notes;
+};
+
+struct ModelText {
+    int Position = 0;
+    std::string Text;
+};
+
+struct ModelTimeSignature {
+    int Numerator = 4;
+    int Denominator = 4;
+};
+
+struct ModelBar {
+    /// In score units: what the bar spacing says.
+    int Length = kUnitsPerWholeNote;
+    std::optional<ModelTimeSignature> TimeSignature;
+    std::vector<std::string> Labels;
+    /// In the order of the score, which is that of their positions.
+    std::vector<ModelEvent> Events;
+    std::vector<ModelText> ChordSymbols;
+};
+
+/// A finished score as the exports and the summary see it: read from the score's tree alone, once, and not
+/// changed any more. Texts are in the score's code page (Windows-1252).
+struct ScoreModel {
+    std::string InstrumentName;
+    std::string ShortName;
+    /// MIDI program, counted from 0.
+    int Program = 0;
+    std::string StaveTypeId;
+    std::string StaveTypeName;
+    /// Real durations were read; otherwise the order of the notes is all that the score tells.
+    bool HasRhythms = false;
+    /// Open strings as MIDI note numbers, lowest string first; one entry a stave line.
+    std::vector<int> Tuning;
+    /// The time signature in force before the first bar that has its own.
+    ModelTimeSignature FirstTimeSignature;
+    std::vector<ModelBar> Bars;
+
+    int CountNotes() const;
+    /// The strings of the tuning, and any above them on which a note lies.
+    int CountStrings() const;
+    int CountChordSymbols() const;
+
+    /// Reads the tree of a score that a conversion has finished. Empty when the tree is not a score with one
+    /// stave, or a value in it makes no sense (a string that the stave does not have, a duration of no power
+    /// of two); `why` then says what is wrong.
+    static std::optional<ScoreModel> Read(const Nvr::TreeNode& score, std::string& why);
+};
+
+} // namespace Score

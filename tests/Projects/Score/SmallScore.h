@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Projects/Score/ScoreModel.h"
+
+namespace TestSupport {
+
+/// Two bars for guitar in 3/4 with a label, chord symbols, a chord of two notes, a rest, and a note that is
+/// tied over the barline; the first bar is shorter than its time signature.
+inline Score::ScoreModel SmallScore() {
+    using namespace Score;
+    ScoreModel score;
+    score.InstrumentName = "Guitar";
+    score.ShortName = "Gtr.";
+    score.Program = 25;
+    score.HasRhythms = true;
+    score.Tuning = {40, 45, 50, 55, 59, 64};
+    ModelBar first;
+    first.Length = 640;
+    first.TimeSignature = ModelTimeSignature{3, 4};
+    first.Labels = {"Verse 1"};
+    first.ChordSymbols = {{0, "Am"}, {256, "C(add9)"}};
+    first.Events = {{0, 256, {{1, 3, 48, 28, false}, {4, 1, 60, 35, false}}},
+                    {256, 128, {}},
+                    {384, 256, {{0, 2, 42, 24, true}}}};
+    ModelBar second;
+    second.Length = 768;
+    second.Events = {{0, 512, {{0, 2, 42, 24, true}}}, {512, 256, {{0, 2, 42, 24, false}}}};
+    score.Bars = {first, second};
+    return score;
+}
+
+} // namespace TestSupport
