@@ -1,8 +1,6 @@
 #include "Projects/Explain/Explanation.h"
 
 #include "Projects/Explain/BarNotes.h"
-#include "Projects/Explain/CollectedMessages.h"
-#include "Projects/Fretline/shell/FretlineOptions.h"
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/stave/TabChord.h"
 #include "Projects/Fretline/text/TabAnalysis.h"
@@ -27,13 +25,12 @@ using Fretline::TabBar;
 using Fretline::TabColumn;
 using Fretline::TabStave;
 
-/// Reads one tab and lays what it finds over the text.
+/// Lays what was read over the text.
 class Explainer {
 public:
-    Explainer(const std::filesystem::path& tab, const std::filesystem::path& configFolder)
-        : m_OptionsPath(Fretline::FretlineOptions::PathIn(Nvr::String(configFolder.c_str()))),
-          m_Options(m_OptionsPath), m_File(Nvr::String(tab.c_str()), &m_Options, &m_Messages),
-          m_Analysis(m_File) {}
+    explicit Explainer(const TabText::TabReading& reading)
+        : m_Reading(reading), m_File(reading.GetFile()), m_Analysis(reading.GetAnalysis()),
+          m_NextBar(reading.GetBars().begin()) {}
 
     Explanation Explain() {
         CopyText();
@@ -66,7 +63,7 @@ private:
     }
 
     void ExplainIgnoredLines() {
-        for (const IgnoredLines& ignored : m_Messages.GetIgnoredLines()) {
+        for (const TabText::IgnoredLines& ignored : m_Reading.GetIgnoredLines()) {
             for (int line = ignored.First; line <= ignored.Last && line < m_File.GetLineCount(); ++line)
                 Mark(line, 0, m_File.GetLineLength(line), Recognised::IgnoredLine);
             if (ignored.First < m_File.GetLineCount())
@@ -74,7 +71,7 @@ private:
         }
     }
 
-    void ExplainStave(TabStave& stave) {
+    void ExplainStave(const TabStave& stave) {
         const int last = stave.GetFirstLine() + stave.GetLineCount() - 1;
         for (int line = stave.GetFirstLine(); line <= last; ++line) {
             Mark(line, 0, m_File.GetLineLength(line), Recognised::StaveLine);
@@ -88,9 +85,8 @@ private:
         Explanation::Stave explained;
         explained.LastLine = last;
         explained.Heading = StaveHeading(stave, tuningColumn >= 0);
-        for (const auto& bar : stave.GetBars())
-            if (bar->HasDash())
-                explained.Bars.push_back(ExplainBar(*bar));
+        for (; m_NextBar != m_Reading.GetBars().end() && m_NextBar->Bar->GetFirstLine() <= last; ++m_NextBar)
+            explained.Bars.push_back(ExplainBar(*m_NextBar->Bar));
         m_Explanation.Staves.push_back(std::move(explained));
     }
 
@@ -107,8 +103,7 @@ private:
         return text + (hasLetters ? " by its letters" : " as usual (no letters)");
     }
 
-    ExplainedBar ExplainBar(TabBar& bar) {
-        bar.ReadBar(nullptr);
+    ExplainedBar ExplainBar(const TabBar& bar) {
         for (const auto& [key, column] : bar.GetColumns())
             MarkColumn(bar, *column);
         MarkRhythmLine(bar);
@@ -155,11 +150,10 @@ private:
         }
     }
 
-    Nvr::String m_OptionsPath;
-    Fretline::FretlineOptions m_Options;
-    CollectedMessages m_Messages;
-    Fretline::TabFile m_File;
-    Fretline::TabAnalysis m_Analysis;
+    const TabText::TabReading& m_Reading;
+    const Fretline::TabFile& m_File;
+    const Fretline::TabAnalysis& m_Analysis;
+    std::vector<TabText::BarReading>::const_iterator m_NextBar;
     Explanation m_Explanation;
     std::set<const RiffLabel*> m_TakenLabels;
     int m_BarNumber = 0;
@@ -167,8 +161,8 @@ private:
 
 } // namespace
 
-Explanation Explanation::Of(const std::filesystem::path& tab, const std::filesystem::path& configFolder) {
-    return Explainer(tab, configFolder).Explain();
+Explanation Explanation::Of(const TabText::TabReading& reading) {
+    return Explainer(reading).Explain();
 }
 
 const RecognisedName& NameOf(Recognised kind) {

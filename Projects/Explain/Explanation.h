@@ -1,7 +1,7 @@
 #pragma once
 
-#include <filesystem>
-#include <optional>
+#include "Projects/TabText/TabReading.h"
+
 #include <string>
 #include <vector>
 
@@ -54,8 +54,8 @@ struct Explanation {
     };
     std::vector<Stave> Staves;
 
-    /// Reads the tab with the stored options in `configFolder`. A file that cannot be read gives no lines.
-    static Explanation Of(const std::filesystem::path& tab, const std::filesystem::path& configFolder);
+    /// A tab that could not be read gives no lines.
+    static Explanation Of(const TabText::TabReading& reading);
 };
 
 /// The name of what was recognised, and the one letter that stands for it where there is no colour.

@@ -1,9 +1,9 @@
 #include "Projects/Explain/WhyNot.h"
 
-#include "Projects/Explain/CollectedMessages.h"
 #include "Projects/Fretline/shell/TabFileTest.h"
 #include "Projects/Fretline/text/TabAnalysis.h"
 #include "Projects/Fretline/text/TabFile.h"
+#include "Projects/TabText/ReadingMessages.h"
 
 namespace Explain {
 
@@ -12,7 +12,7 @@ namespace {
 using Fretline::TabFileVerdict;
 
 bool HasReadableBars(const std::filesystem::path& file) {
-    CollectedMessages messages;
+    TabText::ReadingMessages messages;
     Fretline::TabFile text(file.c_str(), nullptr, &messages);
     return !Fretline::TabAnalysis(text).GetReadableBars().empty();
 }

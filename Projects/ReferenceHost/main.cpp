@@ -24,8 +24,9 @@ void Complain(const std::string& sentence) {
 }
 
 void ExplainTab(const CommandLine& line, const std::filesystem::path& file) {
-    const auto explanation = Explain::Explanation::Of(std::filesystem::absolute(file),
-                                                      std::filesystem::absolute(line.ConfigFolder));
+    const TabText::TabReading reading(std::filesystem::absolute(file),
+                                      std::filesystem::absolute(line.ConfigFolder));
+    const auto explanation = Explain::Explanation::Of(reading);
     std::cout << (line.Explain == CommandLine::Explanation::Html
                       ? Explain::ExplanationHtml(explanation, file.filename().string())
                       : Explain::ExplanationText(explanation, Terminal::HasColour()));

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace Explain {
+namespace TabText {
 
 /// Lines that the stave detection left out, counted from 0, and what it said of them.
 struct IgnoredLines {
@@ -15,7 +15,7 @@ struct IgnoredLines {
 };
 
 /// Listens to the analysis of one tab and keeps its messages. Never cancels.
-class CollectedMessages final : public Nvr::ConverterOutput {
+class ReadingMessages final : public Nvr::ConverterOutput {
 public:
     const std::vector<IgnoredLines>& GetIgnoredLines() const { return m_Ignored; }
 
@@ -39,4 +39,4 @@ private:
     std::vector<IgnoredLines> m_Ignored;
 };
 
-} // namespace Explain
+} // namespace TabText

@@ -1,8 +1,8 @@
-#include "Projects/Explain/CollectedMessages.h"
+#include "Projects/TabText/ReadingMessages.h"
 
 #include "Shared/Utils/AsciiChars.h"
 
-namespace Explain {
+namespace TabText {
 
 namespace {
 
@@ -25,11 +25,11 @@ std::vector<int> NumbersIn(std::string_view text) {
 
 } // namespace
 
-void CollectedMessages::Report(Nvr::ResId /*id*/, int /*kind*/, Nvr::String text, bool /*repeat*/) {
+void ReadingMessages::Report(Nvr::ResId /*id*/, int /*kind*/, Nvr::String text, bool /*repeat*/) {
     const std::vector<int> numbers = NumbersIn(text.View());
     if (!numbers.empty())
         // Messages count lines from 1.
         m_Ignored.push_back({numbers.front() - 1, numbers.back() - 1, text.CStr()});
 }
 
-} // namespace Explain
+} // namespace TabText
