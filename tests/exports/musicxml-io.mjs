@@ -1,4 +1,5 @@
 // What musicxml-io understands of a MusicXML file, in the lines of ScoreLines.cpp.
+import './web-crypto.mjs';
 import { parse } from 'musicxml-io';
 import { readFileSync } from 'node:fs';
 
