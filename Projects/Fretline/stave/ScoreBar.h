@@ -36,7 +36,11 @@ struct BarItem {
     const TabChord* m_Chord = nullptr;
 };
 
-/// One bar of the score: items in time order, free of gaps up to the last of them.
+/// One bar of the score: items in time order, each beginning where the one before it ends, the first at 0.
+///
+/// One kind of bar begins with a gap: where a stave without barlines is cut into bars whose length is no
+/// multiple of a quaver but longer than one (5/16), the last item of a bar may reach over its end, and the
+/// next bar begins with the time that this item takes of it left empty.
 struct ScoreBar {
     std::vector<BarItem> m_Items;
 };

@@ -129,7 +129,6 @@ private:
     void ReadNotes(Nvr::TreeNode* lastNoteRest);
     ColumnMap::const_iterator ReadGroup(ColumnMap::const_iterator first, int& cursor);
     void ReadNotesOfColumn(const TabColumn& column, std::vector<TabNote>& notes) const;
-    void TieLastItemTo(const std::vector<TabNote>& notes);
     void EmitDuration(int position, int duration, const std::vector<TabNote>& notes, const TabChord* chord);
     void EmitIntoOneBar(int position, int duration, const std::vector<TabNote>& notes, const TabChord* chord);
     ScoreBar& ScoreBarAt(int position);

@@ -35,17 +35,6 @@ std::uint8_t DiatOf(std::uint8_t chrom2) {
     return NarrowTo8Bits(note / kSemitonesPerOctave * kStepsPerOctave + step);
 }
 
-// Strings and pitches in an order in which two lists can be compared.
-std::vector<int> SortedKeys(const std::vector<TabNote>& notes) {
-    constexpr int kPitches = 256;
-    std::vector<int> keys;
-    keys.reserve(notes.size());
-    for (const TabNote& note : notes)
-        keys.push_back(note.m_String * kPitches + note.m_Chrom2);
-    std::ranges::sort(keys);
-    return keys;
-}
-
 } // namespace
 
 TabNote::TabNote(int string, int chrom2)
@@ -63,6 +52,7 @@ void MarkTied(Nvr::TreeNode* noteRest) {
             flags->SetValue(flags->GetValueAsInt() | kNoteTied);
 }
 
+// Only a tie from the bar before has an effect: the dash that ties a letter also fills the space between two.
 void TabBar::ReadNotes(Nvr::TreeNode* lastNoteRest) {
     if (lastNoteRest != nullptr && !m_Columns.empty() && m_Columns.begin()->second->m_Tied)
         MarkTied(lastNoteRest);
@@ -78,15 +68,12 @@ void TabBar::ReadNotes(Nvr::TreeNode* lastNoteRest) {
 TabBar::ColumnMap::const_iterator TabBar::ReadGroup(ColumnMap::const_iterator first, int& cursor) {
     std::vector<TabNote> notes;
     const TabChord* chord = nullptr;
-    bool tied = false;
-    bool followsAtOnce = first != m_Columns.cbegin() && cursor == first->second->m_Position;
     const TabColumn* column = nullptr;
     auto next = first;
     do {
         column = next->second.get();
         if (chord == nullptr)
             chord = column->m_Chord;
-        tied = tied || column->m_Tied;
         if (cursor < column->m_Position)
             EmitDuration(cursor, column->m_Position - cursor, notes, nullptr);
         ReadNotesOfColumn(*column, notes);
@@ -95,8 +82,6 @@ TabBar::ColumnMap::const_iterator TabBar::ReadGroup(ColumnMap::const_iterator fi
     } while (column->m_Duration == 0 && next != m_Columns.cend());
 
     std::ranges::stable_sort(notes, {}, &TabNote::m_Diat);
-    if (tied && followsAtOnce)
-        TieLastItemTo(notes);
     EmitDuration(column->m_Position, column->m_Duration, notes, chord);
     return next;
 }
@@ -122,16 +107,6 @@ void TabBar::ReadNotesOfColumn(const TabColumn& column, std::vector<TabNote>& no
                                m_Tuning[static_cast<std::size_t>(string)] + kChrom2PerSemitone * fret);
         }
     }
-}
-
-// A tie inside the bar joins the item before to the same notes struck again in the text. Where the notes
-// differ there is nothing to join, and the mark is without effect.
-void TabBar::TieLastItemTo(const std::vector<TabNote>& notes) {
-    if (m_ScoreBars.empty() || m_ScoreBars.back()->m_Items.empty())
-        return;
-    BarItem& last = m_ScoreBars.back()->m_Items.back();
-    if (std::ranges::includes(SortedKeys(notes), SortedKeys(last.m_Notes)))
-        last.m_Tied = true;
 }
 
 void TabBar::EmitDuration(int position, int duration, const std::vector<TabNote>& notes,

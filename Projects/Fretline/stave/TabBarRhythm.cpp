@@ -49,7 +49,8 @@ bool TabBar::IsRhythmCandidate(int offset) const {
     const int line = m_FirstLine + offset;
     // Below a stave a rhythm line counts only where as many lines as the stave has follow it.
     const bool inReach = offset < 0 ? line >= 0 : line + m_LineCount < m_File.GetLineCount();
-    return inReach && !m_File.GetAnalysis()->IsStaveLine(line);
+    const TabAnalysis* analysis = m_File.GetAnalysis();
+    return inReach && (analysis == nullptr || !analysis->IsStaveLine(line));
 }
 
 void TabBar::ApplyRhythmSource() {

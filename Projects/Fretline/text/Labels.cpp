@@ -60,7 +60,12 @@ private:
 } // namespace
 
 Nvr::String RiffLabel::GetText() const {
-    return m_File->GetText(m_Line, m_StartColumn, m_EndColumn - m_StartColumn).Trim();
+    const Nvr::String whole = m_File->GetText(m_Line, m_StartColumn, m_EndColumn - m_StartColumn);
+    // A string ends at a zero byte, and the extent does not look at white space in front of that.
+    std::string_view text = whole.View();
+    while (!text.empty() && Nvr::Ascii::IsSpace(text.back()))
+        text.remove_suffix(1);
+    return Nvr::String(text);
 }
 
 bool RiffLabel::IsSamePlaceAs(const RiffLabel& other) const {

@@ -17,7 +17,8 @@ struct RiffLabel {
     /// The keyword that found it.
     Nvr::String m_Keyword;
 
-    /// The label as written, without white space at either end.
+    /// The label as written, up to a zero byte, without ASCII white space at either end. No code page is
+    /// applied.
     Nvr::String GetText() const;
     /// True for the same line and extent.
     bool IsSamePlaceAs(const RiffLabel& other) const;

@@ -61,7 +61,8 @@ public:
     }
 
     const FretlineOptions* GetOptions() const { return m_Options; }
-    /// Null until an analysis has been made of the file.
+    /// Null until an analysis has been made of the file; to a reader of bars no line is then one of a stave,
+    /// and none holds a time signature.
     TabAnalysis* GetAnalysis() const { return m_Analysis; }
     Nvr::ConverterOutput* GetOutput() const { return m_Output; }
     void SetAnalysis(TabAnalysis* analysis) { m_Analysis = analysis; }

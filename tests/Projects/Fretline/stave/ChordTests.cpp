@@ -49,6 +49,7 @@ TEST(Chords, AreParsed) {
         {"Chorus ", "C", "a capital A to G begins a chord anywhere"},
         {"AmG ", "A G", "mG is one token, and fails"},
         {"Am7G ", "Am7 G", "the root ends the chord before it"},
+        {"Cm   7 ", "Cm7", "three blanks do not end a chord"},
         {"C    m ", "C", "four do"},
         {"C m m m ", "Cmmm", "blanks are counted afresh behind each character"},
         {"C\xE9 ", "C", "a letter beyond ASCII fails like any other sign"},

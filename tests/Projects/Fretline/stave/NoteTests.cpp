@@ -72,6 +72,7 @@ TEST(Notes, TieIntoTheBarBefore) {
     } rows[] = {
         {"-H  H", "5---5--------", 128, "tied at the start"},
         {" H  H", "5---5--------", 0, "not tied"},
+        {" H -H", "5---5--------", 0, "a tie further along the bar"},
         {"-H  H", "----5--------", 0, "the tied letter has no note"},
     };
     for (const auto& row : rows) {

@@ -38,6 +38,9 @@ TEST(RhythmLines, AreToldFromOtherLines) {
         {"1 + a 2 + a", false, true, "three symbols, the last at 62 per cent"},
         {"    1   2   3", false, false, "the first stands at 25 per cent"},
         {"11        1", false, true, "adjacent at the very start, with a third"},
+        {"1         2", false, true, "nothing stands left of the first column"},
+        {"1    +    x", false, false, "three kinds, none of them twice"},
+        {"1    A    1", false, false, "a chord letter"},
         {" 11       1", false, false, "adjacent with the right one at column 2"},
         {"", false, false, "nothing"},
     };

@@ -64,6 +64,7 @@ TEST(BeatPositions, GiveTimes) {
         {"1   2   3   4", 16, 0, 0, 1024, {0, 4, 8, 12}, "0+0 256+0 512+0 768+0", "4/4 without a signature"},
         {"1   2   3", 16, 4, 4, 1024, {8, 12, 15}, "512+0 768+0 960+0", "the last lasts to the end"},
         {"1 + a 2 + a 3 + a 4 + a", 24, 4, 4, 1024, {2, 4, 6, 22}, "128+0 192+0 256+0 960+0", "by kind"},
+        {"1   +   2   +", 16, 4, 4, 1024, {4, 8}, "256+0 512+0", "as many as beats: not by kind"},
         {"1 2 3 4 5", 16, 4, 4, 1280, {2, 8}, "256+0 1024+0", "graded, but of one kind: the bar grows"},
         {"1 2", 16, 1, 16, 64, {0, 2}, "0+0 32+0", "two to a beat of a 1/16 bar"},
         {"1   2", 16, 2, 3, 1024, {4}, "512+0", "a denominator between powers of two counts as the lower"},
@@ -88,6 +89,16 @@ TEST(BeatPositions, LeaveOutTimeSignatures) {
     const BeatPositions beats(text.File(), 0, 0, 16, bar.GetTimeSignature());
     EXPECT_EQ(beats.GetLength(), 768);
     EXPECT_EQ(AnswersOf(beats, {0, 4, 8, 12}), "0+0 0+0 256+0 512+0");
+}
+
+TEST(BeatPositions, AreReadWithoutAnAnalysis) {
+    const Nvr::String noPath;
+    const FretlineOptions options(noPath);
+    TestSupport::TabText text("1   2   3   4   \n5---5---5---5---\n----------------\n\n", &options);
+    const TabStave stave(text.File, 1, 2);
+    TabBar& bar = *stave.GetBars().at(0);
+    bar.ReadBar(nullptr);
+    EXPECT_EQ(TimesOf(bar), "0+256 256+256 512+256 768+256");
 }
 
 } // namespace Fretline

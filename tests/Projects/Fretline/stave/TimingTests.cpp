@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 namespace Fretline {
 
 namespace {
@@ -56,14 +58,8 @@ TEST(Timing, FollowsARhythmLine) {
         {"Q   Q   H", "0--1------------", "----2-----------", "| 0+256 1:0, 256+256 0:2 1:1, 512+512 r",
          "two columns brought to one time are a chord"},
         {"H.      Q", "0-------1-------", empty, "| 0+512 1:0~, 512+256 1:0, 768+256 1:1", "two tied notes"},
-        {"Q  -Q   H", "5---5---5-------", empty, "| 0+256 1:5~, 256+256 1:5, 512+512 1:5",
-         "a tie inside the bar joins equal notes"},
-        {"Q  -Q   H", "5---5---5-------", "----3-----------", "| 0+256 1:5~, 256+256 0:3 1:5, 512+512 1:5",
-         "a note may come in while the others go on"},
-        {"Q  -Q   H", "5---5---5-------", "3---------------", "| 0+256 0:3 1:5, 256+256 1:5, 512+512 1:5",
-         "but none of the tied ones may stop"},
-        {"Q   Q  -H", "5-------5-------", empty, "| 0+256 1:5, 256+256 r, 512+512 1:5",
-         "nor may a rest lie between"},
+        {"Q---Q---H-------", "5---5---5-------", empty, "| 0+256 1:5, 256+256 1:5, 512+512 1:5",
+         "a line drawn with dashes ties nothing inside the bar"},
         {"H" + std::string(63, ' '), "0" + std::string(62, '-') + "1", std::string(64, '-'), "| 0+512 1:0 |",
          "rounded to the end of the bar"},
         {"H Q X S", "0-1-2-----------", empty, "| 0+512 1:0, 512+256 1:1, 768+16 1:2, 784+64 r",
@@ -126,13 +122,26 @@ TEST(Timing, CutsAStaveWithoutBarlinesIntoBars) {
     }
 }
 
-TEST(Timing, LetsQuaversGoOnOverBarlinesOfShorterBars) {
-    BarText text({"0-1-2---", "--------"}, kRhythmsAlways);
-    TabBar& bar = text.BarAt(0, 2);
-    bar.SetBarLength(64);
-    bar.ReadBar(nullptr);
-    EXPECT_EQ(TimesOf(bar), "0+128 128+128 256+64");
-    EXPECT_EQ(ItemsOf(bar), "| 0+64 1:0~ | 0+64 1:0 | 0+64 1:1~ | 0+64 1:1 | 0+64 1:2");
+TEST(Timing, OfQuaversInBarsOfOtherLengths) {
+    const struct {
+        const char* Notes;
+        int BarLength;
+        const char *Times, *Items, *Why;
+    } rows[] = {
+        {"0-1-2---", 64, "0+128 128+128 256+64", "| 0+64 1:0~ | 0+64 1:0 | 0+64 1:1~ | 0+64 1:1 | 0+64 1:2",
+         "they go on over the barlines of shorter bars"},
+        {"0-1-2-3-4-5-", 320, "0+128 128+128 256+128 384+128 512+128 640+320",
+         "| 0+128 1:0, 128+128 1:1, 256+128 1:2 | 64+128 1:3, 192+128 1:4 | 0+256 1:5~, 256+64 1:5",
+         "one that reaches over a barline leaves its time empty in the next bar"},
+    };
+    for (const auto& row : rows) {
+        BarText text({row.Notes, std::string(std::strlen(row.Notes), '-')}, kRhythmsAlways);
+        TabBar& bar = text.BarAt(0, 2);
+        bar.SetBarLength(row.BarLength);
+        bar.ReadBar(nullptr);
+        EXPECT_EQ(TimesOf(bar), row.Times) << row.Why;
+        EXPECT_EQ(ItemsOf(bar), row.Items) << row.Why;
+    }
 }
 
 TEST(Timing, FollowsTheRhythmLevel) {

@@ -56,6 +56,8 @@ TEST(Labels, AreFoundByTheirKeywords) {
          "places that overlap are different places"},
         {"rriff", "", "the search does not see it"},
         {"\xE9riff\xE9", "riff:0-6[\xE9riff\xE9]", "bytes beyond ASCII are no letters"},
+        {"\xA0 riff \xC3\xA0", "riff:0-9[\xA0 riff \xC3\xA0]", "nor white space in any code page"},
+        {"a \0 riff"sv, "riff:0-8[a]", "the text ends at a zero byte, and before blanks in front of it"},
     };
     for (const auto& row : cases) {
         const TabText text(row.Line);
