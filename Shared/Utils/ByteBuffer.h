@@ -43,7 +43,7 @@ public:
     /// At most `count` bytes of `other` from `offset` on. How many were taken: 0 when `offset` is at or past
     /// the other's size, or negative.
     int AppendFrom(const ByteBuffer& other, int offset, int count);
-    /// All that the stream holds, from its start; from its present position when it has no positions. A
+    /// All that the stream holds, from its start; from its present position when it cannot seek. A
     /// stream that fails on the way gives what it gave before, and says so itself.
     void AppendStream(InStream& stream);
     /// `count` bytes from the stream's present position, in blocks, so that a wrong count costs no more than

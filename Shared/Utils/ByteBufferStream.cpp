@@ -13,9 +13,11 @@ namespace {
 
 constexpr int kBlockSize = 4096;
 
-// The bytes of the whole stream, which is left at its start; -1 when it has no positions.
+// The bytes of the whole stream, which is left at its start; -1 when it cannot seek, and it stays where it
+// is.
 std::streamoff MeasureAndRewind(InStream& stream) {
-    const std::streamoff size = stream.Seek(0, SeekDirection::End).Tell();
+    stream.Seek(0, SeekDirection::End);
+    const std::streamoff size = stream.Good() ? stream.Tell() : -1;
     if (size < 0)
         stream.Clear();
     else

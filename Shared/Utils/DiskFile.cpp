@@ -72,13 +72,11 @@ String DiskFile::GetModificationDate() const {
 
 bool DiskFile::ChangeExtension(const String& extension, bool renameOnDisk, bool keepOldExtension) {
     const String name = NameWithExtension(keepOldExtension ? GetFileName(true) : GetBaseName(), extension);
-    // The name is this file's own, so a character that a new child would lose can stay.
-    const String url = UrlInFolder(GetParent().GetUrl(), EscapeUrlPath(name.View()));
-    const DiskFile renamed = FromUrl(url);
+    const DiskFile renamed(GetParent(), name);
     bool moved = true;
     if (renameOnDisk && renamed != *this && Exists())
         moved = Platform::CopyFileContents(NativePath(), renamed.NativePath()) && Delete(false);
-    SetUrl(url);
+    *this = renamed;
     return moved;
 }
 

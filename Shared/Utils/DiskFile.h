@@ -40,9 +40,10 @@ public:
 
     /// Gives the object another name in the same folder: its base name, or with `keepOldExtension` its whole
     /// name, then a dot and `extension`; an empty extension takes no dot. With `renameOnDisk` a file that
-    /// exists is moved to that name too. The object takes the new name in any case, and an empty url when the
-    /// new one would be too long. False when the file was to be moved and could not be: it is then
-    /// still where it was.
+    /// exists is moved to that name too. The new name is that of a child: nothing in the old name or in
+    /// `extension` leads out of the folder. The object takes the new name in any case, and an empty url when
+    /// the new one would be too long. False when the file was to be moved and could not be: it is then still
+    /// where it was.
     bool ChangeExtension(const String& extension, bool renameOnDisk, bool keepOldExtension);
 
     /// Removes the file without asking anything, or with `allowUndo` moves it to the user's recycle place.

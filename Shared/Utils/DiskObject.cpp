@@ -16,6 +16,16 @@ String UrlIfShortEnough(const std::string& url) {
     return url.size() <= DiskObject::kLongestUrl ? String(url) : String();
 }
 
+// Empty when there is no folder, no such name, or the url would be too long.
+String UrlInFolder(const String& folderUrl, std::string_view escapedName) {
+    if (folderUrl.IsEmpty() || escapedName.empty() || escapedName == "." || escapedName == "..")
+        return {};
+    std::string url(folderUrl.View());
+    if (url.back() != '/')
+        url += '/';
+    return UrlIfShortEnough(url.append(escapedName));
+}
+
 std::string WithoutSeparators(std::string_view name) {
     std::string result(name);
     std::replace_if(
@@ -33,15 +43,6 @@ DiskObject::DiskObject(const String& path) : m_Url(UrlIfShortEnough(Platform::Ur
 
 DiskObject::DiskObject(const DiskFolder& folder, const String& name)
     : m_Url(UrlInFolder(folder.GetUrl(), EscapeUrlPath(WithoutSeparators(name.View())))) {}
-
-String DiskObject::UrlInFolder(const String& folderUrl, std::string_view escapedName) {
-    if (folderUrl.IsEmpty() || escapedName.empty() || escapedName == "." || escapedName == "..")
-        return {};
-    std::string url(folderUrl.View());
-    if (url.back() != '/')
-        url += '/';
-    return UrlIfShortEnough(url.append(escapedName));
-}
 
 std::string DiskObject::NativePath() const {
     return Platform::PathOfUrl(m_Url.View());

@@ -61,9 +61,6 @@ protected:
     std::string NativePath() const;
     /// What stands behind the last slash, one at the very end not counted.
     std::string_view LastPart() const;
-    /// The url of `escapedName` in the folder at `folderUrl`; empty when there is no folder, no such name, or
-    /// the url would be too long.
-    static String UrlInFolder(const String& folderUrl, std::string_view escapedName);
 
 private:
     String m_Url;

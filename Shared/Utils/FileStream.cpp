@@ -38,7 +38,7 @@ InFileStream::InFileStream(const String& path, int openMode) {
     // reader waiting for ever.
     const Platform::FileFacts facts = Platform::ExamineFile(std::string(path.View()));
     if (facts.Kind == Platform::FileKind::Missing || facts.IsRegular)
-        Open(m_File, m_Buffer, path, openMode | kOpenInput);
+        Open(m_File, m_Buffer, path, (openMode & ~kOpenOutput) | kOpenInput);
     else
         m_File.setstate(std::ios::failbit);
 }

@@ -17,8 +17,9 @@ inline constexpr int kOpenBinary = 32;
 /// Reads a file. Closed with the object, which shares the file with whoever else has it open.
 class InFileStream : public CInStream {
 public:
-    /// Opens the file at a native path, `openMode` being bits from above. A file that is missing or cannot be
-    /// read, a folder, a pipe and a device give a stream that is not `Good`.
+    /// Opens the file at a native path, `openMode` being bits from above; the bit for output does nothing. A
+    /// file that is missing or cannot be read, a folder, a pipe and a device give a stream that is not
+    /// `Good`.
     explicit InFileStream(const String& path, int openMode = kOpenInput | kOpenBinary);
 
 private:

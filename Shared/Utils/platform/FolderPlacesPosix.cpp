@@ -92,12 +92,15 @@ std::string LongDateAndTime(std::int64_t time) {
     const auto freeLocale = [](locale_t locale) { freelocale(locale); };
     const std::unique_ptr<std::remove_pointer_t<locale_t>, decltype(freeLocale)> user(
         newlocale(LC_TIME_MASK, "", nullptr), freeLocale);
-    std::array<char, 256> text{};
-    constexpr const char* kFormat = "%A, %e %B %Y %X";
-    const std::size_t length = user != nullptr
-                                   ? strftime_l(text.data(), text.size(), kFormat, &parts, user.get())
-                                   : std::strftime(text.data(), text.size(), kFormat, &parts);
-    return std::string(text.data(), length);
+    const auto written = [&](const char* format) {
+        std::array<char, 256> text{};
+        const std::size_t length = user != nullptr
+                                       ? strftime_l(text.data(), text.size(), format, &parts, user.get())
+                                       : std::strftime(text.data(), text.size(), format, &parts);
+        return std::string(text.data(), length);
+    };
+    // The format's own day of the month is padded.
+    return written("%A, ") + std::to_string(parts.tm_mday) + written(" %B %Y %X");
 }
 
 std::uint64_t UnguessableNumber() {

@@ -1,13 +1,19 @@
 #include "Shared/Utils/DiskFile.h"
 #include "Shared/Utils/DiskFolder.h"
 #include "tests/Shared/Utils/FilesTesting.h"
+#include "tests/support/PosixDisk.h"
+#include "tests/support/PosixRights.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
 using namespace Nvr;
 using namespace FilesTesting;
+using TestSupport::FullDisk;
+using TestSupport::RightsOf;
 
 TEST(DiskFile, PathsBecomeUrlsAndComeBack) {
     const struct {
@@ -47,6 +53,60 @@ TEST(DiskFile, DeletesFilesAndLinksOnly) {
     EXPECT_TRUE(file.Delete(false));
     EXPECT_FALSE(file.Delete(false));
     EXPECT_EQ(scratch.CountEntries(), 2U);
+}
+
+TEST(DiskFile, NamesEndAtTheLastDot) {
+    const DiskFile file("/t/a.b.t b");
+    EXPECT_EQ(Text(file.GetBaseName()) + "|" + Text(file.GetExtension()), "a.b|t b") << "escapes undone";
+    EXPECT_TRUE(file.HasExtension("T B"));
+    EXPECT_TRUE(DiskFile("/a.b/c").GetExtension().IsEmpty()) << "a dot of the folder's";
+    EXPECT_EQ(Text(DiskFile::FromUrl("file:///t/100%4").GetPath()), "/t/100%4") << "an escape cut short";
+}
+
+TEST(DiskFile, TellsWhatIsOnTheDisk) {
+    const Scratch scratch;
+    const Environment zone("TZ", "UTC");
+    const Environment language("LC_ALL", "C");
+    const std::string path = scratch.Write("a.tab", "12345");
+    const timespec times[] = {{0, UTIME_OMIT}, {1'772'679'845, 0}};
+    ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+    const DiskFile file{String(path)};
+    EXPECT_EQ(Text(file.GetModificationDate()), "Thursday, 5 March 2026 03:04:05")
+        << "one blank before the day";
+    EXPECT_FALSE(file.GetCreationDate().IsEmpty());
+    EXPECT_TRUE(DiskFile(scratch.PathText("missing")).GetModificationDate().IsEmpty());
+    EXPECT_TRUE(DiskFile(scratch.PathText("missing")).GetCreationDate().IsEmpty());
+    EXPECT_FALSE(DiskFolder(String(scratch.Path())).IsEmpty());
+    EXPECT_TRUE(file.SetReadOnly(true) && file.IsReadOnly() && RightsOf(path) % 0200 == 0444 % 0200);
+    EXPECT_TRUE(file.SetReadOnly(false) && !file.IsReadOnly());
+    EXPECT_FALSE(file.SetHidden(true)) << "it would need another name";
+    EXPECT_TRUE(DiskFile(String(scratch.Write(".a", ""))).SetHidden(true));
+    std::filesystem::create_directory(scratch.Path("folder"));
+    const DiskFolder folder(scratch.PathText("folder"));
+    EXPECT_TRUE(folder.IsEmpty());
+    EXPECT_EQ(Text(folder.GetName()), "folder");
+    EXPECT_FALSE(DiskFolder(String(path)).IsEmpty()) << "a file is no folder";
+}
+
+TEST(DiskFile, FullDiskLosesNoFile) {
+    const Scratch scratch;
+    const Environment data("XDG_DATA_HOME", scratch.Path("data"));
+    const std::string contents(100, 'x');
+    const DiskFile file(String(scratch.Write("a.tab", contents)));
+    scratch.Write("a.nvf", "old");
+    std::filesystem::create_hard_link(scratch.Path("a.tab"), scratch.Path("a.two"));
+    {
+        const FullDisk disk(10);
+        for (const char* const extension : {"nvf", "two", "new"}) {
+            DiskFile moved = file;
+            EXPECT_FALSE(moved.ChangeExtension(extension, true, false)) << extension;
+        }
+        EXPECT_FALSE(file.Delete(true));
+    }
+    EXPECT_EQ(ReadAll(scratch.Path("a.tab")) + ReadAll(scratch.Path("a.two")), contents + contents);
+    EXPECT_EQ(ReadAll(scratch.Path("a.nvf")), "old");
+    EXPECT_EQ(scratch.CountEntries(), 4U) << "no new file, and the folder of the trash";
+    EXPECT_TRUE(std::filesystem::is_empty(scratch.Path("data/Trash/info")));
 }
 
 TEST(DiskFile, TheTrashKeepsEveryFile) {

@@ -62,11 +62,14 @@ TEST(DiskFile, ChangesItsExtension) {
         {"/t/x.tmp", "nvf", true, "/t/x.tmp.nvf", "added"},
         {"/t/x.tmp", "", false, "/t/x", "no dot left"},
         {"/x.tmp", "nvf", false, "/x.nvf", "in the topmost folder"},
+        {"/t/x.tmp", "a/../../..\\b", false, "/t/x.a .. .. .. b",
+         "an extension cannot lead out of the folder"},
+        {"/t/..", "", false, "", "nor can what is left of a name"},
         {"/t d/a%20\xFC_ #.tmp", "nvf", false, "/t d/a%20\xFC_ #.nvf", "the rest of the name stays as it is"},
     };
     for (const auto& row : rows) {
         DiskFile file{String(Native(row.Path))};
-        EXPECT_TRUE(file.ChangeExtension(row.Extension, true, row.Keep)) << row.Why;
+        EXPECT_TRUE(file.ChangeExtension(row.Extension, false, row.Keep)) << row.Why;
         EXPECT_EQ(Text(file.GetPath()), Native(row.Expected)) << row.Why;
     }
 }
@@ -87,6 +90,10 @@ TEST(DiskFile, ChangesItsExtensionOnDiskOnlyWhenAsked) {
     std::filesystem::create_directory(scratch.Path("a.dir"));
     EXPECT_FALSE(file.ChangeExtension("dir", true, false));
     EXPECT_EQ(ReadAll(scratch.Path("a.nvf")), "contents") << "nothing is lost when the name is taken";
+    std::filesystem::create_hard_link(scratch.Path("a.nvf"), scratch.Path("a.two"));
+    DiskFile linked(scratch.PathText("a.nvf"));
+    EXPECT_FALSE(linked.ChangeExtension("two", true, false)) << "onto another name of itself";
+    EXPECT_EQ(ReadAll(scratch.Path("a.nvf")) + ReadAll(scratch.Path("a.two")), "contentscontents");
 }
 
 } // namespace

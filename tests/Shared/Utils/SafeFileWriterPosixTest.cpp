@@ -1,10 +1,9 @@
 #include "Shared/Utils/SafeFileWriter.h"
 #include "tests/Shared/Utils/FilesTesting.h"
+#include "tests/support/PosixDisk.h"
 #include "tests/support/PosixRights.h"
 
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -28,15 +27,10 @@ TEST(SafeFileWriter, DiskThatFillsUpLosesNothing) {
     const Scratch scratch;
     const std::string path = scratch.Write("a", "old");
     const std::string text(200'000, 'x');
-    rlimit former{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &former), 0);
-    const rlimit small{100'000, former.rlim_max};
-    const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const bool written = WriteSafely(path, text.c_str());
-    setrlimit(RLIMIT_FSIZE, &former);
-    std::signal(SIGXFSZ, formerHandler);
-    EXPECT_FALSE(written);
+    {
+        const FullDisk disk(100'000);
+        EXPECT_FALSE(WriteSafely(path, text.c_str()));
+    }
     EXPECT_EQ(ReadAll(path), "old");
     EXPECT_EQ(scratch.CountEntries(), 1U);
 }

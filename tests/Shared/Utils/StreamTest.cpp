@@ -1,3 +1,4 @@
+#include "Shared/Utils/ByteBuffer.h"
 #include "Shared/Utils/CStream.h"
 #include "Shared/Utils/FileStream.h"
 #include "tests/Shared/Utils/FilesTesting.h"
@@ -85,6 +86,38 @@ TEST(CInStream, EndShowsOnlyAfterAReadWentPastItAndASeekEndsIt) {
     EXPECT_FALSE(stream.Seek(-5, SeekDirection::End).Good());
 }
 
+// Tells its positions and cannot seek, as a source that is unpacked while it is read.
+class OneWaySource : public std::stringbuf {
+public:
+    using std::stringbuf::stringbuf;
+
+protected:
+    pos_type seekoff(off_type offset, std::ios::seekdir direction, std::ios::openmode mode) override {
+        const bool isTell = offset == 0 && direction == std::ios::cur;
+        return isTell ? std::stringbuf::seekoff(offset, direction, mode) : pos_type(off_type(-1));
+    }
+    pos_type seekpos(pos_type, std::ios::openmode) override { return pos_type(off_type(-1)); }
+};
+
+TEST(ByteBuffer, TakesAStreamFromItsStartOrAsFarAsItCanBeRead) {
+    const std::string text = "xy" + std::string(10'000, 'z');
+    std::stringbuf seekable(text);
+    OneWaySource oneWay(text);
+    const struct {
+        std::streambuf& Source;
+        std::string Expected;
+    } rows[] = {{seekable, text}, {oneWay, text.substr(1)}};
+    for (const auto& row : rows) {
+        std::istream source(&row.Source);
+        CInStream stream(source);
+        stream.Get();
+        ByteBuffer buffer;
+        buffer.AppendStream(stream);
+        EXPECT_EQ(buffer.View(), row.Expected);
+        EXPECT_TRUE(buffer.AppendStream(stream, 1)) << "nothing is left";
+    }
+}
+
 TEST(FileStream, BytesComeBackUnchangedUnderAnyName) {
     const Scratch scratch;
     std::string bytes("line\r\nnext\n\r\x1A\0\xFF", 15);
@@ -96,7 +129,7 @@ TEST(FileStream, BytesComeBackUnchangedUnderAnyName) {
             out.Write(bytes.data(), bytes.size());
             EXPECT_TRUE(out.Close()) << name;
         }
-        InFileStream in(scratch.PathText(name), kOpenInput | kOpenBinary);
+        InFileStream in(scratch.PathText(name), kOpenInput | kOpenOutput | kOpenBinary);
         ASSERT_TRUE(in.Good()) << name;
         std::string back(100, '.');
         back.resize(in.Read(back.data(), back.size()));
