@@ -46,6 +46,14 @@ constexpr char ToUpper(char c) noexcept {
     return IsLower(c) ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
+/// The value of a hexadecimal digit, 0 to 15; -1 for another byte.
+constexpr int HexValue(char c) noexcept {
+    if (IsDigit(c))
+        return c - '0';
+    const char lower = ToLower(c);
+    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
 /// True when `text` begins with `start`, in any case.
 constexpr bool StartsWithIgnoreCase(std::string_view text, std::string_view start) noexcept {
     return text.size() >= start.size() && std::equal(start.begin(), start.end(), text.begin(),

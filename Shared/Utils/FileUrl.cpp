@@ -13,12 +13,6 @@ bool StandsForItself(char c) {
     return Ascii::IsAlnum(c) || kPunctuationInUrlPaths.find(c) != std::string_view::npos;
 }
 
-// 0 to 15, or -1.
-int HexValue(char c) {
-    const auto place = kHexDigits.find(Ascii::ToUpper(c));
-    return place == std::string_view::npos ? -1 : static_cast<int>(place);
-}
-
 } // namespace
 
 std::string EscapeUrlPath(std::string_view path) {
@@ -42,8 +36,8 @@ std::string UnescapeUrl(std::string_view url) {
     text.reserve(url.size());
     for (std::size_t i = 0; i < url.size(); ++i) {
         const bool hasDigits = url[i] == '%' && i + 2 < url.size();
-        const int high = hasDigits ? HexValue(url[i + 1]) : -1;
-        const int low = hasDigits ? HexValue(url[i + 2]) : -1;
+        const int high = hasDigits ? Ascii::HexValue(url[i + 1]) : -1;
+        const int low = hasDigits ? Ascii::HexValue(url[i + 2]) : -1;
         if (high < 0 || low < 0) {
             text += url[i];
             continue;

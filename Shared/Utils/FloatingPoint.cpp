@@ -5,6 +5,8 @@
 #include "Shared/Utils/Reporting.h"
 #include "Shared/Utils/platform/FloatingPoint.h"
 
+#include <utility>
+
 namespace Nvr {
 
 std::uint32_t FloatingPointMask = kAllFloatingPointExceptions;
@@ -23,11 +25,11 @@ constexpr MaskSwitch kMaskSwitches[] = {
 };
 
 bool s_LogChanges = false;
-std::uint32_t s_MaskAtLastReset = kAllFloatingPointExceptions;
+std::uint64_t s_ControlAtLastReset = 0;
 
-void LogChange(std::uint32_t mask) {
-    if (s_LogChanges && mask != s_MaskAtLastReset)
-        ReportError("Reset(): Floating point control word set to " + String::FromUnsigned(mask));
+void LogReset() {
+    ReportError("Reset(): Floating point control word set to " +
+                String::FromUnsigned(GetFloatingPointMask()));
 }
 
 } // namespace
@@ -35,6 +37,7 @@ void LogChange(std::uint32_t mask) {
 void InitFloatingPoint() {
     // Reading the switches must not trap on what an earlier call has unmasked.
     Platform::ResetFloatingPointUnit();
+    s_ControlAtLastReset = Platform::GetFloatingPointUnitControl();
     const String group("FloatingPoint");
     std::uint32_t mask = kAllFloatingPointExceptions;
     for (const auto& entry : kMaskSwitches) {
@@ -47,10 +50,12 @@ void InitFloatingPoint() {
 }
 
 void ResetFloatingPoint() {
+    const std::uint64_t found = Platform::GetFloatingPointUnitControl();
     SetFloatingPointMask(FloatingPointMask);
-    const std::uint32_t mask = GetFloatingPointMask();
-    LogChange(mask);
-    s_MaskAtLastReset = mask;
+    const std::uint64_t loaded = Platform::GetFloatingPointUnitControl();
+    const std::uint64_t former = std::exchange(s_ControlAtLastReset, loaded);
+    if (s_LogChanges && (found != former || loaded != former))
+        LogReset();
 }
 
 std::uint32_t GetFloatingPointMask() {

@@ -18,8 +18,9 @@ extern std::uint32_t FloatingPointMask;
 /// that is on, and resets the unit. The switch "Logging" of the group is read too.
 void InitFloatingPoint();
 
-/// Resets the floating-point unit and loads `FloatingPointMask` into it. With the switch "Logging" on, a mask
-/// other than after the last reset is reported.
+/// Resets the floating-point unit and loads `FloatingPointMask` into it. With the switch "Logging" on, the
+/// mask is reported when it is not that of the last reset, or when other code has changed a control word
+/// since then.
 void ResetFloatingPoint();
 
 /// The processor's present mask.

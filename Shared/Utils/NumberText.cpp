@@ -3,7 +3,10 @@
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
+#include <cmath>
+#include <cstdint>
 #include <limits>
 #include <optional>
 #include <system_error>
@@ -80,24 +83,66 @@ bool IsTooLarge(std::string_view digits) {
     return power > 0;
 }
 
-bool IsHexadecimalTooLarge(std::string_view digits) {
-    const auto exponent = digits.find_first_of("pP");
-    return exponent == std::string_view::npos || digits.substr(exponent + 1, 1) != "-";
+// A number Mantissa * 2^Exponent. The lowest bit of a mantissa of more than 60 bits stands for all that
+// follow: it is set when any of them is.
+struct BinaryNumber {
+    std::uint64_t Mantissa = 0;
+    long long Exponent = 0;
+};
+
+// Digits with an optional point and exponent; 0 when there are none.
+BinaryNumber ReadHexadecimal(std::string_view digits) {
+    constexpr std::uint64_t kFull = std::uint64_t{1} << 60U;
+    constexpr int kBitsOfDigit = 4;
+    BinaryNumber number;
+    bool seenPoint = false;
+    std::size_t at = 0;
+    for (; at < digits.size() && (Ascii::HexValue(digits[at]) >= 0 || (digits[at] == '.' && !seenPoint));
+         ++at) {
+        if (digits[at] == '.') {
+            seenPoint = true;
+            continue;
+        }
+        const auto digit = static_cast<unsigned>(Ascii::HexValue(digits[at]));
+        const bool isFull = number.Mantissa >= kFull;
+        number.Mantissa = isFull ? number.Mantissa | (digit != 0 ? 1U : 0U) : number.Mantissa * 16 + digit;
+        number.Exponent += (isFull ? kBitsOfDigit : 0) - (seenPoint ? kBitsOfDigit : 0);
+    }
+    if (at < digits.size() && Ascii::ToLower(digits[at]) == 'p')
+        number.Exponent += ParseInt(digits.substr(at + 1));
+    return number;
+}
+
+// Rounds to the nearest double, and to an even one between two.
+double ToDouble(const BinaryNumber& number) {
+    using Limits = std::numeric_limits<double>;
+    constexpr long long kLowestExponent = Limits::min_exponent - Limits::digits;
+    const auto bits = static_cast<int>(std::bit_width(number.Mantissa));
+    if (bits == 0 || number.Exponent + bits < kLowestExponent)
+        return 0;
+    if (number.Exponent + bits > Limits::max_exponent)
+        return Limits::infinity();
+    const auto dropped =
+        std::max({0LL, static_cast<long long>(bits - Limits::digits), kLowestExponent - number.Exponent});
+    // All 64 bits may go, so one more than fits is shifted in two steps.
+    const std::uint64_t half = dropped == 0 ? 0 : std::uint64_t{1} << (dropped - 1);
+    const std::uint64_t rest = half == 0 ? 0 : number.Mantissa & (half * 2 - 1);
+    std::uint64_t kept = dropped == 0 ? number.Mantissa : number.Mantissa >> (dropped - 1) >> 1U;
+    if (rest > half || (half != 0 && rest == half && kept % 2 == 1))
+        ++kept;
+    return std::ldexp(static_cast<double>(kept), static_cast<int>(number.Exponent + dropped));
 }
 
 std::optional<double> ParseMagnitude(std::string_view text) {
-    const bool isHexadecimal = StartsWithHexadecimal(text);
-    const auto digits = isHexadecimal ? text.substr(kHexadecimalPrefixLength) : text;
+    if (StartsWithHexadecimal(text))
+        return ToDouble(ReadHexadecimal(text.substr(kHexadecimalPrefixLength)));
     // A second sign is no number, though from_chars would take it.
-    if (digits.empty() || digits.front() == '-')
+    if (text.empty() || text.front() == '-')
         return std::nullopt;
     double value = 0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value,
-                                        isHexadecimal ? std::chars_format::hex : std::chars_format::general);
-    if (result.ec == std::errc::result_out_of_range) {
-        const bool isTooLarge = isHexadecimal ? IsHexadecimalTooLarge(digits) : IsTooLarge(digits);
-        return isTooLarge ? std::numeric_limits<double>::infinity() : 0;
-    }
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec == std::errc::result_out_of_range)
+        return IsTooLarge(text) ? std::numeric_limits<double>::infinity() : 0;
     if (result.ec != std::errc())
         return std::nullopt;
     return value;

@@ -24,6 +24,11 @@ void ResetFloatingPointUnit();
 /// The present mask. An exception counts as masked when no part of the processor would raise it.
 std::uint32_t GetFloatingPointUnitMask();
 
+/// All that the control words of the processor say, flags of past exceptions left out: the masks of each part
+/// of it that does arithmetic, rounding, digits, and whether tiny numbers count as 0. To be compared with an
+/// earlier answer, not taken apart.
+std::uint64_t GetFloatingPointUnitControl();
+
 /// Loads a mask, in all parts of the processor that do arithmetic. Bits outside kMaskAll are ignored. To be
 /// called after a reset: an exception that is pending is raised once it is unmasked.
 void SetFloatingPointUnitMask(std::uint32_t mask);

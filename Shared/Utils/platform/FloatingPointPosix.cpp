@@ -21,6 +21,11 @@ constexpr MaskBit kStandardBits[] = {
 constexpr unsigned kDenormalException = 0x02;
 constexpr unsigned kSseMaskShift = 7;
 
+// What the two control words say besides: digits and rounding; tiny operands as 0, rounding, tiny results as
+// 0.
+constexpr unsigned kX87ControlBits = 0x0F3F;
+constexpr unsigned kSseControlBits = 0xFFC0;
+
 // What the environment of the C library holds tells which units this platform has.
 template <class Environment>
 concept HasX87 = requires(Environment& environment) {
@@ -48,6 +53,20 @@ unsigned RaisedExceptions() {
         raised |= ~(static_cast<unsigned>(environment.__mxcsr) >> kSseMaskShift);
     return raised & (static_cast<unsigned>(FE_ALL_EXCEPT) |
                      (HasX87<Environment> || HasSse<Environment> ? kDenormalException : 0U));
+}
+
+// The x87 control word below, that of SSE above; the mask and the rounding where a processor has neither.
+template <class Environment>
+std::uint64_t ControlOfUnits() {
+    Environment environment;
+    if (!(HasX87<Environment> || HasSse<Environment>) || fegetenv(&environment) != 0)
+        return GetFloatingPointUnitMask() | static_cast<unsigned>(fegetround());
+    std::uint64_t control = 0;
+    if constexpr (HasX87<Environment>)
+        control |= environment.__control_word & kX87ControlBits;
+    if constexpr (HasSse<Environment>)
+        control |= std::uint64_t{environment.__mxcsr & kSseControlBits} << 32U;
+    return control;
 }
 
 // fenv has no word for denormal operands, but its environment carries them.
@@ -83,6 +102,10 @@ std::uint32_t GetFloatingPointUnitMask() {
             mask &= ~bit.Mask;
     }
     return (raised & kDenormalException) != 0 ? mask & ~kMaskDenormal : mask;
+}
+
+std::uint64_t GetFloatingPointUnitControl() {
+    return ControlOfUnits<std::fenv_t>();
 }
 
 void SetFloatingPointUnitMask(std::uint32_t mask) {

@@ -11,6 +11,9 @@ namespace {
 // pending.
 constexpr unsigned kSseAtStart = 0x1F80;
 
+// All of it but the flags of past exceptions.
+constexpr unsigned kSseControlBits = 0xFFC0;
+
 struct MaskBit {
     std::uint32_t Mask;
     unsigned Sse;
@@ -64,6 +67,11 @@ void ResetFloatingPointUnit() {
 std::uint32_t GetFloatingPointUnitMask() {
     const std::uint32_t mask = _control87(0, 0) & kMaskAll;
     return HasSse() ? mask & MaskOfSse(SseControl()) : mask;
+}
+
+std::uint64_t GetFloatingPointUnitControl() {
+    const std::uint64_t sse = HasSse() ? SseControl() & kSseControlBits : 0U;
+    return _control87(0, 0) | sse << 32U;
 }
 
 void SetFloatingPointUnitMask(std::uint32_t mask) {

@@ -1,6 +1,7 @@
 #include "Shared/Utils/FloatingPoint.h"
 
 #include "Shared/Utils/platform/FloatingPoint.h"
+#include "tests/Shared/Utils/RecordingSink.h"
 #include "tests/support/StoredSettings.h"
 
 #include <cfenv>
@@ -62,6 +63,56 @@ TEST_F(FloatingPointTest, ResetUndoesWhatOthersDid) {
     SetFloatingPointMask(0x80017);
     EXPECT_EQ(GetFloatingPointMask(), 0x80017U);
     EXPECT_EQ(FloatingPointMask, 0x8001FU);
+}
+
+// Lets the newer unit alone raise a division by zero; false where there is none.
+template <class Environment>
+bool UnmaskZeroDivideInSse() {
+    if constexpr (requires(Environment e) { e.__mxcsr; }) {
+        constexpr unsigned kZeroDivideMask = 0x200;
+        Environment environment;
+        std::fegetenv(&environment);
+        environment.__mxcsr &= ~kZeroDivideMask;
+        return std::fesetenv(&environment) == 0;
+    }
+    return false;
+}
+
+TEST_F(FloatingPointTest, ExceptionOfOnePartCounts) {
+    ResetFloatingPoint();
+    if (!UnmaskZeroDivideInSse<std::fenv_t>())
+        GTEST_SKIP() << "one part only";
+    EXPECT_EQ(GetFloatingPointMask(), 0x80017U);
+}
+
+TEST_F(FloatingPointTest, LoggingTellsOfEveryChangedControlWord) {
+    const struct {
+        std::function<void()> Change;
+        std::size_t Reports;
+        const char* Why;
+    } rows[] = {
+        {[] {}, 0, "nothing changed"},
+        {[] { std::fesetround(FE_UPWARD); }, 1, "the rounding"},
+        {[] { Platform::SetFloatingPointUnitMask(0x80017); }, 1, "a mask"},
+        {[] { FloatingPointMask = 0x80017; }, 1, "another mask to load"},
+        {[] { std::feraiseexcept(FE_DIVBYZERO); }, 0, "a flag is no control"},
+        {[] { UnmaskZeroDivideInSse<std::fenv_t>() || std::fesetround(FE_DOWNWARD); }, 1, "of one part"},
+    };
+    for (const bool isLogging : {true, false}) {
+        InitWith({{"Logging", isLogging ? "1" : "0"}});
+        for (const auto& row : rows) {
+            FloatingPointMask = kAllFloatingPointExceptions;
+            ResetFloatingPoint();
+            RecordingSink sink;
+            row.Change();
+            ResetFloatingPoint();
+            ResetFloatingPoint();
+            EXPECT_EQ(sink.Messages.size(), isLogging ? row.Reports : 0U) << row.Why;
+            const std::string told = "Reset(): Floating point control word set to ";
+            for (const std::string& message : sink.Messages)
+                EXPECT_EQ(message, told + std::to_string(FloatingPointMask)) << row.Why;
+        }
+    }
 }
 
 // Divides when the test runs, and not when it is compiled.

@@ -74,8 +74,17 @@ TEST(NumberText, ReadsWhatTheCLibraryReads) {
         "|9223372036854775807|-9223372036854775808|9223372036854775808|-9223372036854775809|-2147483649"
         "|1e3|1E-3|1e|1e+|1.5e400|-1.5e400|1e-400|-1e-400|0.0000000001e400|100000e-400|0e999999999999"
         "|1e99999999999|1e-99999999999|4.9e-324|2.2250738585072011e-308|1.7976931348623159e308"
-        "|0x10|0x|0x1.8p1|0x1p99999|0x1p-99999|inf|-INF|infinity|nan|-nan");
+        "|0x10|0x|0x1.8p1|0x1p99999|0x1p-99999|inf|-INF|infinity|nan|-nan"
+        "|0xinf|-0xg|0x.|0x.p5|0x.8|-0X1.FP|0xap+|0x1.2.3|0x1p1p1|0x0p99999|0x1P+3"
+        "|0x1.fffffffffffff7p0|0x1.fffffffffffff8p0|0x1.fffffffffffff80000000000000001p0|0x1.00000000000008p0"
+        "|0x1.000000000000080000000000000001p0|0x1.fffffffffffffp1023|0x1.fffffffffffff8p1023|0x1p1024"
+        "|0x1p-1074|0x1p-1075|0x1.8p-1075|0x1.00000000000000000001p-1075|0x3p-1075|0x1p-1076|0x1.fp-1023"
+        "|0xffffffffffffffffp-1138|0xfffffffffffffbff|0xfffffffffffffc00|0x80000000000004000000000000000000");
     for (std::string text; std::getline(texts, text, '|');)
+        ExpectSameParsed(text);
+    const std::string zeros(500, '0');
+    for (const std::string& text : {"1." + zeros + "e-400", "0x1" + zeros, "0x1" + zeros + "p-2000",
+                                    "0x." + zeros + "1p2004", "0x" + zeros + "1"})
         ExpectSameParsed(text);
 }
 
@@ -93,6 +102,9 @@ TEST(NumberText, GeneratedNumbersGoThereAndBack) {
         const double value = mantissas(random);
         ExpectSameFixed(value * 1000, i % 9);
         ExpectSameParsed(std::to_string(value) + "e" + std::to_string(exponents(random)));
+        char hexadecimal[64];
+        std::snprintf(hexadecimal, sizeof hexadecimal, "%a%d", value, exponents(random));
+        ExpectSameParsed(hexadecimal);
     }
 }
 
