@@ -1,6 +1,7 @@
 #include "Shared/Utils/Reporting.h"
 
 #include "Shared/Utils/DebugSwitches.h"
+#include "Shared/Utils/NonCopyable.h"
 #include "Shared/Utils/ReportSteps.h"
 #include "Shared/Utils/platform/MessageBox.h"
 #include "Shared/Utils/platform/StackTrace.h"
@@ -20,25 +21,65 @@ const char* const kSwitchGroup = "Miscellaneous";
 const char* const kMessageTitle = "Message";
 
 LogSink* s_LogSink = nullptr;
+bool s_IsInSink = false;
 bool s_MessagesShown = true;
 ReportLocation s_LatestLocation;
 int s_DumpErrorCalls = kNotYetKnown;
 int s_DumpUserCalls = kNotYetKnown;
 
+// Gives a variable another value for a while.
+template <class Value>
+class Meanwhile : private NonCopyable {
+public:
+    Meanwhile(Value& variable, Value value)
+        : m_Variable(variable), m_Former(std::exchange(variable, value)) {}
+    ~Meanwhile() { m_Variable = m_Former; }
+
+private:
+    Value& m_Variable;
+    Value m_Former;
+};
+
 bool IsSwitchOn(int& cached, const char* name) {
-    if (cached == kNotYetKnown) {
-        // Reading the settings may itself report, and must not come here again.
-        cached = kOff;
-        cached = GetDebugSwitch(kSwitchGroup, name, false) ? kOn : kOff;
+    if (cached != kNotYetKnown)
+        return cached == kOn;
+    bool isOn = false;
+    {
+        // Reading the settings may itself report, and must not come here again. It may fail, and then the
+        // switch is read the next time.
+        const Meanwhile off(cached, kOff);
+        isOn = GetDebugSwitch(kSwitchGroup, name, false);
     }
-    return cached == kOn;
+    cached = isOn ? kOn : kOff;
+    return isOn;
 }
 
-void DumpCallStack() {
-    if (s_LogSink == nullptr)
+bool IsAnybodyListening() {
+    return s_LogSink != nullptr && !s_IsInSink;
+}
+
+void WriteToSink(const String& message, std::intptr_t firstValue, std::intptr_t secondValue) {
+    // A sink that reports would otherwise be called without an end.
+    const Meanwhile inSink(s_IsInSink, true);
+    s_LogSink->Write(message, firstValue, secondValue);
+}
+
+void DumpCallStackIf(int& cached, const char* name) {
+    if (!IsSwitchOn(cached, name) || !IsAnybodyListening())
         return;
     for (const std::string& frame : Platform::CaptureStackTrace())
-        s_LogSink->Write(String(frame), 0, 0);
+        WriteToSink(String(frame), 0, 0);
+}
+
+// A report is for failures that can be gone on from; a failure of the report itself is one, and so the next
+// step follows.
+template <class Step>
+void Try(Step step) noexcept {
+    try {
+        step();
+    } catch (...) {
+        return;
+    }
 }
 
 } // namespace
@@ -46,15 +87,11 @@ void DumpCallStack() {
 namespace ReportSteps {
 
 void Run(const String& message, std::intptr_t firstValue, std::intptr_t secondValue) noexcept {
-    // A report is for failures that can be gone on from; a failure of the report itself is one.
-    try {
-        if (GetReportSettings().LogAsserts && s_LogSink != nullptr)
-            s_LogSink->Write(message, firstValue, secondValue);
-        if (IsSwitchOn(s_DumpErrorCalls, "DumpErrorCalls"))
-            DumpCallStack();
-    } catch (...) {
-        return;
-    }
+    Try([&] {
+        if (GetReportSettings().LogAsserts && IsAnybodyListening())
+            WriteToSink(message, firstValue, secondValue);
+    });
+    Try([] { DumpCallStackIf(s_DumpErrorCalls, "DumpErrorCalls"); });
 }
 
 } // namespace ReportSteps
@@ -77,11 +114,7 @@ void ReportError(const String& message) noexcept {
 }
 
 void ReportError(const char* message) noexcept {
-    try {
-        ReportError(String(message));
-    } catch (...) {
-        return;
-    }
+    Try([message] { ReportError(String(message)); });
 }
 
 const ReportLocation& LatestReportLocation() {
@@ -100,21 +133,12 @@ void ReportException(const Exception& exception, const char* file, int line) noe
 void ShowMessage(const String& text) noexcept {
     if (!s_MessagesShown)
         return;
-    try {
-        if (IsSwitchOn(s_DumpUserCalls, "DumpUserCalls"))
-            DumpCallStack();
-        Platform::ShowInformationBox(kMessageTitle, std::string(text.View()));
-    } catch (...) {
-        return;
-    }
+    Try([] { DumpCallStackIf(s_DumpUserCalls, "DumpUserCalls"); });
+    Try([&text] { Platform::ShowInformationBox(kMessageTitle, std::string(text.View())); });
 }
 
 void ShowException(const std::exception& exception) noexcept {
-    try {
-        ShowMessage(String(exception.what()));
-    } catch (...) {
-        return;
-    }
+    Try([&exception] { ShowMessage(String(exception.what())); });
 }
 
 bool SetMessagesShown(bool shown) {

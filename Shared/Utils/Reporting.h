@@ -15,7 +15,8 @@ class LogSink {
 public:
     virtual ~LogSink() = default;
     /// One report or one line of a call stack. The two values mean what the reporter says, and are 0 with
-    /// plain reports. May throw; the reporter goes on all the same.
+    /// plain reports. May throw; the reporter goes on all the same. What the sink itself reports meanwhile
+    /// goes to no sink.
     virtual void Write(const String& message, std::intptr_t firstValue, std::intptr_t secondValue) = 0;
 };
 

@@ -8,6 +8,7 @@
 #include "tests/faults/AllocationFaults.h"
 #include "tests/faults/FileFaults.h"
 #include "tests/support/ScratchFolder.h"
+#include "tests/support/StoredSettings.h"
 
 #include <gtest/gtest.h>
 #include <new>
@@ -117,8 +118,24 @@ TEST_F(FoundationFaults, ReportsAndMessagesDoNotThrow) {
     CopyingSink sink;
     Nvr::LogSink* const former = Nvr::SetLogSink(&sink);
     EXPECT_GE(AllocationFaults.FailEach([] { Nvr::ReportError("report"); }, IgnoreRun), 2);
-    Nvr::SetLogSink(former);
     EXPECT_STREQ(sink.Last.CStr(), "seen: report");
+    TestSupport::StoredSettings store;
+    store.Store("Software\\Notavera Software\\NotaveraDiagnostics\\Miscellaneous", {{"DumpErrorCalls", "1"}});
+    const auto isStackDumped = [&sink] {
+        Nvr::ReportError("last");
+        return sink.Last != String("seen: last");
+    };
+    const int failures = AllocationFaults.FailEach(
+        [] {
+            Nvr::ForgetReportSwitches();
+            Nvr::ReportError("report");
+        },
+        [&](int count) {
+            EXPECT_TRUE(isStackDumped()) << "the switch is read again after failure " << count;
+        });
+    EXPECT_GE(failures, 10);
+    Nvr::SetLogSink(former);
+    Nvr::ForgetReportSwitches();
 }
 
 TEST_F(FoundationFaults, SizesThatCannotBeAreFailures) {

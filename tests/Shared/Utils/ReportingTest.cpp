@@ -15,10 +15,14 @@ namespace {
 
 using Messages = std::vector<std::string>;
 
-struct ThrowingSink : Nvr::LogSink {
+// Fails in each line, and tells of it in the way that brought the line.
+struct FailingSink : Nvr::LogSink {
     void Write(const String&, std::intptr_t, std::intptr_t) override {
+        ++Lines;
+        Nvr::ReportError("the sink fails");
         throw std::runtime_error("disk full");
     }
+    int Lines = 0;
 };
 
 } // namespace
@@ -38,10 +42,11 @@ TEST(Exceptions, EachCopyOwnsItsText) {
 TEST(Reporting, PassesMessagesWhileAssertsAreLogged) {
     ASSERT_EQ(Nvr::GetLogSink(), nullptr) << "none is installed unless asked for";
     Nvr::ReportError("nobody listens");
-    ThrowingSink throwing;
-    Nvr::SetLogSink(&throwing);
-    EXPECT_NO_THROW(Nvr::ReportError("the sink fails"));
+    FailingSink failing;
+    Nvr::SetLogSink(&failing);
+    Nvr::ReportError("written once");
     Nvr::SetLogSink(nullptr);
+    EXPECT_EQ(failing.Lines, 1);
     RecordingSink sink;
     Nvr::ReportError("first");
     Nvr::GetReportSettings().LogAsserts = false;
@@ -55,6 +60,7 @@ TEST(Reporting, SettingsStartAsTheyShould) {
     const Nvr::ReportSettings settings;
     EXPECT_TRUE(settings.LogAsserts && settings.ShowAssertDialog);
     EXPECT_FALSE(settings.HeapChecking || settings.MaskFPExceptions);
+    EXPECT_TRUE(Nvr::SetMessagesShown(true));
 }
 
 TEST(Reporting, KeepsTheLocation) {
@@ -81,6 +87,11 @@ TEST(Reporting, ReadsItsSwitchesOnce) {
         Nvr::ForgetReportSwitches();
         Nvr::ReportError("third");
         EXPECT_GT(sink.Messages.size(), 3U) << "the call stack follows";
+        FailingSink failing;
+        Nvr::SetLogSink(&failing);
+        Nvr::ReportError("fourth");
+        EXPECT_EQ(failing.Lines, 2) << "the call stack is begun after the message has failed";
+        Nvr::SetLogSink(&sink);
     }
     Nvr::ForgetReportSwitches();
 }
