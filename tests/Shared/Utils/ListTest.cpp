@@ -1,3 +1,4 @@
+#include "Shared/Utils/IList.h"
 #include "Shared/Utils/StringList.h"
 #include "Shared/Utils/TAList.h"
 
@@ -88,6 +89,8 @@ TEST(AList, KeepsOrderAndOwnership) {
     other.Add(new Item(9));
     list.TakeFrom(other);
     list.TakeFrom(list);
+    EXPECT_EQ(list.Capacity(), 4) << "the other's";
+    EXPECT_EQ(other.Capacity(), 0);
     EXPECT_EQ(s_Deleted, (Numbers{0, 10, 12, 11, 2, 3, 4}));
     EXPECT_EQ(NumbersOf(list), (Numbers{9}));
     const std::unique_ptr<Item> forgotten(list.GetAt(0));
@@ -120,4 +123,63 @@ TEST(TVAList, HoldsValuesOfItsOwn) {
     for (int i = 0; i < 100; ++i)
         own.Add(own.GetAt(i));
     EXPECT_EQ(own.GetAt(100), own.GetAt(0)) << "an element of its own, while it grows";
+}
+
+namespace {
+
+struct Link : Nvr::IListElement {
+    explicit Link(int number) : Number(number) {}
+    ~Link() override { s_Deleted.push_back(Number); }
+    int Number;
+};
+
+Numbers NumbersOf(const Nvr::TIList<Link>& list) {
+    Numbers numbers;
+    Nvr::TIListIterator<Link> links(list);
+    while (const Link* const link = links.Next())
+        numbers.push_back(link->Number);
+    EXPECT_EQ(links.Next(), nullptr) << "and stays there";
+    EXPECT_EQ(list.Count(), static_cast<int>(numbers.size()));
+    return numbers;
+}
+
+} // namespace
+
+TEST(IList, KeepsOrderEndAndOwnership) {
+    s_Deleted.clear();
+    Nvr::TIList<Link> list;
+    EXPECT_EQ(list.Last(), nullptr);
+    list.Insert(new Link(2), 7);
+    list.Insert(new Link(0), -1);
+    list.Insert(new Link(1), 1);
+    list.Insert(nullptr, 1);
+    list.Add(nullptr);
+    EXPECT_EQ(NumbersOf(list), (Numbers{0, 1, 2}));
+    EXPECT_EQ(list.GetAt(2), list.Last());
+    EXPECT_EQ(list.GetAt(3), nullptr);
+    EXPECT_EQ(list.GetAt(-1), nullptr);
+    EXPECT_EQ(list.IndexOf(list.GetAt(1)), 1);
+    const std::unique_ptr<Link> last(list.Last());
+    list.Remove(last.get());
+    list.Remove(last.get());
+    EXPECT_EQ(list.IndexOf(last.get()), -1);
+    list.Add(new Link(3));
+    EXPECT_EQ(NumbersOf(list), (Numbers{0, 1, 3})) << "the end has moved back";
+    const std::unique_ptr<Link> middle(list.GetAt(1));
+    list.Remove(middle.get());
+    EXPECT_EQ(middle->Next(), nullptr);
+    list.Delete(list.GetAt(0));
+    EXPECT_EQ(s_Deleted, (Numbers{0})) << "removing gives the element back";
+    Nvr::TIList<Link> other;
+    other.Add(new Link(8));
+    other.TakeFrom(list);
+    other.TakeFrom(other);
+    other.Add(new Link(9));
+    EXPECT_EQ(NumbersOf(other), (Numbers{3, 9}));
+    EXPECT_EQ(NumbersOf(list), Numbers());
+    const std::unique_ptr<Link> first(other.First()), second(other.Last());
+    other.Unlink();
+    EXPECT_EQ(first->Next(), nullptr);
+    EXPECT_EQ(NumbersOf(other), Numbers());
+    EXPECT_EQ(s_Deleted, (Numbers{0, 8}));
 }

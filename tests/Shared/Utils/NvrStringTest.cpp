@@ -83,6 +83,8 @@ TEST(NvrString, OrdersAsADictionaryDoes) {
             const String left(ordered[i]), right(ordered[j]);
             EXPECT_EQ(left < right, i < j) << ordered[i] << " " << ordered[j];
             EXPECT_EQ(left >= right, i >= j) << ordered[i] << " " << ordered[j];
+            EXPECT_EQ(left > right, i > j) << ordered[i] << " " << ordered[j];
+            EXPECT_EQ(left <= right, i <= j) << ordered[i] << " " << ordered[j];
         }
     }
 }

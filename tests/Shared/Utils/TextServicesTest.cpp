@@ -43,6 +43,10 @@ TEST(TextServices, WhatDoesNotFitBecomesAQuestionMark) {
     EXPECT_EQ(Bytes(u"a\u0100b\u266D\U0001F3B8\x80\xFFFF"), "a?b?????");
 }
 
+TEST(TextServices, Utf8IsThatOfTheCodePage) {
+    EXPECT_EQ(Platform::ToUtf8("a\x7F\x80\xE9\xFF"), "a\x7F\xE2\x82\xAC\xC3\xA9\xC3\xBF");
+}
+
 TEST(TextServices, MacintoshPage) {
     EXPECT_EQ(Units(CodePage::Macintosh, "A\x80\x8E\xA5\xCA\xD5\xDB\xFF"),
               u"A\u00C4\u00E9\u2022\u00A0\u2019\u20AC\u02C7");
