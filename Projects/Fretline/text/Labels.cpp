@@ -1,8 +1,6 @@
 #include "Projects/Fretline/text/Labels.h"
 
-#include "Projects/Fretline/text/TabAnalysis.h"
 #include "Projects/Fretline/text/TabFile.h"
-#include "Projects/Fretline/text/TabStave.h"
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
@@ -110,36 +108,6 @@ void FindLabelsIn(const TabFile& file, int line, std::vector<std::unique_ptr<Rif
     LineLabels labels(file, line, found);
     for (const std::string_view keyword : kLabelKeywords)
         labels.Search(keyword);
-}
-
-void TabAnalysis::FindLabels() {
-    for (int line = 0; line < m_File.GetLineCount(); ++line)
-        FindLabelsIn(m_File, line, m_Labels);
-}
-
-void TabAnalysis::AttachLabels() {
-    auto nextLabel = m_Labels.begin();
-    int topLine = 0;
-    for (const std::unique_ptr<TabStave>& stave : m_Staves) {
-        nextLabel =
-            std::find_if(nextLabel, m_Labels.end(), [&stave](const std::unique_ptr<RiffLabel>& label) {
-                return label->m_Line >= stave->GetFirstLine();
-            });
-        AttachNearestLabels(*stave, topLine, static_cast<std::size_t>(nextLabel - m_Labels.begin()));
-        topLine = stave->GetEndLine();
-    }
-}
-
-void TabAnalysis::AttachNearestLabels(TabStave& stave, int topLine, std::size_t labelsAbove) {
-    if (labelsAbove == 0 || m_Labels[labelsAbove - 1]->m_Line < topLine)
-        return;
-    // The list is in the order of lines, so the labels of the nearest labelled line are the last ones above.
-    const int line = m_Labels[labelsAbove - 1]->m_Line;
-    std::size_t first = labelsAbove;
-    while (first > 0 && m_Labels[first - 1]->m_Line == line)
-        --first;
-    for (std::size_t i = first; i < labelsAbove; ++i)
-        stave.AttachLabel(m_Labels[i].get());
 }
 
 } // namespace Fretline

@@ -1,23 +1,14 @@
 #include "Projects/Fretline/text/StaveDetection.h"
 
-#include "Projects/Fretline/text/TabAnalysis.h"
 #include "Projects/Fretline/text/TabChars.h"
 #include "Projects/Fretline/text/TabFile.h"
-#include "Projects/Fretline/text/TabStave.h"
 
 #include <algorithm>
 #include <string_view>
-#include <utility>
 
 namespace Fretline {
 
 namespace {
-
-/// Fewer lines, and a run is no stave: there is no plucked instrument of three strings to be read.
-constexpr int kFewestLinesOfARun = 4;
-/// The most strings a stave can have.
-constexpr int kMostLinesOfAStave = 6;
-constexpr int kFewestHyphensOfACandidate = 2;
 
 /// A real stave line has at least this share of the largest hyphen count of its run, in percent,
 constexpr int kShareOfHyphens = 65;
@@ -37,14 +28,6 @@ long long PercentOf(long long percent, long long count) {
     return count * percent / 100;
 }
 
-bool IsCandidate(std::string_view line) {
-    int hyphens = 0;
-    for (std::size_t at = line.find('-'); at != std::string_view::npos; at = line.find('-', at + 1))
-        if (++hyphens == kFewestHyphensOfACandidate)
-            return true;
-    return false;
-}
-
 /// As the user counts, from 1.
 Nvr::String LineNumber(int line) {
     return Nvr::String::FromInt(line + 1);
@@ -61,14 +44,13 @@ void ReportLinesIgnored(const TabFile& file, const LineRun& run) {
                              Nvr::String(id, LineNumber(run.m_First), LineNumber(run.m_Last)), true);
 }
 
-/// The line with the most hyphens always passes, so a line remains.
-LineRun Trim(const TabFile& file, LineRun run) {
+// The line with the most hyphens always passes, so a line remains.
+void Trim(const TabFile& file, LineRun& run) {
     const RunStatistics statistics(file, run);
     for (; !statistics.IsRealStaveLine(run.m_First); ++run.m_First)
         ReportLineIgnored(file, run.m_First);
     for (; !statistics.IsRealStaveLine(run.m_Last); --run.m_Last)
         ReportLineIgnored(file, run.m_Last);
-    return run;
 }
 
 int LongestLineOf(const TabFile& file, const LineRun& run) {
@@ -79,6 +61,23 @@ int LongestLineOf(const TabFile& file, const LineRun& run) {
 }
 
 } // namespace
+
+bool IsStaveLineCandidate(std::string_view line) {
+    int hyphens = 0;
+    for (std::size_t at = line.find('-'); at != std::string_view::npos; at = line.find('-', at + 1))
+        if (++hyphens == kFewestHyphensOfACandidate)
+            return true;
+    return false;
+}
+
+bool TrimToStave(const TabFile& file, LineRun& run) {
+    if (run.GetLineCount() >= kFewestLinesOfARun)
+        Trim(file, run);
+    if (run.GetLineCount() >= kFewestLinesOfARun)
+        return true;
+    ReportLinesIgnored(file, run);
+    return false;
+}
 
 RunStatistics::RunStatistics(const TabFile& file, const LineRun& run)
     : m_FirstLine(run.m_First), m_Lines(static_cast<std::size_t>(run.GetLineCount())) {
@@ -123,41 +122,6 @@ bool RunStatistics::IsRealStaveLine(int line) const {
     const LineCounts& counts = At(line);
     return counts.m_Hyphens >= PercentOf(kShareOfHyphens, m_LargestHyphenCount) ||
            counts.m_Blanks <= PercentOf(kShareOfBlanks, m_AverageBlankCount) || counts.m_HasLetter;
-}
-
-void TabAnalysis::FindStaveLines() {
-    for (int line = 0; line < m_File.GetLineCount(); ++line)
-        if (IsCandidate(m_File.GetLine(line)))
-            m_StaveLines.push_back(line);
-}
-
-void TabAnalysis::GroupStaveLines() {
-    const std::vector<int> candidates = std::exchange(m_StaveLines, {});
-    for (auto first = candidates.begin(); first != candidates.end();) {
-        const auto gap =
-            std::adjacent_find(first, candidates.end(), [](int line, int next) { return next != line + 1; });
-        const auto last = gap == candidates.end() ? candidates.end() - 1 : gap;
-        ProcessRun({*first, *last});
-        first = last + 1;
-    }
-}
-
-void TabAnalysis::ProcessRun(LineRun run) {
-    if (run.GetLineCount() >= kFewestLinesOfARun)
-        run = Trim(m_File, run);
-    if (run.GetLineCount() < kFewestLinesOfARun)
-        ReportLinesIgnored(m_File, run);
-    else
-        CutIntoStaves(run);
-}
-
-void TabAnalysis::CutIntoStaves(const LineRun& run) {
-    for (int line = run.m_First; line <= run.m_Last; ++line)
-        m_StaveLines.push_back(line);
-    for (int first = run.m_First; first <= run.m_Last; first += kMostLinesOfAStave) {
-        const int lineCount = std::min(run.m_Last - first + 1, kMostLinesOfAStave);
-        m_Staves.push_back(std::make_unique<TabStave>(m_File, first, lineCount));
-    }
 }
 
 } // namespace Fretline

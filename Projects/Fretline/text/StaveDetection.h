@@ -1,16 +1,22 @@
 #pragma once
 
+#include <string_view>
 #include <vector>
 
+/// Stave detection: what makes a line a stave line is that it looks like one and stands among others that do.
+///
+/// TabAnalysis takes every line that IsStaveLineCandidate as a candidate, goes through the runs of candidates
+/// that follow one another without a gap, lets TrimToStave drop what only resembles a stave, and cuts the
+/// rest into staves.
 namespace Fretline {
 
 class TabFile;
 
-/// Stave detection: what makes a line a stave line is that it looks like one and stands among others that do.
-///
-/// It is the first pass of TabAnalysis. FindStaveLines takes every line with two hyphens or more as a
-/// candidate; GroupStaveLines goes through the runs of candidates that follow one another without a gap,
-/// drops what only resembles a stave, reports each thing that it drops, and cuts the rest into staves.
+constexpr int kFewestHyphensOfACandidate = 2;
+/// Fewer lines, and a run is no stave: there is no plucked instrument of three strings to be read.
+constexpr int kFewestLinesOfARun = 4;
+/// The most strings that a stave can have; a longer run is cut into several staves.
+constexpr int kMostLinesOfAStave = 6;
 
 /// Consecutive lines that are all candidates.
 struct LineRun {
@@ -19,6 +25,13 @@ struct LineRun {
 
     int GetLineCount() const { return m_Last - m_First + 1; }
 };
+
+/// True when the line has two hyphens or more.
+bool IsStaveLineCandidate(std::string_view line);
+
+/// Takes lines that only resemble stave lines off both ends of the run. False when what is left is too short
+/// for a stave, and none of it is to be used. Each line that is dropped is reported to the file's output.
+bool TrimToStave(const TabFile& file, LineRun& run);
 
 /// What a run of lines has in common, against which each of its lines is measured. Made once a run, and not
 /// again when lines leave the run.

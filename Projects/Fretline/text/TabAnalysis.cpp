@@ -1,17 +1,30 @@
 #include "Projects/Fretline/text/TabAnalysis.h"
 
+#include "Projects/Fretline/stave/ScoreTime.h"
 #include "Projects/Fretline/stave/TabBar.h"
+#include "Projects/Fretline/text/Labels.h"
+#include "Projects/Fretline/text/StaveDetection.h"
 #include "Projects/Fretline/text/TabFile.h"
 #include "Projects/Fretline/text/TabStave.h"
+#include "Projects/Fretline/text/TimeSignatures.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Fretline {
+
+namespace {
+
+/// A signature takes effect also at a bar that starts this many columns to the right of it.
+constexpr int kColumnsInFrontOfBar = 2;
+
+} // namespace
 
 TabAnalysis::TabAnalysis(TabFile& file) : m_File(file) {
     m_File.SetAnalysis(this);
     FindStaveLines();
     GroupStaveLines();
+    CollectReadableBars();
     FindTimeSignatures();
     AssignTimeSignatures();
     FindLabels();
@@ -61,6 +74,113 @@ const RiffLabel* TabAnalysis::LabelOf(int scoreBar) const {
 
 bool TabAnalysis::BarHasChords(int scoreBar) const {
     return BarOf(scoreBar).HasChords();
+}
+
+void TabAnalysis::FindStaveLines() {
+    for (int line = 0; line < m_File.GetLineCount(); ++line)
+        if (IsStaveLineCandidate(m_File.GetLine(line)))
+            m_StaveLines.push_back(line);
+}
+
+void TabAnalysis::GroupStaveLines() {
+    const std::vector<int> candidates = std::exchange(m_StaveLines, {});
+    for (auto first = candidates.begin(); first != candidates.end();) {
+        const auto gap =
+            std::adjacent_find(first, candidates.end(), [](int line, int next) { return next != line + 1; });
+        const auto last = gap == candidates.end() ? candidates.end() - 1 : gap;
+        ProcessRun({*first, *last});
+        first = last + 1;
+    }
+}
+
+void TabAnalysis::ProcessRun(LineRun run) {
+    if (TrimToStave(m_File, run))
+        CutIntoStaves(run);
+}
+
+void TabAnalysis::CutIntoStaves(const LineRun& run) {
+    for (int line = run.m_First; line <= run.m_Last; ++line)
+        m_StaveLines.push_back(line);
+    for (int first = run.m_First; first <= run.m_Last; first += kMostLinesOfAStave) {
+        const int lineCount = std::min(run.m_Last - first + 1, kMostLinesOfAStave);
+        m_Staves.push_back(std::make_unique<TabStave>(m_File, first, lineCount));
+    }
+}
+
+void TabAnalysis::CollectReadableBars() {
+    for (const std::unique_ptr<TabStave>& stave : m_Staves)
+        for (const std::unique_ptr<TabBar>& bar : stave->GetBars())
+            if (bar->HasDash())
+                m_ReadableBars.push_back(bar.get());
+}
+
+void TabAnalysis::FindTimeSignatures() {
+    int line = 0;
+    for (const std::unique_ptr<TabStave>& stave : m_Staves) {
+        for (; line < stave->GetFirstLine(); ++line)
+            FindTimeSignaturesIn(m_File, line, m_TimeSignatures);
+        line = stave->GetEndLine();
+    }
+}
+
+void TabAnalysis::AssignTimeSignatures() {
+    const TabTimeSignature* current = m_TimeSignatures.empty() ? nullptr : m_TimeSignatures.front().get();
+    // One length for the whole file: a later signature changes what is written, not how bars are read.
+    const int length = current == nullptr ? kUnitsPerWholeNote : current->GetLength();
+    int topLine = 0;
+    for (const std::unique_ptr<TabStave>& stave : m_Staves) {
+        AssignTimeSignaturesOf(*stave, topLine, current, length);
+        topLine = stave->GetEndLine();
+    }
+}
+
+void TabAnalysis::AssignTimeSignaturesOf(const TabStave& stave, int topLine, const TabTimeSignature*& current,
+                                         int length) {
+    const SignaturesAboveStave above(m_TimeSignatures, topLine, stave.GetFirstLine());
+    for (const std::unique_ptr<TabBar>& bar : stave.GetBars()) {
+        if (!bar->HasDash())
+            continue;
+        const int left = std::max(bar->GetStartColumn() - kColumnsInFrontOfBar, 0);
+        // The only one of a file is current from the start, and finding it again changes nothing.
+        if (const TabTimeSignature* found = above.FirstWithin(left, left + bar->GetWidth()))
+            current = found;
+        bar->SetTimeSignature(current);
+        bar->SetBarLength(length);
+    }
+}
+
+bool TabAnalysis::IsTimeSignatureAt(int line, int column) const {
+    return FindTimeSignatureAt(m_TimeSignatures, line, column) != nullptr;
+}
+
+void TabAnalysis::FindLabels() {
+    for (int line = 0; line < m_File.GetLineCount(); ++line)
+        FindLabelsIn(m_File, line, m_Labels);
+}
+
+void TabAnalysis::AttachLabels() {
+    auto nextLabel = m_Labels.begin();
+    int topLine = 0;
+    for (const std::unique_ptr<TabStave>& stave : m_Staves) {
+        nextLabel =
+            std::find_if(nextLabel, m_Labels.end(), [&stave](const std::unique_ptr<RiffLabel>& label) {
+                return label->m_Line >= stave->GetFirstLine();
+            });
+        AttachNearestLabels(*stave, topLine, static_cast<std::size_t>(nextLabel - m_Labels.begin()));
+        topLine = stave->GetEndLine();
+    }
+}
+
+void TabAnalysis::AttachNearestLabels(TabStave& stave, int topLine, std::size_t labelsAbove) {
+    if (labelsAbove == 0 || m_Labels[labelsAbove - 1]->m_Line < topLine)
+        return;
+    // The list is in the order of lines, so the labels of the nearest labelled line are the last ones above.
+    const int line = m_Labels[labelsAbove - 1]->m_Line;
+    std::size_t first = labelsAbove;
+    while (first > 0 && m_Labels[first - 1]->m_Line == line)
+        --first;
+    for (std::size_t i = first; i < labelsAbove; ++i)
+        stave.AttachLabel(m_Labels[i].get());
 }
 
 } // namespace Fretline

@@ -22,7 +22,9 @@ struct LineRun;
 /// The constructor runs all passes; afterwards only the bars change, when they are read. All passes and
 /// queries cost in proportion to the text, or less.
 ///
-/// The passes stand in StaveDetection.cpp, TimeSignatures.cpp and Labels.cpp.
+/// The rules of the passes stand in StaveDetection.h, TabStave.h, TimeSignatures.h and Labels.h. A stave
+/// makes its bars, and the analysis hands them over in GetReadableBars: nothing else of the text knows what a
+/// bar is.
 class TabAnalysis {
 public:
     /// Makes itself the file's analysis. Reports lines that only resemble a stave to the file's output; text
@@ -64,6 +66,7 @@ private:
     /// Trims the run, then drops it or cuts it into staves.
     void ProcessRun(LineRun run);
     void CutIntoStaves(const LineRun& run);
+    void CollectReadableBars();
     void FindTimeSignatures();
     void AssignTimeSignatures();
     /// To the bars of one stave. `topLine` is the line behind the stave above, or 0.

@@ -1,9 +1,6 @@
 #include "Projects/Fretline/text/TimeSignatures.h"
 
-#include "Projects/Fretline/stave/TabBar.h"
-#include "Projects/Fretline/text/TabAnalysis.h"
 #include "Projects/Fretline/text/TabFile.h"
-#include "Projects/Fretline/text/TabStave.h"
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
@@ -15,12 +12,9 @@ namespace Fretline {
 namespace {
 
 constexpr int kLogWholeNote = 10;
-constexpr int kUnitsPerWholeNote = 1 << kLogWholeNote;
 
 /// How far a signature reaches from its slash on either side: two digits.
 constexpr int kMostDigits = 2;
-/// A signature takes effect also at a bar that starts this many columns to the right of it.
-constexpr int kColumnsInFrontOfBar = 2;
 
 bool IsDigitAt(const TabFile& file, int line, int column) {
     return column >= 0 && Nvr::Ascii::IsDigit(file.GetChar(line, column));
@@ -117,46 +111,6 @@ const TabTimeSignature* SignaturesAboveStave::FirstWithin(int left, int right) c
          at != m_ByColumn.end() && at->first < right; ++at)
         first = std::min(first, at->second);
     return first == kNone ? nullptr : m_List[first].get();
-}
-
-void TabAnalysis::FindTimeSignatures() {
-    int line = 0;
-    for (const std::unique_ptr<TabStave>& stave : m_Staves) {
-        for (; line < stave->GetFirstLine(); ++line)
-            FindTimeSignaturesIn(m_File, line, m_TimeSignatures);
-        line = stave->GetEndLine();
-    }
-}
-
-void TabAnalysis::AssignTimeSignatures() {
-    const TabTimeSignature* current = m_TimeSignatures.empty() ? nullptr : m_TimeSignatures.front().get();
-    // One length for the whole file: a later signature changes what is written, not how bars are read.
-    const int length = current == nullptr ? kUnitsPerWholeNote : current->GetLength();
-    int topLine = 0;
-    for (const std::unique_ptr<TabStave>& stave : m_Staves) {
-        AssignTimeSignaturesOf(*stave, topLine, current, length);
-        topLine = stave->GetEndLine();
-    }
-}
-
-void TabAnalysis::AssignTimeSignaturesOf(const TabStave& stave, int topLine, const TabTimeSignature*& current,
-                                         int length) {
-    const SignaturesAboveStave above(m_TimeSignatures, topLine, stave.GetFirstLine());
-    for (const std::unique_ptr<TabBar>& bar : stave.GetBars()) {
-        if (!bar->HasDash())
-            continue;
-        const int left = std::max(bar->GetStartColumn() - kColumnsInFrontOfBar, 0);
-        // The only one of a file is current from the start, and finding it again changes nothing.
-        if (const TabTimeSignature* found = above.FirstWithin(left, left + bar->GetWidth()))
-            current = found;
-        bar->SetTimeSignature(current);
-        bar->SetBarLength(length);
-        m_ReadableBars.push_back(bar.get());
-    }
-}
-
-bool TabAnalysis::IsTimeSignatureAt(int line, int column) const {
-    return FindTimeSignatureAt(m_TimeSignatures, line, column) != nullptr;
 }
 
 } // namespace Fretline
