@@ -4,7 +4,7 @@
 #include "Shared/Utils/FileName.h"
 #include "Shared/Utils/FileUrl.h"
 #include "Shared/Utils/platform/FileServices.h"
-#include "Shared/Utils/platform/PathRules.h"
+#include "Shared/Utils/platform/NativePaths.h"
 
 #include <algorithm>
 

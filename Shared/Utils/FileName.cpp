@@ -1,7 +1,7 @@
 #include "Shared/Utils/FileName.h"
 
 #include "Shared/Utils/platform/FileServices.h"
-#include "Shared/Utils/platform/PathRules.h"
+#include "Shared/Utils/platform/NativePaths.h"
 
 namespace Nvr {
 

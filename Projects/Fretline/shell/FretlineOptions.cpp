@@ -2,7 +2,7 @@
 
 #include "Shared/Utils/FileName.h"
 #include "Shared/Utils/FileStream.h"
-#include "Shared/Utils/PathText.h"
+#include "Shared/Utils/PathSplitting.h"
 #include "Shared/Utils/Reporting.h"
 #include "Shared/Utils/tree/TreeNodeReader.h"
 

@@ -2,7 +2,7 @@
 
 #include "Projects/Fretline/shell/FileTypes.h"
 #include "Shared/Utils/FileStream.h"
-#include "Shared/Utils/PathText.h"
+#include "Shared/Utils/PathSplitting.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "Shared/Utils/DiskFile.h"
 #include "Shared/Utils/DiskFolder.h"
-#include "Shared/Utils/PathText.h"
+#include "Shared/Utils/PathSplitting.h"
 #include "Shared/Utils/SafeFileWriter.h"
 #include "Shared/Utils/StandardFolders.h"
 #include "Shared/Utils/TempFiles.h"
@@ -18,7 +18,7 @@ namespace {
 using namespace Nvr;
 using namespace FilesTesting;
 
-TEST(PathText, SplitsAndJoinsAgain) {
+TEST(PathSplitting, SplitsAndJoinsAgain) {
     const struct {
         const char* Path;
         std::array<const char*, 4> Parts;

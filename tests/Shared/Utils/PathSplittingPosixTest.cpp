@@ -1,4 +1,4 @@
-#include "Shared/Utils/PathText.h"
+#include "Shared/Utils/PathSplitting.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@ namespace {
 
 using namespace Nvr;
 
-TEST(PathText, SplitsAndJoinsAgain) {
+TEST(PathSplitting, SplitsAndJoinsAgain) {
     const struct {
         const char* Path;
         const char* Folder;
@@ -31,7 +31,7 @@ TEST(PathText, SplitsAndJoinsAgain) {
     }
 }
 
-TEST(PathText, JoinPutsInWhatIsMissing) {
+TEST(PathSplitting, JoinPutsInWhatIsMissing) {
     EXPECT_EQ(JoinPath("", "/config", "FretlineOptions", "txt"), "/config/FretlineOptions.txt");
     EXPECT_EQ(JoinPath("", "", "FretlineOptions", ""), "FretlineOptions");
     EXPECT_EQ(JoinPath("", "/", "a", "b"), "/a.b");

@@ -1,6 +1,6 @@
-#include "Shared/Utils/PathText.h"
+#include "Shared/Utils/PathSplitting.h"
 
-#include "Shared/Utils/platform/PathRules.h"
+#include "Shared/Utils/platform/NativePaths.h"
 
 namespace Nvr {
 

@@ -1,4 +1,4 @@
-#include "Shared/Utils/platform/PathRules.h"
+#include "Shared/Utils/platform/NativePaths.h"
 
 #include "Shared/Utils/AsciiChars.h"
 #include "Shared/Utils/FileUrl.h"

@@ -1,4 +1,4 @@
-#include "Shared/Utils/FileNames.h"
+#include "Shared/Utils/FileNameCharacters.h"
 
 #include <algorithm>
 #include <string>
