@@ -42,9 +42,8 @@ void MakeScoreFile(const Nvr::DiskFile& reserved, String& path) {
 }
 
 bool ConvertInto(const String& sourcePath, const String& tempPath, const String& configFolder) {
-    const String optionsPath = FretlineOptions::PathIn(configFolder);
-    const FretlineOptions options(optionsPath);
-    const std::shared_ptr<Nvr::PluginOutput> output = TakeOutput();
+    const FretlineOptions options(FretlineOptions::PathIn(configFolder));
+    const std::shared_ptr<Nvr::PluginOutput> output = OutputOrStandIn();
     const std::unique_ptr<Nvr::TreeNodeRoot> score(Nvr::ResId(kTemplateResource).LoadFromResource());
     if (score == nullptr)
         return false;
@@ -55,14 +54,13 @@ bool ConvertInto(const String& sourcePath, const String& tempPath, const String&
 } // namespace
 
 int ConvertFile(const String& sourcePath, String& tempPath, const String& configFolder) {
-    String reservedPath;
-    TemporaryFile reserved(reservedPath);
+    TemporaryFile reserved;
     tempPath = String();
     for (int i = 0; i < kReservationTries && tempPath.IsEmpty(); ++i) {
         reserved.Delete();
         const Nvr::DiskFile file = Nvr::CreateTempFile();
-        reservedPath = PathOfNewFile(file);
-        if (reservedPath.IsEmpty())
+        reserved.Path() = PathOfNewFile(file);
+        if (reserved.Path().IsEmpty())
             break;
         MakeScoreFile(file, tempPath);
     }

@@ -15,7 +15,7 @@ enum RhythmLevel : int {
 
 /// The user's one option, kept in a small text tree. Children of the file that it does not know stay in it.
 ///
-/// Owns the tree; refers to the path, which must outlive it. A missing, damaged or unreadable file gives the
+/// Owns the tree and the path. A missing, damaged or unreadable file gives the
 /// default level, kRhythmsWhenIndicated, and no message.
 class FretlineOptions {
 public:
@@ -38,7 +38,7 @@ public:
 private:
     void Load();
 
-    const Nvr::String& m_Path;
+    Nvr::String m_Path;
     std::unique_ptr<Nvr::TreeNodeRoot> m_Tree;
     bool m_IsUnreadable = false;
     int m_RhythmLevel = kRhythmsWhenIndicated;

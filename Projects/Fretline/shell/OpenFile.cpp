@@ -88,15 +88,14 @@ void SetUpOutput(Nvr::PluginOutput& output, const String& fileName) {
 }
 
 void ConvertAndLoad(const String& path) {
-    String scorePath;
-    const TemporaryFile score(scorePath);
-    if (ConvertFile(path, scorePath, GetPluginState().ConfigFolder.data()) != 0)
-        LoadScore(scorePath);
+    TemporaryFile score;
+    if (ConvertFile(path, score.Path(), GetPluginState().ConfigFolder.data()) != 0)
+        LoadScore(score.Path());
 }
 
 void OpenTabFile(const String& path) {
     const String fileName = Nvr::DiskFile(path).GetFileName(true);
-    const std::shared_ptr<Nvr::PluginOutput> output = TakeOutput();
+    const std::shared_ptr<Nvr::PluginOutput> output = OutputOrStandIn();
     SetUpOutput(*output, fileName);
     Nvr::ResetFloatingPoint();
     if (!ShowOptions(GetPluginState().ParentWindow, GetPluginState().ConfigFolder.data()))

@@ -55,7 +55,7 @@ PluginState& GetPluginState() {
     return state;
 }
 
-std::shared_ptr<Nvr::PluginOutput> TakeOutput() {
+std::shared_ptr<Nvr::PluginOutput> OutputOrStandIn() {
     const std::shared_ptr<Nvr::PluginOutput>& output = GetPluginState().Output;
     return output != nullptr ? output : std::make_shared<Nvr::PluginOutput>(Nvr::String(), Nvr::String());
 }

@@ -30,7 +30,7 @@ PluginState& GetPluginState();
 
 /// The plug-in's output, or without a successful start one that has no host to speak to: a conversion then
 /// ends at its first progress report.
-std::shared_ptr<Nvr::PluginOutput> TakeOutput();
+std::shared_ptr<Nvr::PluginOutput> OutputOrStandIn();
 
 /// Start-up: floating point, failed allocations, host functions, what `host` names. `info` is filled
 /// whatever happens. False when the host lacks a function, or memory fails; none is bound then.

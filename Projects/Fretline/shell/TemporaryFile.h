@@ -7,32 +7,35 @@
 
 namespace Fretline {
 
-/// Deletes a file at the end of its own life, however that comes. Refers to the path, which must outlive it
-/// and may be settled later; nothing happens for an empty one or when there is no such file. Whoever settles
-/// it has made the file: one that another made under that name would go too.
+/// Deletes a file when it is destroyed. Owns the path, which is empty at first: then, and when there is no
+/// such file, nothing happens.
 class TemporaryFile {
 public:
-    explicit TemporaryFile(const Nvr::String& path) : m_Path(path) { m_Room.reserve(kLongestPath); }
+    TemporaryFile() { m_PathToDelete.reserve(kLongestPath); }
     ~TemporaryFile() { Delete(); }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
+    /// The path of the file. Whoever sets it has made the file: one that another made under that name would
+    /// be deleted too.
+    Nvr::String& Path() { return m_Path; }
+
     /// Deletes it now.
     void Delete() noexcept {
         try {
-            m_Room.assign(m_Path.View());
-            Nvr::Platform::RemoveFile(m_Room);
+            m_PathToDelete.assign(m_Path.View());
+            Nvr::Platform::RemoveFile(m_PathToDelete);
         } catch (...) {
             // A file too many in the folder for temporary files is the lesser evil.
         }
     }
 
 private:
-    /// More than a path that was a url can have: deleting needs no memory, which may be what is short.
+    // More than a path that was a url can have: deleting needs no memory, which may be what is short.
     static constexpr std::size_t kLongestPath = 4096;
 
-    const Nvr::String& m_Path;
-    std::string m_Room;
+    Nvr::String m_Path;
+    std::string m_PathToDelete;
 };
 
 } // namespace Fretline
