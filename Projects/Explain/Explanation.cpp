@@ -4,6 +4,7 @@
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/stave/TabChord.h"
 #include "Projects/Fretline/text/TabAnalysis.h"
+#include "Projects/Fretline/text/TabChars.h"
 #include "Projects/Fretline/text/TabFile.h"
 #include "Projects/Fretline/text/TabStave.h"
 #include "Projects/Fretline/text/TabTuning.h"
@@ -121,7 +122,7 @@ private:
                 const char character = m_File.GetChar(line, place);
                 if (Nvr::Ascii::IsDigit(character))
                     Mark(line, place, place + 1, Recognised::Fret);
-                else if (character == 'x' || character == 'X')
+                else if (Fretline::IsMuted(character))
                     Mark(line, place, place + 1, Recognised::MutedColumn);
             }
         }

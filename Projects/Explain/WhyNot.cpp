@@ -1,8 +1,10 @@
 #include "Projects/Explain/WhyNot.h"
 
-#include "Projects/Fretline/shell/TabFileTest.h"
+#include "Projects/Fretline/shell/IsTabFile.h"
+#include "Projects/Fretline/text/StaveDetection.h"
 #include "Projects/Fretline/text/TabAnalysis.h"
 #include "Projects/Fretline/text/TabFile.h"
+#include "Projects/Score/Utf8.h"
 #include "Projects/TabText/ReadingMessages.h"
 
 namespace Explain {
@@ -31,9 +33,10 @@ std::string WhyNotTaken(const std::filesystem::path& file) {
     case TabFileVerdict::Empty:
         return "is empty";
     case TabFileVerdict::NoLineOfHyphens:
-        return "is no tab: no line has 11 dashes or more";
+        return Score::Numbered("is no tab: no line has ", Fretline::kFewestHyphensOfATab) + " dashes or more";
     case TabFileVerdict::NotPlainText:
-        return "is not plain text: less than 95 % of it are printable characters";
+        return Score::Numbered("is not plain text: less than ", Fretline::kLeastPercentOfText) +
+               " % of it are printable characters";
     default:
         return "was not taken by the plug-in";
     }
@@ -41,7 +44,9 @@ std::string WhyNotTaken(const std::filesystem::path& file) {
 
 std::string WhyNoScore(const std::filesystem::path& file) {
     if (!HasReadableBars(std::filesystem::absolute(file)))
-        return "no stave was found in it (a stave has at least four lines of dashes, one below the other)";
+        return Score::Numbered("no stave was found in it (a stave has at least ",
+                               Fretline::kFewestLinesOfARun) +
+               " lines of dashes, one below the other)";
     return "its score could not be made: there is no music in its bars, or no room for temporary files";
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Projects/Fretline/score/ScoreTime.h"
 #include "Shared/Utils/tree/TreeNode.h"
 
 #include <optional>
@@ -8,9 +9,8 @@
 
 namespace Score {
 
-/// Score units to the whole note and to the crotchet.
-constexpr int kUnitsPerWholeNote = 1024;
-constexpr int kUnitsPerCrotchet = 256;
+using Fretline::kUnitsPerCrotchet;
+using Fretline::kUnitsPerWholeNote;
 
 struct ModelNote {
     /// From 0 at the lowest string. A text with staves of different heights gives notes on strings above

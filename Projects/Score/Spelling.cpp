@@ -1,5 +1,7 @@
 #include "Projects/Score/Spelling.h"
 
+#include "Projects/Fretline/score/Pitch.h"
+
 #include <array>
 #include <cstddef>
 
@@ -7,11 +9,10 @@ namespace Score {
 
 namespace {
 
-constexpr int kSteps = 7;
-constexpr int kSemitones = 12;
+constexpr int kSteps = Fretline::kStepsPerOctave;
+constexpr int kSemitones = Fretline::kSemitonesPerOctave;
 constexpr std::array<char, kSteps> kLetters{'C', 'D', 'E', 'F', 'G', 'A', 'B'};
 constexpr std::array<int, kSteps> kSemitoneOfStep{0, 2, 4, 5, 7, 9, 11};
-constexpr std::array<int, kSemitones> kStepOfSemitone{0, 0, 1, 2, 2, 3, 3, 4, 4, 5, 6, 6};
 
 } // namespace
 
@@ -22,8 +23,7 @@ SpelledPitch Spell(int midi, int diat) {
 }
 
 SpelledPitch SpellMidi(int midi) {
-    return Spell(midi,
-                 midi / kSemitones * kSteps + kStepOfSemitone[static_cast<std::size_t>(midi % kSemitones)]);
+    return Spell(midi, Fretline::DiatonicStepOf(midi));
 }
 
 } // namespace Score

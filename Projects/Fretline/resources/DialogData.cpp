@@ -1,3 +1,4 @@
+#include "Projects/Fretline/resources/ResourceNumbers.h"
 #include "Shared/Utils/platform/ResourceTable.h"
 
 // The bytes that the assembler puts between these two.
@@ -8,10 +9,8 @@ namespace {
 
 using Nvr::Platform::DataResource;
 
-constexpr int kDialogId = 100;
-
 const DataResource kData[] = {
-    {"DIALOG", "", kDialogId, {FretlineOptionsDialogBegin, FretlineOptionsDialogEnd}}};
+    {"DIALOG", "", Fretline::kDialogResource, {FretlineOptionsDialogBegin, FretlineOptionsDialogEnd}}};
 
 const Nvr::Platform::ResourceTable kResources({}, kData);
 

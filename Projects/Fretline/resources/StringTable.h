@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Projects/Fretline/resources/ResourceNumbers.h"
+
 #include <string_view>
 
 /// The texts that the user gets to see, in the one place from which every platform's resources are made.
@@ -12,9 +14,10 @@ struct ResourceText {
 };
 
 inline constexpr ResourceText kResourceTexts[] = {
-    {100, "Line %1 looks like it isn't a real tab stave line so it has been ignored"},
-    {101, "Lines %1 to %2 inclusive don't seem to be part of a real stave so they have been ignored"},
-    {102, "Importing Tab file"},
+    {kMessageLineIgnored, "Line %1 looks like it isn't a real tab stave line so it has been ignored"},
+    {kMessageLinesIgnored,
+     "Lines %1 to %2 inclusive don't seem to be part of a real stave so they have been ignored"},
+    {kProgressTitleResource, "Importing Tab file"},
 };
 
 } // namespace Fretline

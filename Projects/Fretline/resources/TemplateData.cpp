@@ -1,3 +1,4 @@
+#include "Projects/Fretline/resources/ResourceNumbers.h"
 #include "Shared/Utils/platform/ResourceTable.h"
 
 // The bytes that the assembler puts between these two.
@@ -8,9 +9,8 @@ namespace {
 
 using Nvr::Platform::DataResource;
 
-constexpr int kTemplateId = 100;
-
-const DataResource kData[] = {{"TREENODE", "", kTemplateId, {FretlineTemplateBegin, FretlineTemplateEnd}}};
+const DataResource kData[] = {
+    {"TREENODE", "", Fretline::kTemplateResource, {FretlineTemplateBegin, FretlineTemplateEnd}}};
 
 const Nvr::Platform::ResourceTable kResources({}, kData);
 

@@ -1,5 +1,6 @@
 #include "Projects/Fretline/score/BuildScore.h"
 
+#include "Projects/Fretline/score/Pitch.h"
 #include "Projects/Fretline/score/ScoreAccess.h"
 #include "Projects/Fretline/score/ScoreHolder.h"
 #include "Projects/Fretline/score/ScoreItems.h"
@@ -17,8 +18,6 @@ namespace {
 /// The part of the progress bar in which the bars of the text are read.
 constexpr int kFirstPercentOfBars = 20;
 constexpr int kPercentOfBars = 60;
-
-constexpr std::size_t kStringsOfBass = 4;
 
 /// "MakesStaveVisible" of the lead-in bar and of the bars of the system stave.
 constexpr int kBarWithoutMusic = 0;
@@ -80,7 +79,7 @@ public:
     bool Build() {
         AddBoolChild(&m_Music, "ReBeamAll", true);
         const TabBar& firstBar = *m_Analysis.GetReadableBars().at(0);
-        const InstrumentKind& instrument = firstBar.GetTuning().size() == kStringsOfBass ? kBass : kGuitar;
+        const InstrumentKind& instrument = firstBar.GetLineCount() == kStringsOfABass ? kBass : kGuitar;
         WriteInstrument(instrument);
         ClearLeadInSpacing();
         WriteStave(instrument);

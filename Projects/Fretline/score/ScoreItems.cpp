@@ -1,6 +1,7 @@
 #include "Projects/Fretline/score/ScoreItems.h"
 
 #include "Projects/Fretline/score/ScoreAccess.h"
+#include "Projects/Fretline/score/ScoreTime.h"
 
 namespace Fretline {
 
@@ -12,7 +13,6 @@ namespace {
 constexpr const char* kInstrumentNameStyle = "text.instrumentname";
 /// "Flags" of a time signature that a conversion writes.
 constexpr int kTimeSignatureFlags = 7;
-constexpr int kUnitsPerWholeNote = 1024;
 /// A system text keeps its height for each of the places where a system may show it.
 constexpr int kYPositionCount = 5;
 /// Bits of "MIDIflags".
@@ -28,11 +28,6 @@ TreeNode* AddLeadInItem(TreeNode* items, const char* kind) {
     TreeNode* const item = AddItem(items, kind);
     WriteItemHeader(item, kPositionBehindBar, kAllVoices, 0, 0);
     return item;
-}
-
-/// Positions and bar lengths are 16-bit numbers of the host; what lies beyond wraps.
-std::int16_t NarrowTo16Bits(int value) {
-    return static_cast<std::int16_t>(value);
 }
 
 int PackBank(int bankLow, int bankHigh) {

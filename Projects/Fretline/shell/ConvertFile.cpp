@@ -1,5 +1,6 @@
 #include "Projects/Fretline/shell/ConvertFile.h"
 
+#include "Projects/Fretline/resources/ResourceNumbers.h"
 #include "Projects/Fretline/score/ScoreAccess.h"
 #include "Projects/Fretline/score/TabConverter.h"
 #include "Projects/Fretline/shell/FretlineOptions.h"
@@ -17,7 +18,6 @@ using Nvr::String;
 
 namespace {
 
-constexpr int kTemplateResource = 100;
 /// A name that nobody can foretell is taken only by somebody who watches the folder and is quick.
 constexpr int kReservationTries = 10;
 

@@ -1,12 +1,12 @@
 #include "Projects/Fretline/shell/FretlineOptionsDialog.h"
 
+#include "Projects/Fretline/resources/ResourceNumbers.h"
 #include "Projects/Fretline/shell/FretlineOptions.h"
 
 namespace Fretline {
 
 namespace {
 
-constexpr int kDialogResource = 100;
 constexpr int kOk = 1;
 constexpr int kCancel = 2;
 constexpr int kDontShowAgain = 102;

@@ -1,9 +1,10 @@
 #include "Projects/Fretline/shell/OpenFile.h"
 
+#include "Projects/Fretline/resources/ResourceNumbers.h"
 #include "Projects/Fretline/shell/ConvertFile.h"
+#include "Projects/Fretline/shell/IsTabFile.h"
 #include "Projects/Fretline/shell/PluginState.h"
 #include "Projects/Fretline/shell/ShowOptions.h"
-#include "Projects/Fretline/shell/TabFileTest.h"
 #include "Projects/Fretline/shell/TemporaryFile.h"
 #include "Shared/NotaveraAPI/HostFunctions.h"
 #include "Shared/Utils/DiskFile.h"
@@ -19,7 +20,6 @@ using Nvr::String;
 
 namespace {
 
-constexpr int kProgressTitleResource = 102;
 constexpr int kNoContext = -2;
 
 /// What the host's progress dialog is created with.

@@ -1,6 +1,6 @@
 #include "Projects/Fretline/stave/BeatPositions.h"
 
-#include "Projects/Fretline/stave/ScoreTime.h"
+#include "Projects/Fretline/score/ScoreTime.h"
 #include "Projects/Fretline/text/TabAnalysis.h"
 #include "Projects/Fretline/text/TabFile.h"
 #include "Projects/Fretline/text/TabTimeSignature.h"

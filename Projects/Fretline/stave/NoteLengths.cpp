@@ -1,6 +1,6 @@
 #include "Projects/Fretline/stave/NoteLengths.h"
 
-#include "Projects/Fretline/stave/ScoreTime.h"
+#include "Projects/Fretline/score/ScoreTime.h"
 #include "Projects/Fretline/text/TabFile.h"
 
 #include <algorithm>

@@ -2,8 +2,8 @@
 
 #include "Projects/Fretline/score/ScoreAccess.h"
 #include "Projects/Fretline/score/ScoreItems.h"
+#include "Projects/Fretline/score/ScoreTime.h"
 #include "Projects/Fretline/stave/Rhythms.h"
-#include "Projects/Fretline/stave/ScoreTime.h"
 #include "Projects/Fretline/text/TabFile.h"
 
 #include <algorithm>

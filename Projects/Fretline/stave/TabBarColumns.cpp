@@ -1,5 +1,6 @@
 #include "Projects/Fretline/stave/TabBar.h"
 
+#include "Projects/Fretline/text/TabChars.h"
 #include "Projects/Fretline/text/TabFile.h"
 #include "Shared/Utils/AsciiChars.h"
 
@@ -12,10 +13,6 @@ namespace {
 
 // Guitars have hardly more frets; a run of digits of a higher value cannot be one number.
 constexpr int kHighestFretReadAsOneNumber = 22;
-
-bool IsMuted(char c) {
-    return c == 'x' || c == 'X';
-}
 
 /// The fret characters from some column on to the next other character.
 struct FretRun {

@@ -1,5 +1,6 @@
+#include "Projects/Fretline/score/Pitch.h"
 #include "Projects/Fretline/score/ScoreItems.h"
-#include "Projects/Fretline/stave/ScoreTime.h"
+#include "Projects/Fretline/score/ScoreTime.h"
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/text/TabFile.h"
 #include "Shared/Utils/AsciiChars.h"
@@ -7,21 +8,12 @@
 #include "Shared/Utils/tree/TreeNodeIterator.h"
 
 #include <algorithm>
-#include <array>
 #include <compare>
 #include <cstddef>
 
 namespace Fretline {
 
 namespace {
-
-constexpr int kChrom2PerSemitone = 2;
-constexpr int kSemitonesPerOctave = 12;
-constexpr int kStepsPerOctave = 7;
-
-// The diatonic step of each pitch class from C up: C, C sharp, D, E flat, E, F, F sharp, G, G sharp, A, B
-// flat, B.
-constexpr std::array<int, kSemitonesPerOctave> kDiatonicSteps = {0, 0, 1, 2, 2, 3, 3, 4, 4, 5, 6, 6};
 
 const std::vector<TabNote> kRest;
 
@@ -30,9 +22,7 @@ std::uint8_t NarrowTo8Bits(int value) {
 }
 
 std::uint8_t DiatOf(std::uint8_t chrom2) {
-    const int note = chrom2 / kChrom2PerSemitone;
-    const int step = kDiatonicSteps[static_cast<std::size_t>(note % kSemitonesPerOctave)];
-    return NarrowTo8Bits(note / kSemitonesPerOctave * kStepsPerOctave + step);
+    return NarrowTo8Bits(DiatonicStepOf(chrom2 / kChrom2PerSemitone));
 }
 
 } // namespace

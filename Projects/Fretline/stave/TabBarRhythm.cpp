@@ -1,7 +1,7 @@
+#include "Projects/Fretline/score/ScoreTime.h"
 #include "Projects/Fretline/stave/BeatPositions.h"
 #include "Projects/Fretline/stave/NoteLengths.h"
 #include "Projects/Fretline/stave/RhythmLines.h"
-#include "Projects/Fretline/stave/ScoreTime.h"
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/text/TabAnalysis.h"
 #include "Projects/Fretline/text/TabFile.h"

@@ -1,6 +1,6 @@
+#include "Projects/Fretline/score/ScoreTime.h"
 #include "Projects/Fretline/shell/FretlineOptions.h"
 #include "Projects/Fretline/stave/Rhythms.h"
-#include "Projects/Fretline/stave/ScoreTime.h"
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/text/TabFile.h"
 #include "Projects/Fretline/text/TabStave.h"

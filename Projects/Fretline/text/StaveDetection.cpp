@@ -1,5 +1,6 @@
 #include "Projects/Fretline/text/StaveDetection.h"
 
+#include "Projects/Fretline/resources/ResourceNumbers.h"
 #include "Projects/Fretline/text/TabChars.h"
 #include "Projects/Fretline/text/TabFile.h"
 
@@ -15,8 +16,6 @@ constexpr int kShareOfHyphens = 65;
 /// or at most this share of the average blank count.
 constexpr int kShareOfBlanks = 120;
 
-constexpr int kMessageLineIgnored = 100;
-constexpr int kMessageLinesIgnored = 101;
 constexpr int kMessageKind = 4;
 
 bool IsBlank(char c) {

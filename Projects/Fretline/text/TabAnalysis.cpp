@@ -1,6 +1,6 @@
 #include "Projects/Fretline/text/TabAnalysis.h"
 
-#include "Projects/Fretline/stave/ScoreTime.h"
+#include "Projects/Fretline/score/ScoreTime.h"
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/text/Labels.h"
 #include "Projects/Fretline/text/StaveDetection.h"

@@ -9,9 +9,14 @@ constexpr bool IsDash(char c) noexcept {
     return c == '-';
 }
 
+/// A struck dead string.
+constexpr bool IsMuted(char c) noexcept {
+    return c == 'x' || c == 'X';
+}
+
 /// What a player's finger may be noted with: part of a fret number, or a struck dead string.
 constexpr bool IsFretChar(char c) noexcept {
-    return Nvr::Ascii::IsDigit(c) || c == 'x' || c == 'X';
+    return Nvr::Ascii::IsDigit(c) || IsMuted(c);
 }
 
 /// The name of an open string; "H" is another name of the note B.

@@ -1,5 +1,6 @@
 #include "Projects/Fretline/text/TabTuning.h"
 
+#include "Projects/Fretline/score/Pitch.h"
 #include "Projects/Fretline/text/TabChars.h"
 #include "Projects/Fretline/text/TabFile.h"
 
@@ -12,11 +13,8 @@ namespace Fretline {
 namespace {
 
 constexpr int kMostStrings = 6;
-constexpr int kStringsOfABass = 4;
-constexpr int kSemitonesOfAnOctave = 12;
 /// A letter further above the standard one is meant below it.
 constexpr int kMostSemitonesUp = 4;
-constexpr int kChrom2OfASemitone = 2;
 
 using OpenStrings = std::array<int, kMostStrings>;
 
@@ -52,7 +50,7 @@ constexpr int SemitonesOf(char letter) {
 
 int ShiftOf(char letter, char standardLetter) {
     const int up = SemitonesOf(letter) - SemitonesOf(standardLetter);
-    return up > kMostSemitonesUp ? up - kSemitonesOfAnOctave : up;
+    return up > kMostSemitonesUp ? up - kSemitonesPerOctave : up;
 }
 
 int RightmostFirstDash(const TabFile& file, int firstLine, int lineCount) {
@@ -90,7 +88,7 @@ std::vector<int> FindTuning(const TabFile& file, int firstLine, int lineCount) {
     const int column = FindTuningColumn(file, firstLine, lineCount);
     const std::string letters = column < 0 ? std::string() : LettersIn(file, firstLine, lineCount, column);
     for (std::size_t string = 0; string < letters.size(); ++string)
-        tuning[string] += kChrom2OfASemitone * ShiftOf(letters[string], kStandardLetters[string]);
+        tuning[string] += kChrom2PerSemitone * ShiftOf(letters[string], kStandardLetters[string]);
     return tuning;
 }
 

@@ -1,5 +1,6 @@
 #include "Projects/Fretline/text/TimeSignatures.h"
 
+#include "Projects/Fretline/score/ScoreTime.h"
 #include "Projects/Fretline/text/TabFile.h"
 #include "Shared/Utils/AsciiChars.h"
 
@@ -10,8 +11,6 @@
 namespace Fretline {
 
 namespace {
-
-constexpr int kLogWholeNote = 10;
 
 /// How far a signature reaches from its slash on either side: two digits.
 constexpr int kMostDigits = 2;

@@ -1,20 +1,14 @@
 #include "Projects/Tools/TemplateBuilder/Rules.h"
 
+#include "Projects/Fretline/score/Pitch.h"
 #include "Projects/Tools/TemplateBuilder/Table.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 
 namespace TemplateBuilder {
 
 namespace {
-
-constexpr int kSemitonesPerOctave = 12;
-constexpr int kStepsPerOctave = 7;
-
-// The step in the octave of each pitch class from C on: C sharp, E flat, F sharp, G sharp, B flat.
-constexpr std::array<int, kSemitonesPerOctave> kStepOfPitchClass = {0, 0, 1, 2, 2, 3, 3, 4, 4, 5, 6, 6};
 
 // Keeps every sum and product below within an int.
 constexpr int kLargestArgument = 30000;
@@ -35,12 +29,6 @@ std::optional<bool> ParseMark(const std::string& mark) {
     if (mark == "no" || mark.empty())
         return false;
     return std::nullopt;
-}
-
-int DiatonicStep(int chrom2) {
-    const int note = chrom2 / 2;
-    return note / kSemitonesPerOctave * kStepsPerOctave +
-           kStepOfPitchClass[static_cast<std::size_t>(note % kSemitonesPerOctave)];
 }
 
 int HalfHeight(int lines, int separation) {
@@ -69,7 +57,7 @@ std::optional<std::string> ApplyRule(std::string_view rule, const std::vector<st
     if (rule == "twice" && numbers.size() == 1)
         return std::to_string(numbers[0] * 2);
     if (rule == "diat" && numbers.size() == 1)
-        return std::to_string(DiatonicStep(numbers[0]));
+        return std::to_string(Fretline::DiatonicStepOf(numbers[0] / Fretline::kChrom2PerSemitone));
     if (rule == "half-height" && numbers.size() == 2)
         return std::to_string(HalfHeight(numbers[0], numbers[1]));
     return std::nullopt;

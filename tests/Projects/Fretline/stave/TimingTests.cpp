@@ -1,6 +1,6 @@
 #include "tests/Projects/Fretline/stave/BarText.h"
 
-#include "Projects/Fretline/stave/ScoreTime.h"
+#include "Projects/Fretline/score/ScoreTime.h"
 
 #include <gtest/gtest.h>
 

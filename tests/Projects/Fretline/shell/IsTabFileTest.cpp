@@ -1,4 +1,4 @@
-#include "Projects/Fretline/shell/TabFileTest.h"
+#include "Projects/Fretline/shell/IsTabFile.h"
 
 #include "tests/support/ScratchFolder.h"
 

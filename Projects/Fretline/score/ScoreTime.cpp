@@ -1,4 +1,4 @@
-#include "Projects/Fretline/stave/ScoreTime.h"
+#include "Projects/Fretline/score/ScoreTime.h"
 
 #include <bit>
 

@@ -6,8 +6,11 @@
 /// Times are in score units, 1024 to the whole note.
 namespace Fretline {
 
-constexpr int kUnitsPerWholeNote = 1024;
-constexpr int kUnitsPerQuaver = 128;
+/// Base-2 logarithm of a whole note.
+constexpr int kLogWholeNote = 10;
+constexpr int kUnitsPerWholeNote = 1 << kLogWholeNote;
+constexpr int kUnitsPerCrotchet = kUnitsPerWholeNote / 4;
+constexpr int kUnitsPerQuaver = kUnitsPerWholeNote / 8;
 /// Sums of time stop growing here: far behind any music, and low enough for every later sum and rounding.
 constexpr int kLongestTime = 1 << 30;
 
@@ -20,7 +23,7 @@ int RoundToMultipleOf32(int time);
 int RoundToMultipleOf64(int time);
 /// The largest e with 1 << e not more than `value`, which is 1 or more.
 int FloorLog2(int value);
-/// The low 16 bits, read as a signed number.
+/// The low 16 bits, read as a signed number: positions and bar lengths are 16-bit numbers of the host.
 std::int16_t NarrowTo16Bits(int value);
 
 } // namespace Fretline

@@ -1,4 +1,4 @@
-#include "Projects/Fretline/shell/TabFileTest.h"
+#include "Projects/Fretline/shell/IsTabFile.h"
 
 #include "Projects/Fretline/shell/FileTypes.h"
 #include "Shared/Utils/FileStream.h"
@@ -15,8 +15,6 @@ using Nvr::String;
 
 namespace {
 
-constexpr int kMostHyphensOfPlainText = 10;
-constexpr std::int64_t kLeastPercentOfText = 95;
 constexpr std::size_t kBlockSize = 65536;
 
 /// Counts what tells a tab from another text; a file of any size takes the same room.
@@ -43,7 +41,7 @@ private:
             ++m_Acceptable;
         if (byte == '\n' || byte == '\r')
             m_HyphensOfLine = 0;
-        else if (byte == '-' && ++m_HyphensOfLine > kMostHyphensOfPlainText)
+        else if (byte == '-' && ++m_HyphensOfLine >= kFewestHyphensOfATab)
             m_HasLineOfHyphens = true;
     }
 

@@ -4,6 +4,11 @@
 
 namespace Fretline {
 
+/// A text without a line of this many hyphens is no tab.
+constexpr int kFewestHyphensOfATab = 11;
+/// A text with a smaller share of printable characters is no plain text.
+constexpr int kLeastPercentOfText = 95;
+
 /// Whether a file is ours to handle, and the first reason why not.
 enum class TabFileVerdict {
     Accepted,
