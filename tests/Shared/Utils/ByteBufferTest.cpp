@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
+#include <utility>
 
 using Nvr::ByteBuffer;
 
@@ -33,6 +34,21 @@ TEST(ByteBuffer, AppendsItself) {
     buffer.Append(buffer.Data(4), 2);
     EXPECT_EQ(buffer.AppendFrom(buffer, 6, 1), 1);
     EXPECT_EQ(buffer.View(), "abcabcbcb");
+}
+
+TEST(ByteBuffer, CopiesAreTheirOwn) {
+    ByteBuffer buffer("a\nb\nc", 5);
+    ByteBuffer copy(buffer);
+    buffer.At(2) = 'x';
+    EXPECT_EQ(copy.View(), "a\nb\nc");
+    ByteBuffer moved(std::move(buffer));
+    EXPECT_EQ(moved.View(), "a\nx\nc");
+    copy = moved;
+    moved.Clear();
+    EXPECT_EQ(copy.FindLastLineFeed(), 3);
+    EXPECT_EQ(moved.FindLastLineFeed(), -1);
+    moved = std::move(copy);
+    EXPECT_EQ(moved.View(), "a\nx\nc");
 }
 
 TEST(ByteBuffer, ReadsWithinTheSize) {

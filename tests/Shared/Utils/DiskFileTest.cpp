@@ -1,5 +1,7 @@
 #include "Shared/Utils/DiskFile.h"
 #include "Shared/Utils/DiskFolder.h"
+#include "Shared/Utils/FileName.h"
+#include "Shared/Utils/FileNameCharacters.h"
 #include "tests/Shared/Utils/FilesTesting.h"
 
 #include <gtest/gtest.h>
@@ -72,6 +74,32 @@ TEST(DiskFile, ChangesItsExtension) {
         EXPECT_TRUE(file.ChangeExtension(row.Extension, false, row.Keep)) << row.Why;
         EXPECT_EQ(Text(file.GetPath()), Native(row.Expected)) << row.Why;
     }
+}
+
+TEST(FileName, TellsWhatIsAtThePath) {
+    const Scratch scratch;
+    const DiskFile file(String(scratch.Write("a b.Tab", "12345")));
+    FileName name, missing(scratch.PathText("missing"));
+    EXPECT_FALSE(DiskFile().ToFileName(name));
+    ASSERT_TRUE(file.ToFileName(name));
+    EXPECT_EQ(name.GetPath(), file.GetPath());
+    EXPECT_TRUE(name.IsFile() && !name.IsFolder() && name.HasExtension("tAB") && !name.HasExtension(".tab"));
+    EXPECT_TRUE(FileName(String(scratch.Path())).IsFolder());
+    EXPECT_FALSE(missing.IsFile() || missing.IsFolder() || missing.CopyTo(name) || name.CopyTo(name));
+    EXPECT_EQ(name.GetSize(), 5);
+    EXPECT_EQ(missing.GetSize(), 0);
+    EXPECT_EQ(missing.GetModificationTime(), 2147483647);
+    EXPECT_NE(name.GetModificationTime(), 2147483647);
+    const FileName target(String(scratch.Write("target", "a longer text that goes")));
+    EXPECT_TRUE(name.CopyTo(target));
+    EXPECT_EQ(ReadAll(scratch.Path("target")), "12345");
+}
+
+TEST(FileNameCharacters, BecomeBlanks) {
+    const String name("a<b>c:d\"e/f\\g|h'i(j)k*l?m");
+    EXPECT_EQ(ReplaceIllegalCharacters(name), "a b c d e f g h'i(j)k l m");
+    EXPECT_EQ(MakeSafeName(name), "a b c d e f g h i j k l m");
+    EXPECT_TRUE(HasIllegalCharacters(name) && !HasIllegalCharacters("h'i(j)k"));
 }
 
 TEST(DiskFile, ChangesItsExtensionOnDiskOnlyWhenAsked) {

@@ -57,6 +57,8 @@ TEST(NvrStringEdit, MakesNewTextsAndKeepsTheOld) {
         {String("\xA0x\xA0").Trim(), "x", "the no-break space is white"},
         {text.RemoveCRs(), " a b\nA ", "the line feed stays"},
         {text.ReplaceChar(' ', '_'), "_a_b\r\nA_", "each one"},
+        {text.RemoveSpaces(), "abA", "none left"},
+        {String("aba").RemoveChar('a'), "b", "wherever it stands"},
         {String("a.b").ReplaceChar('.', '\0'), "a", "a zero ends the text"},
         {String("a\xE9\xDF\xFF").ToUpper(), "A\xC9\xDF\x9F", "the code page's letters"},
         {String("A\xC9\xD7\x8A").ToLower(), "a\xE9\xD7\x9A", "the multiplication sign is no letter"},
@@ -66,7 +68,7 @@ TEST(NvrStringEdit, MakesNewTextsAndKeepsTheOld) {
 
 TEST(NvrStringEdit, WhatChangesNothingSharesTheRepresentation) {
     const String text("abc");
-    EXPECT_TRUE(text.RemoveCRs().SharesTextWith(text));
+    EXPECT_TRUE(text.RemoveCRs().SharesTextWith(text) && text.RemoveChar('x').SharesTextWith(text));
     EXPECT_TRUE(text.ReplaceChar('x', 'y').SharesTextWith(text));
     EXPECT_TRUE(text.ReplaceAll("x", "y").SharesTextWith(text));
     EXPECT_TRUE((text + String()).SharesTextWith(text));
@@ -86,6 +88,8 @@ TEST(NvrStringEdit, ReplaceAllGoesLeftToRight) {
 TEST(NvrStringEdit, WritesNumbers) {
     ExpectEdits({
         {String::FromInt(std::numeric_limits<std::int32_t>::min()), "-2147483648", "the lowest"},
+        {String::FromInt64(std::numeric_limits<std::int64_t>::min()), "-9223372036854775808", "in 64 bits"},
+        {String::FromBool(true) + String::FromBool(false), "10", "yes and no"},
         {String::FromFloat(1.5), "1.500000", "six decimals"},
         {String::FromFloat(1.5, 3, true), "1.5", "zeros are cut"},
         {String::FromFloat(2.0, 3, true), "2", "and a bare point"},

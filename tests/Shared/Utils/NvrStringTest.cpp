@@ -112,6 +112,28 @@ TEST(NvrString, SearchesGiveAnIndexOrMinusOne) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(row.Result, row.Expected) << row.Why;
+    const struct {
+        bool Result;
+        bool Expected;
+        const char* Why;
+    } tests[] = {
+        {text.MatchesAt(3, 2, "ab"), true, "the same bytes"},
+        {text.MatchesAt(3, 2, "abc"), false, "the other is longer"},
+        {text.MatchesAtIgnoreCase(3, 2, "ABC"), true, "here its start is enough"},
+        {text.MatchesAtIgnoreCase(3, 3, "AB"), false, "but it has to have one"},
+        {text.MatchesAtIgnoreCase(6, 2, "c"), false, "past the end"},
+        {text.MatchesAt(-1, 1, "a"), false, "before the start"},
+        {text.MatchesAt(7, 0, ""), true, "nothing at the end"},
+        {String("09").IsDigits() && String().IsDigits(), true, "digits, or nothing at all"},
+        {String("0x").IsDigits(), false, "a letter"},
+        {String("0x\xE9").IsAlphanumeric(), true, "letters of the code page"},
+        {String("0 x").IsAlphanumeric(), false, "a blank"},
+    };
+    for (const auto& test : tests)
+        EXPECT_EQ(test.Result, test.Expected) << test.Why;
+    EXPECT_EQ(String(" -12x").ToInt() + String("30").ToLong(), 18);
+    EXPECT_EQ(String("0x1.8p1").ToFloat(), 3.0F);
+    EXPECT_EQ(String("1012").FromBinaryDigits(), 5U) << "the leading run";
     EXPECT_EQ(text.CharAt(8), '\0');
     EXPECT_EQ(text.CharAt(-1), '\0');
 }

@@ -118,6 +118,20 @@ TEST(ByteBuffer, TakesAStreamFromItsStartOrAsFarAsItCanBeRead) {
     }
 }
 
+TEST(CInStream, ReadsNumbersAndCharactersPastWhiteSpace) {
+    std::istringstream source(" 4294967295 \r\n xz");
+    CInStream stream(source);
+    unsigned long number = 0;
+    unsigned char character = 0, next = 0;
+    stream >> number >> character;
+    EXPECT_TRUE(stream.Get(next));
+    EXPECT_EQ(number, 4294967295UL);
+    EXPECT_EQ(character, 'x');
+    EXPECT_EQ(next, 'z');
+    stream >> character;
+    EXPECT_EQ(character, 'x') << "nothing is left";
+}
+
 TEST(FileStream, BytesComeBackUnchangedUnderAnyName) {
     const Scratch scratch;
     std::string bytes("line\r\nnext\n\r\x1A\0\xFF", 15);

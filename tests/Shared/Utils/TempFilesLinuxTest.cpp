@@ -40,6 +40,24 @@ TEST(TempFiles, FolderIsTheUsersChoiceWhenItIsOfUse) {
     }
 }
 
+TEST(StandardFolders, AreThoseOfTheUserAndTheProgram) {
+    const Scratch scratch;
+    const Environment data("XDG_DATA_HOME", scratch.Path());
+    EXPECT_EQ(Text(UserDataFolder(false, false).GetPath()), scratch.Path());
+    EXPECT_EQ(Text(UserDataFolder(true, true).GetPath()), scratch.Path("Notavera Software/Notavera"));
+    EXPECT_EQ(Text(CommonDataFolder(false, true).GetPath()), "/var/lib/Notavera");
+    EXPECT_EQ(scratch.CountEntries(), 0U) << "named, not made";
+    EXPECT_TRUE(LogsFolder().Exists());
+    EXPECT_EQ(Text(LogsFolder().GetPath()), scratch.Path("Notavera Software/Logs"));
+    EXPECT_TRUE(DiskFile(ApplicationFolder(), "test_utils").Exists());
+    {
+        const Environment unset("XDG_DATA_HOME", std::nullopt), home("HOME", "/somebody");
+        EXPECT_EQ(Text(UserDataFolder(false, false).GetPath()), "/somebody/.local/share");
+    }
+    const Environment unset("XDG_DATA_HOME", "relative"), home("HOME", std::nullopt);
+    EXPECT_TRUE(UserDataFolder(false, false).GetUrl().View().ends_with("/.local/share")) << "of the account";
+}
+
 TEST(TempFiles, FolderThatTakesNoFilesIsPassedOver) {
     const Scratch scratch;
     std::filesystem::permissions(scratch.Path(), std::filesystem::perms(0555));

@@ -30,6 +30,15 @@ TEST(TempFiles, FileIsNewAndEmpty) {
     EXPECT_EQ(scratch.CountEntries(), 0U);
 }
 
+TEST(TempFiles, UniqueNameIsFreeAndTheFileNotMade) {
+    const Scratch scratch;
+    const DiskFile file = UniqueFile(DiskFolder(String(scratch.Path())));
+    const std::string name = Text(file.GetFileName(true));
+    EXPECT_TRUE(name.size() == 14 && name.starts_with("temp") && String(name.substr(4)).IsDigits()) << name;
+    EXPECT_EQ(Text(file.GetParent().GetPath()), scratch.Path());
+    EXPECT_FALSE(file.Exists());
+}
+
 TEST(TempFiles, NoFolderGivesNoObject) {
     const Scratch scratch;
     EXPECT_TRUE(CreateTempFile(DiskFolder(scratch.PathText("missing"))).GetUrl().IsEmpty());
