@@ -49,7 +49,7 @@ struct DialogLayout {
     static std::optional<DialogLayout> Load(const ResId& id);
 };
 
-/// The lower-case letter behind "&", or 0; and the text without its "&".
+/// The lower-case letter after "&", or 0; and the text without its "&".
 char MnemonicOf(const std::string& text);
 std::string TextWithoutMark(const std::string& text);
 

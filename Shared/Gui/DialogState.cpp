@@ -28,8 +28,8 @@ void DialogState::SetChecked(int controlId, bool checked) {
     if (place < 0)
         return;
     if (checked && At(place).Kind == DialogControlKind::RadioButton) {
-        const auto [first, behind] = GroupOf(place);
-        for (int other = first; other < behind; ++other)
+        const auto [first, end] = GroupOf(place);
+        for (int other = first; other < end; ++other)
             if (At(other).Kind == DialogControlKind::RadioButton)
                 m_Checked[static_cast<std::size_t>(other)] = 0;
     }
@@ -59,8 +59,8 @@ void DialogState::FocusOn(int place) {
     m_Focus = place;
     if (At(place).Kind != DialogControlKind::RadioButton)
         return;
-    const auto [first, behind] = GroupOf(place);
-    for (int other = first; other < behind; ++other)
+    const auto [first, end] = GroupOf(place);
+    for (int other = first; other < end; ++other)
         if (m_Checked[static_cast<std::size_t>(other)] != 0)
             m_Focus = other;
 }
@@ -68,8 +68,8 @@ void DialogState::FocusOn(int place) {
 void DialogState::MoveInGroup(int step) {
     if (m_Focus < 0)
         return;
-    const auto [first, behind] = GroupOf(m_Focus);
-    const int size = behind - first;
+    const auto [first, end] = GroupOf(m_Focus);
+    const int size = end - first;
     m_Focus = first + (m_Focus - first + step + size) % size;
     if (At(m_Focus).Kind == DialogControlKind::RadioButton)
         SetChecked(At(m_Focus).Id, true);
@@ -119,10 +119,10 @@ std::pair<int, int> DialogState::GroupOf(int place) const {
     int first = place;
     while (first > 0 && !At(first).StartsGroup)
         --first;
-    int behind = place + 1;
-    while (behind < static_cast<int>(m_Layout.Controls.size()) && !At(behind).StartsGroup)
-        ++behind;
-    return {first, behind};
+    int end = place + 1;
+    while (end < static_cast<int>(m_Layout.Controls.size()) && !At(end).StartsGroup)
+        ++end;
+    return {first, end};
 }
 
 } // namespace Nvr

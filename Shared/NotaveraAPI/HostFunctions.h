@@ -29,7 +29,7 @@ bool BindHostFunctions();
 void* ProgressContext();
 void SetProgressContext(void* context);
 
-/// Stands beside each call of a host function on the road of a conversion: a host may leave the
+/// Follows each call of a host function during a conversion: a host may leave the
 /// floating-point unit as it likes, and the plug-in goes on with its own state when the call has returned or
 /// thrown.
 class HostCallGuard {

@@ -8,7 +8,7 @@
  * Calls: every function, in both directions, is called as the platform's C compiler calls a function that is
  * declared without any more words. On 32-bit Windows that is cdecl: arguments on the stack from right to
  * left, taken away by the caller, the result in EAX. Names are exported as they stand here, without an
- * underscore in front or a count of bytes behind.
+ * underscore in front or a count of bytes at the end.
  *
  * Threads: the plug-in starts none and takes no lock. The host makes one call at a time, all of them on one
  * thread; the plug-in calls back on that thread, and only while one of its own functions runs.

@@ -33,11 +33,6 @@ constexpr bool IsSpace(char c) noexcept {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-/// Space to tilde.
-constexpr bool IsPrint(char c) noexcept {
-    return c >= ' ' && c <= '~';
-}
-
 constexpr char ToLower(char c) noexcept {
     return IsUpper(c) ? static_cast<char>(c - 'A' + 'a') : c;
 }

@@ -23,12 +23,12 @@ public:
     /// True when the path is there and is not a folder.
     bool Exists() const override;
 
-    /// What stands behind the last slash of the url, extension included; with `unescape` the name as the user
+    /// The part of the url after its last slash, extension included; with `unescape` the name as the user
     /// wrote it.
     String GetFileName(bool unescape) const;
     /// The unescaped name before its last dot; the whole name when it has none.
     String GetBaseName() const;
-    /// The unescaped name behind its last dot; empty when it has none.
+    /// The unescaped name after its last dot; empty when it has none.
     String GetExtension() const;
     /// Ignores case.
     bool HasExtension(const String& extension) const;
@@ -50,7 +50,7 @@ public:
     /// False when it does not exist or cannot be removed.
     bool Delete(bool allowUndo) const;
 
-    /// Makes the file, empty and for the user alone. False when anything has its name already, be it a link
+    /// Makes the file, empty and for the user alone. False when anything has its name already, even a link
     /// that leads nowhere: after true nobody else has made it or can put another in its place in a folder for
     /// temporary files.
     bool CreateNew() const;

@@ -70,7 +70,7 @@ bool DiskObject::SetReadOnly(bool readOnly) const {
 
 std::string_view DiskObject::LastPart() const {
     const std::string_view url = WithoutLastSlash(m_Url.View());
-    // Without any slash the whole url stands behind none.
+    // A url without a slash is its own last part.
     return url.substr(url.rfind('/') + 1);
 }
 

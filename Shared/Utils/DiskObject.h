@@ -59,7 +59,7 @@ protected:
     void SetUrl(const String& url) { m_Url = url; }
     /// The native path as the platform takes it.
     std::string NativePath() const;
-    /// What stands behind the last slash, one at the very end not counted.
+    /// The part of the url after its last slash, not counting a slash at the very end.
     std::string_view LastPart() const;
 
 private:

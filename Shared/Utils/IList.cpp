@@ -6,12 +6,12 @@ namespace Nvr {
 
 void IList::Add(IListElement* element) {
     if (element != nullptr)
-        InsertBehind(m_Tail, element);
+        InsertAfter(m_Tail, element);
 }
 
 void IList::AddFirst(IListElement* element) {
     if (element != nullptr)
-        InsertBehind(&m_Head, element);
+        InsertAfter(&m_Head, element);
 }
 
 void IList::Insert(IListElement* element, int index) {
@@ -20,7 +20,7 @@ void IList::Insert(IListElement* element, int index) {
     else if (index <= 0)
         AddFirst(element);
     else if (element != nullptr)
-        InsertBehind(GetAt(index - 1), element);
+        InsertAfter(GetAt(index - 1), element);
 }
 
 void IList::Remove(IListElement* element) {
@@ -82,7 +82,7 @@ void IList::TakeFrom(IList& other) {
     other.MakeEmpty();
 }
 
-void IList::InsertBehind(IListElement* place, IListElement* element) {
+void IList::InsertAfter(IListElement* place, IListElement* element) {
     element->m_Next = std::exchange(place->m_Next, element);
     if (m_Tail == place)
         m_Tail = element;

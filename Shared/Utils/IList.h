@@ -13,7 +13,7 @@ public:
     IListElement& operator=(const IListElement&) = delete;
     virtual ~IListElement() = default;
 
-    /// The element behind this one; null at the end and in no list.
+    /// The element after this one; null at the end and in no list.
     IListElement* Next() const { return m_Next; }
 
 private:
@@ -62,7 +62,7 @@ public:
     void TakeFrom(IList& other);
 
 private:
-    void InsertBehind(IListElement* place, IListElement* element);
+    void InsertAfter(IListElement* place, IListElement* element);
     /// What links to `element`, or null when nothing does.
     IListElement* FindBefore(const IListElement* element);
     void MakeEmpty();

@@ -60,8 +60,8 @@ bool StartsWithHexadecimal(std::string_view text) {
     return text.size() > kHexadecimalPrefixLength && text[0] == '0' && Ascii::ToLower(text[1]) == 'x';
 }
 
-// What from_chars gives for "too large" and "too small" alike is told apart by the number just behind it: the
-// power of ten that the first digit other than 0 stands for, plus the exponent.
+// from_chars gives the same error for "too large" and "too small". The power of ten of the first digit other
+// than 0, with the exponent added, tells which it is.
 bool IsTooLarge(std::string_view digits) {
     long long power = -1;
     bool seenPoint = false;
@@ -173,10 +173,6 @@ int ParseInt(std::string_view text) {
 
 long ParseLong(std::string_view text) {
     return ParseWhole<long>(text);
-}
-
-long long ParseLongLong(std::string_view text) {
-    return ParseWhole<long long>(text);
 }
 
 double ParseDouble(std::string_view text) {

@@ -29,7 +29,7 @@ private:
     std::size_t m_Length;
 };
 
-/// `value` with `decimals` digits behind the point, as "%.*f" gives it; a negative `decimals` means six, as
+/// `value` with `decimals` digits after the point, as "%.*f" gives it; a negative `decimals` means six, as
 /// in "%f". "inf", "-inf", "nan" and "-nan" for what is no number.
 std::string FormatFixed(double value, int decimals = -1);
 
@@ -37,7 +37,6 @@ std::string FormatFixed(double value, int decimals = -1);
 /// it. 0 when there is none; the nearest limit of the type for a number that it cannot hold.
 int ParseInt(std::string_view text);
 long ParseLong(std::string_view text);
-long long ParseLongLong(std::string_view text);
 
 /// The number that `text` starts with, as strtod and atof read it: white space, a sign, then digits with an
 /// optional point and exponent, or hexadecimal after "0x", or "inf", "infinity", "nan". 0 when there is

@@ -14,7 +14,7 @@ class StringList;
 ///
 /// A string is one pointer to a shared, reference-counted representation with a cached hash; copying it is
 /// one increment. Every operation that changes a string makes a new representation. A string cannot hold a
-/// zero byte: what stands behind the first zero is lost. Indexes are byte offsets from 0; a negative one lies
+/// zero byte: bytes after the first zero are lost. Indexes are byte offsets from 0; a negative one lies
 /// outside, as one past the end does. A search that finds nothing gives -1. An operation that finds nothing
 /// to change gives the same representation. Nothing here is safe across threads. A failed allocation raises
 /// OutOfMemoryException or std::bad_alloc and leaves the string as it was.
@@ -130,7 +130,7 @@ public:
     static String FromUnsigned64(std::uint64_t value);
     /// "1" or "0".
     static String FromBool(bool value);
-    /// Six decimals when `decimals` is -1. `trimZeros` cuts zeros behind the point, and a bare point.
+    /// Six decimals when `decimals` is -1. `trimZeros` cuts zeros after the point, and a bare point.
     static String FromFloat(double value, int decimals = -1, bool trimZeros = false);
 
     /// What functions return by reference when they have nothing to return.
@@ -141,7 +141,7 @@ public:
 
 private:
     /// What the strings of one text share. Made in one of three shapes: the one empty representation, which
-    /// is never freed; text and zero behind the representation in the same allocation; or a buffer made
+    /// is never freed; text and zero after the representation in the same allocation; or a buffer made
     /// elsewhere with array new. The bytes never change once a string points here; only hash and mark do.
     struct Representation {
         const char* Text;

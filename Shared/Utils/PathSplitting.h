@@ -9,7 +9,7 @@ namespace Nvr {
 /// dot, and the extension with its dot. Each is empty when the path has none; joined they are the path again.
 void SplitPath(const String& path, String& drive, String& folder, String& name, String& extension);
 
-/// Puts in the separator behind the folder and the dot before the extension where they are missing.
+/// Puts in the separator after the folder and the dot before the extension where they are missing.
 String JoinPath(const String& drive, const String& folder, const String& name, const String& extension);
 
 } // namespace Nvr

@@ -37,9 +37,9 @@ struct ReportSettings {
 ReportSettings& GetReportSettings();
 
 /// Passes the message to the log sink, and with the debug switch "DumpErrorCalls" of the group
-/// "Miscellaneous" the call stack behind it. Never throws.
+/// "Miscellaneous" the call stack after it. Never throws.
 void ReportError(const String& message) noexcept;
-/// The same for a literal; text that cannot be copied for want of memory is not reported.
+/// The same for a literal; text that cannot be copied because memory is short is not reported.
 void ReportError(const char* message) noexcept;
 
 /// Where the latest report or raise through one of the operations below was made.

@@ -60,7 +60,7 @@ public:
 /// A target of bytes with a position. Numbers are written in decimal, the same in every locale.
 class OutStream : public virtual Stream {
 public:
-    /// Six significant digits, zeros behind the point left out.
+    /// Six significant digits, zeros after the point left out.
     virtual OutStream& operator<<(float value) = 0;
     virtual OutStream& operator<<(unsigned long value) = 0;
     virtual OutStream& operator<<(long value) = 0;

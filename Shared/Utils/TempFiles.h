@@ -6,7 +6,7 @@
 /// Names that no other file has.
 namespace Nvr {
 
-/// Makes an empty file in `TempFolder`, for the user alone: "nv", a number that nobody can foretell, ".tmp".
+/// Makes an empty file in `TempFolder`, for the user alone: "nv", a number that nobody can predict, ".tmp".
 /// An empty url when the folder is missing or takes no file. The caller deletes it.
 ///
 /// Whoever writes a second file beside it (the same name, another extension) makes that with

@@ -14,7 +14,7 @@ namespace Nvr {
 ///
 /// Indexes count from 0; an index that is not there does nothing, but for GetAt, which does not look. The
 /// capacity grows as that of AList: by the grow-by (4, unless given) whenever it is full, or doubling with a
-/// grow-by of 0; the array behind it grows in larger steps, so that a long list costs what its length says.
+/// grow-by of 0; its array grows in larger steps, so that a long list costs what its length says.
 /// Slots that hold no element hold no object. A failed allocation leaves the list as it was. References to
 /// elements last until the next addition or removal.
 template <class T>
@@ -128,21 +128,6 @@ private:
     std::vector<T> m_Items;
     std::uint32_t m_Capacity = 0;
     std::uint32_t m_GrowBy = ListGrowth::kDefaultGrowBy;
-};
-
-/// Walks a list, which it borrows, from the front. The count is asked afresh on each step.
-template <class T>
-class TVAListIterator {
-public:
-    explicit TVAListIterator(const TVAList<T>& list) : m_List(&list) {}
-
-    /// The next element, or null at the end.
-    const T* Next() { return m_Index < m_List->Count() ? &m_List->GetAt(m_Index++) : nullptr; }
-    void Reset() { m_Index = 0; }
-
-private:
-    const TVAList<T>* m_List;
-    int m_Index = 0;
 };
 
 } // namespace Nvr

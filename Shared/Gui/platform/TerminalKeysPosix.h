@@ -28,7 +28,7 @@ struct TerminalKey {
 };
 
 /// Waits for the next key. Sequences of bytes that terminals send for one key are taken together; an Escape
-/// on its own is told from the start of such a sequence by the pause behind it.
+/// on its own is told from the start of such a sequence by the pause after it.
 TerminalKey ReadKey(const TerminalMode& terminal);
 
 } // namespace Nvr::Platform

@@ -20,7 +20,7 @@ constexpr std::string_view kEnter = "\x1b[?1049h\x1b[?25l\x1b[2J";
 constexpr std::string_view kLeave = "\x1b[0m\x1b[?25h\x1b[?1049l";
 constexpr std::array<int, 5> kEndingSignals{SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGTSTP};
 
-// What a signal handler needs stands here: a handler is given nothing else.
+// What a signal handler needs: it is given nothing else.
 volatile std::sig_atomic_t g_resized = 0;
 int g_file = -1;
 termios g_modeBefore{};

@@ -4,8 +4,8 @@
 #include <string>
 
 /// Everything that the system says about files and folders, and does with them. One source a platform. Paths
-/// are native and absolute, in the system's own bytes. Nothing here reports or throws (but for want of
-/// memory): what cannot be done gives false or an empty answer, and leaves files as they were.
+/// are native and absolute, in the system's own bytes. Nothing here reports, or throws anything but an
+/// allocation failure: what cannot be done gives false or an empty answer, and leaves files as they were.
 namespace Nvr::Platform {
 
 enum class FileKind {
@@ -50,10 +50,10 @@ bool CopyFileContents(const std::string& from, const std::string& to);
 /// afterwards.
 bool MakeFolder(const std::string& path);
 
-/// Makes an empty file that only the user may read and write. False when anything, be it a broken link, has
+/// Makes an empty file that only the user may read and write. False when anything, even a broken link, has
 /// that name already.
 bool CreatePrivateFile(const std::string& path);
-/// A number that nobody can foretell.
+/// A number that nobody can predict.
 std::uint64_t UnguessableNumber();
 
 /// Where a new version of a file is to be written, and how it takes the file's place.
@@ -71,7 +71,7 @@ struct Replacement {
 Replacement PrepareReplacement(const std::string& path);
 /// Puts `Beside` in the place of `Target` in one step. After a failure both are as they were.
 bool FinishReplacement(const Replacement& replacement);
-/// Waits until the contents of a file stand on the disk itself. False when the disk has failed in that; true
+/// Waits until the contents of a file are on the disk itself. False when the disk has failed in that; true
 /// also where the system has no such promise to give.
 bool FlushToDisk(const std::string& path);
 

@@ -100,7 +100,7 @@ std::string LongDateAndTime(std::int64_t time) {
 
 std::uint64_t UnguessableNumber() {
     // Fails only where the system has no random numbers at all; the names made of it are then taken, not
-    // foretold.
+    // predicted.
     unsigned high = 0;
     unsigned low = 0;
     if (rand_s(&high) != 0 || rand_s(&low) != 0)

@@ -12,14 +12,14 @@ struct PathParts {
     std::string Drive;
     /// With the separator at its end.
     std::string Folder;
-    /// What stands before the last dot behind the folder.
+    /// The part after the folder and before the last dot.
     std::string Name;
     /// With its dot; empty when there is no dot.
     std::string Extension;
 };
 
 PathParts SplitPath(std::string_view path);
-/// Puts in the separator behind the folder and the dot before the extension where they are missing.
+/// Puts in the separator after the folder and the dot before the extension where they are missing.
 std::string JoinPath(const PathParts& parts);
 
 /// True for an absolute path of a folder that no other holds: the root, a drive, a share.

@@ -21,7 +21,7 @@ bool IsOnFixedDrive(const std::string& path) {
 bool MoveFileToRecyclePlace(const std::string& path) {
     if (ExamineFile(path).Kind != FileKind::File || !IsOnFixedDrive(path))
         return false;
-    // A list of paths, each with a zero behind it and one more at the end.
+    // A list of paths, each with a zero after it and one more at the end.
     const std::string list = path + '\0';
     SHFILEOPSTRUCTA operation{};
     operation.wFunc = FO_DELETE;

@@ -28,7 +28,8 @@ std::string LinkTarget(const std::string& link) {
     return length <= 0 ? std::string() : std::string(target.data(), static_cast<std::size_t>(length));
 }
 
-// Writing to a link writes the file that it names, be it there or not. Empty for links in a circle.
+// Writing to a link writes the file that it names, also one that is not there yet. Empty for links in a
+// circle.
 std::string FollowLinks(std::string path) {
     for (int i = 0; i < kMostLinks; ++i) {
         const std::string target = LinkTarget(path);

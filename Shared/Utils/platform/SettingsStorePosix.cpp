@@ -66,7 +66,7 @@ std::string_view Trim(std::string_view text) {
     return text;
 }
 
-// Takes off and gives what stands before `mark`, or all when it isn't there.
+// Removes and returns the part before `mark`, or all when there is no mark.
 std::string_view TakeUpTo(std::string_view& text, char mark) {
     const auto end = text.find(mark);
     const std::string_view taken = text.substr(0, end);

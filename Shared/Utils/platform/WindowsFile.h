@@ -25,7 +25,7 @@ public:
     HANDLE Get() const { return m_Handle; }
     bool IsOpen() const { return m_Handle != INVALID_HANDLE_VALUE; }
 
-    /// Opens what is at `path`, be it a file or a folder, links followed, without keeping anyone else from
+    /// Opens what is at `path`, a file or a folder, links followed, without keeping anyone else from
     /// it. `access` is what it is to be used for; 0 is enough for its facts.
     static HANDLE OpenExisting(const std::string& path, DWORD access) {
         return CreateFileA(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,

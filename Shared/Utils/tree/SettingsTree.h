@@ -26,11 +26,6 @@ public:
     /// Never null.
     TreeNode* GetTree() const { return m_Tree.get(); }
 
-    const String& GetVendor() const { return m_Vendor; }
-    const String& GetProduct() const { return m_Product; }
-    const String& GetSection() const { return m_Section; }
-    bool IsPerUser() const { return m_PerUser; }
-
     static constexpr int kNoResource = -1;
 
 private:

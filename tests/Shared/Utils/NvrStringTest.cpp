@@ -120,6 +120,7 @@ TEST(NvrString, SearchesGiveAnIndexOrMinusOne) {
         {text.MatchesAt(3, 2, "ab"), true, "the same bytes"},
         {text.MatchesAt(3, 2, "abc"), false, "the other is longer"},
         {text.MatchesAtIgnoreCase(3, 2, "ABC"), true, "here its start is enough"},
+        {text.MatchesAtIgnoreCase(3, 2, "aB"), true, "no more than its start"},
         {text.MatchesAtIgnoreCase(3, 3, "AB"), false, "but it has to have one"},
         {text.MatchesAtIgnoreCase(6, 2, "c"), false, "past the end"},
         {text.MatchesAt(-1, 1, "a"), false, "before the start"},

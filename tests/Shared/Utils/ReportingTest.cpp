@@ -1,5 +1,6 @@
 #include "Shared/Utils/Reporting.h"
 
+#include "Shared/Utils/GuiError.h"
 #include "Shared/Utils/tree/TreeNodeExceptions.h"
 #include "tests/Shared/Utils/RecordingSink.h"
 #include "tests/support/StoredSettings.h"
@@ -54,6 +55,16 @@ TEST(Reporting, PassesMessagesWhileAssertsAreLogged) {
     Nvr::GetReportSettings().LogAsserts = true;
     Nvr::ReportError(String("second"));
     EXPECT_EQ(sink.Messages, (Messages{"first", "second"}));
+}
+
+TEST(GuiError, GoesThroughTheHandlerInUse) {
+    RecordingSink sink;
+    Nvr::GuiError::DefaultHandler handler;
+    Nvr::GuiError::Report(1, "nobody handles it");
+    Nvr::GuiError::SetHandler(&handler);
+    Nvr::GuiError::Report(-2, "no room");
+    EXPECT_EQ(Nvr::GuiError::SetHandler(nullptr), &handler);
+    EXPECT_EQ(sink.Messages, (Messages{"Gui Error: Num = -2, Message: no room"}));
 }
 
 TEST(Reporting, SettingsStartAsTheyShould) {
