@@ -65,15 +65,12 @@ std::optional<DialogLayout> ReadLayout(const TreeNode& root) {
 } // namespace
 
 std::optional<DialogLayout> DialogLayout::Load(const ResId& id) {
-    for (Platform::ModuleHandle module : {id.GetModule(), Platform::ProcessModule()}) {
-        const std::span<const std::byte> bytes =
-            Platform::FindDataResource(module, kResourceType, id.GetName().View(), id.GetId());
-        if (bytes.data() == nullptr)
-            continue;
-        const std::unique_ptr<TreeNodeRoot> root(TreeNode::LoadFromMemory(bytes.data(), bytes.size()));
-        return root == nullptr ? std::nullopt : ReadLayout(*root);
-    }
-    return std::nullopt;
+    const std::span<const std::byte> bytes =
+        Platform::FindDataResource(id.GetModule(), kResourceType, id.GetName().View(), id.GetId());
+    if (bytes.data() == nullptr)
+        return std::nullopt;
+    const std::unique_ptr<TreeNodeRoot> root(TreeNode::LoadFromMemory(bytes.data(), bytes.size()));
+    return root == nullptr ? std::nullopt : ReadLayout(*root);
 }
 
 char MnemonicOf(const std::string& text) {

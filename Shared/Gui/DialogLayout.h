@@ -44,8 +44,8 @@ struct DialogLayout {
     /// In tab order.
     std::vector<DialogControl> Controls;
 
-    /// The layout stored as a resource of the type "DIALOG"; empty when neither the module nor the process
-    /// holds one, or it is not of this form.
+    /// The layout stored as a resource of the type "DIALOG"; empty when the module does not hold one (null
+    /// holds none), or it is not of this form.
     static std::optional<DialogLayout> Load(const ResId& id);
 };
 

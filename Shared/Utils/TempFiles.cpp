@@ -21,23 +21,37 @@ String RandomName() {
     return String(name);
 }
 
-} // namespace
-
-DiskFile CreateTempFile() {
-    bool ok = false;
-    const DiskFolder folder = TempFolder(ok);
-    return ok ? CreateTempFile(folder) : DiskFile();
-}
-
-DiskFile CreateTempFile(const DiskFolder& folder) {
+DiskFile CreateTempFileIn(const DiskFolder& folder, String& path) {
     if (!folder.Exists())
         return {};
     for (int i = 0; i < kTempFileTries; ++i) {
         DiskFile file(folder, "nv" + String::FromUnsigned64(Platform::UnguessableNumber()), "tmp");
-        if (file.CreateNew())
+        // Once the file is there nothing asks for memory: nobody could delete it without its path.
+        const String itsPath = file.GetPath();
+        if (file.CreateNew()) {
+            path = itsPath;
             return file;
+        }
     }
     return {};
+}
+
+} // namespace
+
+DiskFile CreateTempFile() {
+    String path;
+    return CreateTempFile(path);
+}
+
+DiskFile CreateTempFile(const DiskFolder& folder) {
+    String path;
+    return CreateTempFileIn(folder, path);
+}
+
+DiskFile CreateTempFile(String& path) {
+    bool ok = false;
+    const DiskFolder folder = TempFolder(ok);
+    return ok ? CreateTempFileIn(folder, path) : DiskFile();
 }
 
 DiskFile UniqueFile(const DiskFolder& folder) {

@@ -14,6 +14,9 @@ namespace Nvr {
 DiskFile CreateTempFile();
 /// The same in a folder of the caller's choice.
 DiskFile CreateTempFile(const DiskFolder& folder);
+/// The first, with the file's native path, for those who have to delete it whatever happens: from the moment
+/// when the file is there `path` names it. Unchanged when none was made, also by an exception.
+DiskFile CreateTempFile(String& path);
 
 /// A name in the folder under which no file exists, "temp" and ten digits. The file is not created. An empty
 /// url when there is no folder, or when 5000 tries have found no free name.

@@ -1,12 +1,17 @@
 #pragma once
 
+#include <climits>
+
 /// Counts the calls of one kind and lets the n-th of them fail. Whoever makes the calls asks IsDue.
 class FaultCountdown {
 public:
-    /// The `count`-th call from now on fails, counted from 1: only that, or all behind it too.
-    void FailAfter(int count, bool andAllLater = false) {
+    /// As many calls as there are.
+    static constexpr int kAllLater = INT_MAX;
+
+    /// The `count`-th call from now on fails, counted from 1, and so do those after it until `inARow` have.
+    void FailAfter(int count, int inARow = 1) {
         m_Left = count;
-        m_AndAllLater = andAllLater;
+        m_LeftToFail = inARow;
         m_HasFailed = false;
     }
     /// No call fails. True when one has failed since FailAfter.
@@ -15,19 +20,24 @@ public:
         return m_HasFailed;
     }
     bool IsDue() {
-        if (m_Left == 0 || --m_Left != 0)
+        if (m_Left == 0)
             return false;
+        if (m_Left > 1) {
+            --m_Left;
+            return false;
+        }
         m_HasFailed = true;
-        m_Left = m_AndAllLater ? 1 : 0;
+        if (--m_LeftToFail == 0)
+            m_Left = 0;
         return true;
     }
 
     /// Runs `action` with its first call failing, then its second, and so on until a run needs no more.
     /// `check` is called after each failing run, with the calls working. The number of failing runs.
     template <class Action, class Check>
-    int FailEach(Action action, Check check, bool andAllLater = false) {
+    int FailEach(Action action, Check check, int inARow = 1) {
         for (int count = 1;; ++count) {
-            FailAfter(count, andAllLater);
+            FailAfter(count, inARow);
             try {
                 action();
             } catch (...) {
@@ -43,6 +53,6 @@ public:
 
 private:
     int m_Left = 0;
-    bool m_AndAllLater = false;
+    int m_LeftToFail = 0;
     bool m_HasFailed = false;
 };

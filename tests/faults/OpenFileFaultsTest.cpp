@@ -1,8 +1,10 @@
 // Memory and files that fail anywhere between the host's call and its answer.
 
+#include "Projects/Fretline/shell/FretlineOptions.h"
 #include "Projects/Fretline/shell/OpenFile.h"
 #include "Projects/Fretline/shell/PluginState.h"
 #include "Shared/NotaveraAPI/HostFunctions.h"
+#include "Shared/Utils/Reporting.h"
 #include "Shared/Utils/platform/ResourceTable.h"
 #include "tests/faults/AllocationFaults.h"
 #include "tests/faults/FileFaults.h"
@@ -46,12 +48,16 @@ constexpr const char* kTab = "---- a line of hyphens ----\n\n"
 constexpr const char* kOldOptions = "{RhythmLevel\"2\" Other\"kept\"}";
 constexpr const char* kNewOptions = "\r\n{\r\n\tRhythmLevel \"2\"\r\n\tOther \"kept\"\r\n}\r\n";
 
+/// What fails once may fail in the handler of that too, and in the handler's own; or is gone from then on.
+constexpr int kInARow[] = {1, 2, 3, FaultCountdown::kAllLater};
+
 class OpenFileFaults : public testing::Test {
 protected:
     OpenFileFaults() {
         m_ConfigPath = m_Config.Path().string();
         Record.ConfigFolder = m_ConfigPath.c_str();
         Record.ProgressContext = Host.Context();
+        Record.ResourceModule = Nvr::Platform::ProcessModule();
         m_Tab = m_Tabs.Write("a.tab", kTab);
         Host.Calls.reserve(100);
     }
@@ -65,7 +71,7 @@ protected:
 
     /// Opens the tab with each call of a kind failing in turn. Whatever became of it: what was opened is
     /// closed, no file is left, the options are whole, and the next open is as if nothing had been.
-    int FailEachOf(FaultCountdown& faults, bool andAllLater) {
+    int FailEachOf(FaultCountdown& faults, int inARow) {
         m_Config.Write("FretlineOptions.txt", kOldOptions);
         Open();
         const std::vector<std::string> calls = Host.Calls;
@@ -89,8 +95,8 @@ protected:
             EXPECT_TRUE(Host.LoadedBytes == score) << count;
             m_Config.Write("FretlineOptions.txt", kOldOptions);
         };
-        const int runs = faults.FailEach(open, check, andAllLater);
-        RecordProperty(andAllLater ? "runs_with_all_later" : "runs", runs);
+        const int runs = faults.FailEach(open, check, inARow);
+        RecordProperty("runs_failing_" + std::to_string(inARow), runs);
         return runs;
     }
 
@@ -111,13 +117,14 @@ private:
 
 TEST_F(OpenFileFaults, AnAllocationThatFailsLeavesNoTrace) {
     ASSERT_TRUE(Fretline::InitialisePlugin(Record, Info));
-    EXPECT_GT(FailEachOf(AllocationFaults, false), 1000) << "the whole way was gone";
+    for (const int inARow : kInARow)
+        EXPECT_GT(FailEachOf(AllocationFaults, inARow), 1000) << inARow << ": the whole way was gone";
 }
 
 TEST_F(OpenFileFaults, AFileThatFailsLeavesNoTrace) {
     ASSERT_TRUE(Fretline::InitialisePlugin(Record, Info));
-    EXPECT_GT(FailEachOf(FileFaults, false), 20);
-    EXPECT_GT(FailEachOf(FileFaults, true), 20) << "a disk that is gone from then on";
+    for (const int inARow : kInARow)
+        EXPECT_GT(FailEachOf(FileFaults, inARow), 20) << inARow;
 }
 
 TEST_F(OpenFileFaults, ANameThatSomebodyElseTookIsNotUsed) {
@@ -137,6 +144,23 @@ TEST_F(OpenFileFaults, ANameThatSomebodyElseTookIsNotUsed) {
     EXPECT_FALSE(std::filesystem::exists(victim));
     EXPECT_EQ(planted, 3);
     EXPECT_EQ(Temp.CountEntries(), 3U) << "the links are not ours to remove";
+}
+
+TEST(OptionsFaults, WhatCouldNotBeReadIsNotWrittenOverAndToldSo) {
+    struct : Nvr::LogSink {
+        void Write(const Nvr::String& message, std::intptr_t, std::intptr_t) override { Last = message; }
+        Nvr::String Last;
+    } sink;
+    const TestSupport::ScratchFolder folder;
+    const Nvr::String path(folder.Write("options.txt", kOldOptions));
+    FileFaults.FailAfter(1);
+    Fretline::FretlineOptions options(path);
+    EXPECT_TRUE(FileFaults.Stop());
+    Nvr::LogSink* const former = Nvr::SetLogSink(&sink);
+    options.Save();
+    Nvr::SetLogSink(former);
+    EXPECT_EQ(sink.Last, "Could not write configuration file " + path);
+    EXPECT_EQ(folder.Read("options.txt"), kOldOptions);
 }
 
 TEST_F(OpenFileFaults, AStartFailsWholeOrNotAtAll) {

@@ -21,16 +21,6 @@ namespace {
 /// A name that nobody can foretell is taken only by somebody who watches the folder and is quick.
 constexpr int kReservationTries = 10;
 
-String PathOfNewFile(const Nvr::DiskFile& file) {
-    try {
-        return file.GetPath();
-    } catch (...) {
-        // Nobody would delete it later.
-        file.Delete(false);
-        throw;
-    }
-}
-
 /// Makes the score file: the name of the reserved file with another extension. The path stays empty when that
 /// is taken, be it by a link.
 void MakeScoreFile(const Nvr::DiskFile& reserved, String& path) {
@@ -58,8 +48,8 @@ int ConvertFile(const String& sourcePath, String& tempPath, const String& config
     tempPath = String();
     for (int i = 0; i < kReservationTries && tempPath.IsEmpty(); ++i) {
         reserved.Delete();
-        const Nvr::DiskFile file = Nvr::CreateTempFile();
-        reserved.Path() = PathOfNewFile(file);
+        reserved.Path() = String();
+        const Nvr::DiskFile file = Nvr::CreateTempFile(reserved.Path());
         if (reserved.Path().IsEmpty())
             break;
         MakeScoreFile(file, tempPath);

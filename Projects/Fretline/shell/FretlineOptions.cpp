@@ -36,9 +36,11 @@ void FretlineOptions::Load() {
 }
 
 void FretlineOptions::Save() {
-    // What stands in the file would be lost for want of a moment's reading.
-    if (m_IsUnreadable)
+    // What stands in the file would be lost because it could not be read for a moment.
+    if (m_IsUnreadable) {
+        Nvr::ReportError("Could not write configuration file " + m_Path);
         return;
+    }
     m_Tree->MergeChild(std::make_unique<Nvr::TreeNode>(kRhythmLevelLabel, m_RhythmLevel).release());
     m_Tree->SaveToFile(m_Path);
 }

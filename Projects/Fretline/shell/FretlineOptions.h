@@ -25,7 +25,7 @@ public:
     FretlineOptions& operator=(const FretlineOptions&) = delete;
 
     /// Writes the file; a failure is reported and leaves the object as it is. A file that was there and could
-    /// not be read is not written over.
+    /// not be read is not written over, which is reported as a failure too.
     void Save();
 
     /// The stored number as it stands, also one outside RhythmLevel; 0 when it was no number.

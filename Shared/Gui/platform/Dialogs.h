@@ -45,10 +45,9 @@ protected:
     ~DialogEvents() = default;
 };
 
-/// Shows the dialog that is stored as `dialog` in that module, or else in the module of the process, over
-/// `parent` and comes back when it has ended, with the result that it ended with; empty when neither holds
-/// such a dialog or it could not be made. An exception out of `events` leaves the screen as it was and passes
-/// on.
+/// Shows the dialog that is stored as `dialog` in that module over `parent` and comes back when it has ended,
+/// with the result that it ended with; empty when the module is null or holds no such dialog, or it could not
+/// be made. An exception out of `events` leaves the screen as it was and passes on.
 std::optional<bool> RunDialog(NativeWindow parent, const ResId& dialog, DialogEvents& events);
 
 } // namespace Nvr::Platform

@@ -20,15 +20,6 @@ const char* SystemName(const ResId& id) {
     return id.GetName().Length() != 0 ? id.GetName().CStr() : MAKEINTRESOURCEA(static_cast<WORD>(id.GetId()));
 }
 
-/// The module whose dialog it is; null when neither its own module nor that of the process holds it.
-HINSTANCE FindModuleOf(const ResId& dialog) {
-    // The system takes null for the module of the process.
-    for (HINSTANCE module : {static_cast<HINSTANCE>(dialog.GetModule()), GetModuleHandleA(nullptr)})
-        if (FindResourceA(module, SystemName(dialog), RT_DIALOG) != nullptr)
-            return module == nullptr ? GetModuleHandleA(nullptr) : module;
-    return nullptr;
-}
-
 bool HasStyle(HWND control, LONG style) {
     return (GetWindowLongA(control, GWL_STYLE) & style) != 0;
 }
@@ -152,8 +143,9 @@ private:
 } // namespace
 
 std::optional<bool> RunDialog(NativeWindow parent, const ResId& dialog, DialogEvents& events) {
-    HINSTANCE const module = FindModuleOf(dialog);
-    if (module == nullptr)
+    HINSTANCE const module = static_cast<HINSTANCE>(dialog.GetModule());
+    // The system would take null for the module of the process, whose dialog may be quite another one.
+    if (module == nullptr || FindResourceA(module, SystemName(dialog), RT_DIALOG) == nullptr)
         return std::nullopt;
     return SystemDialog(events).Run(module, SystemName(dialog), static_cast<HWND>(parent));
 }

@@ -8,7 +8,7 @@ struct DialogLayout;
 
 namespace Nvr::Platform {
 
-/// The dialog on the terminal of the process, driven by the keys that people expect: Tab and Shift-Tab,
+/// The dialog on the terminal of standard input, driven by the keys that people expect: Tab and Shift-Tab,
 /// arrows, Space, Enter, Escape, the underlined letters with or without Alt; Ctrl-C and Ctrl-D are taken as
 /// Escape. Follows a change of the window's size. The terminal is as before when it ends, by a result, an
 /// exception or a signal. Empty when the terminal cannot be used.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <cstddef>
 #include <fcntl.h>
@@ -49,6 +50,36 @@ void PutHandlersBack() {
     for (std::size_t i = 0; i < kEndingSignals.size(); ++i)
         sigaction(kEndingSignals[i], &g_handlersBefore[i], nullptr);
     sigaction(SIGWINCH, &g_resizeHandlerBefore, nullptr);
+}
+
+/// No signal of the kinds that are handled here comes to this thread while this lives: one that did would
+/// find the terminal changed and no handler that changes it back, or the other way round.
+class SignalsHeldBack {
+public:
+    SignalsHeldBack() {
+        sigset_t handled;
+        sigemptyset(&handled);
+        sigaddset(&handled, SIGWINCH);
+        for (const int signal : kEndingSignals)
+            sigaddset(&handled, signal);
+        pthread_sigmask(SIG_BLOCK, &handled, &m_Before);
+    }
+    ~SignalsHeldBack() { pthread_sigmask(SIG_SETMASK, &m_Before, nullptr); }
+    SignalsHeldBack(const SignalsHeldBack&) = delete;
+    SignalsHeldBack& operator=(const SignalsHeldBack&) = delete;
+
+private:
+    sigset_t m_Before{};
+};
+
+/// The terminal of standard input, which need not be the controlling one. Opened anew where that can be done:
+/// standard input may be open for reading alone. -1 when there is none.
+int OpenTerminal() {
+    std::array<char, PATH_MAX> name{};
+    if (ttyname_r(STDIN_FILENO, name.data(), name.size()) == 0)
+        if (const int file = open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC); file >= 0)
+            return file;
+    return fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0);
 }
 
 bool UseKeysOneByOne(int file) {
@@ -108,7 +139,8 @@ void SetHandlers() {
 TerminalMode::TerminalMode() {
     if (g_file >= 0)
         return;
-    const int file = open("/dev/tty", O_RDWR | O_NOCTTY | O_CLOEXEC);
+    const SignalsHeldBack heldBack;
+    const int file = OpenTerminal();
     if (file < 0)
         return;
     if (tcgetattr(file, &g_modeBefore) != 0 || !UseKeysOneByOne(file)) {
@@ -125,6 +157,7 @@ TerminalMode::TerminalMode() {
 TerminalMode::~TerminalMode() {
     if (m_File < 0)
         return;
+    const SignalsHeldBack heldBack;
     PutTerminalBack();
     PutHandlersBack();
     g_file = -1;

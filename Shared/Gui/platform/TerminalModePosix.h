@@ -6,9 +6,9 @@
 
 namespace Nvr::Platform {
 
-/// The terminal of the process while a dialog uses it: keys come one by one and unechoed, and a screen of its
-/// own covers what was there. The destructor, and any signal that ends or stops the process, puts everything
-/// back, the handlers of those signals included. One at a time.
+/// The terminal of standard input while a dialog uses it: keys come one by one and unechoed, and a screen of
+/// its own covers what was there. The destructor, and any signal that ends or stops the process, puts
+/// everything back, the handlers of those signals included. One at a time.
 class TerminalMode {
 public:
     TerminalMode();

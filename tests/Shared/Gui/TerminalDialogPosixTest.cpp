@@ -7,8 +7,24 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <dlfcn.h>
 #include <stdexcept>
+#include <sys/ioctl.h>
+#include <termios.h>
 #include <unistd.h>
+
+// Stands in front of the system's function of that name, and raises a signal after one of the changes.
+static int g_changesToSignal = 0;
+static int g_signalAfterChange = 0;
+
+extern "C" [[gnu::visibility("default")]] int tcsetattr(int file, int when, const termios* mode) noexcept {
+    static auto* const real =
+        reinterpret_cast<int (*)(int, int, const termios*)>(dlsym(RTLD_NEXT, "tcsetattr"));
+    const int result = real(file, when, mode);
+    if (g_changesToSignal > 0 && --g_changesToSignal == 0)
+        raise(g_signalAfterChange);
+    return result;
+}
 
 namespace {
 
@@ -136,6 +152,8 @@ TEST(TerminalDialog, FollowsTheWindowsSize) {
 }
 
 TEST(TerminalDialog, ASignalLeavesTheTerminalAsItWas) {
+    // As under nohup.
+    std::signal(SIGHUP, SIG_IGN);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         TerminalPerson person(80, 24, AskPlainly);
         ASSERT_TRUE(person.WaitFor("<* OK *>"));
@@ -144,6 +162,41 @@ TEST(TerminalDialog, ASignalLeavesTheTerminalAsItWas) {
         EXPECT_EQ(1000 + signal, person.WaitForEnd());
         EXPECT_TRUE(person.IsInLineMode());
     }
+    std::signal(SIGHUP, SIG_DFL);
+}
+
+TEST(TerminalDialog, ASignalBetweenTheTerminalAndTheHandlersLeavesItAsItWas) {
+    const struct {
+        int Change, Signal, End;
+        const char* Why;
+    } rows[] = {
+        {1, SIGTERM, 1000 + SIGTERM, "when the dialog begins, and it ends the process"},
+        {2, SIGINT, 1, "when the dialog ends, and the host goes on after it"},
+    };
+    for (const auto& row : rows) {
+        TerminalPerson person(80, 24, [&row] {
+            std::signal(SIGINT, [](int) {});
+            g_changesToSignal = row.Change;
+            g_signalAfterChange = row.Signal;
+            return AskPlainly();
+        });
+        // Keys typed before the dialog begins are not for it.
+        ASSERT_TRUE(row.Change == 1 || person.WaitFor("<* OK *>"));
+        person.Type("\r");
+        EXPECT_EQ(person.WaitForEnd(), row.End) << row.Why;
+        EXPECT_TRUE(person.IsInLineMode()) << row.Why;
+    }
+}
+
+TEST(TerminalDialog, NeedsNoControllingTerminal) {
+    TerminalPerson person(80, 24, [] {
+        std::signal(SIGHUP, SIG_IGN);
+        return ioctl(STDIN_FILENO, TIOCNOTTY) == 0 ? AskPlainly() : kThrew;
+    });
+    ASSERT_TRUE(person.WaitFor("<* OK *>"));
+    person.Type("n\r");
+    EXPECT_EQ(person.WaitForEnd(), 3);
+    EXPECT_TRUE(person.IsInLineMode());
 }
 
 TEST(TerminalDialog, AnExceptionLeavesTheTerminalAsItWas) {

@@ -223,6 +223,14 @@ TEST_F(OpenFileTest, AnEndInTheMidstCancelsAndAnotherStartGoesOn) {
     EXPECT_EQ(Host.Calls, kCallsOfTwoBars);
 }
 
+TEST_F(OpenFileTest, WithoutAResourceModuleThereIsNoDialogAndNoConversion) {
+    Record.ResourceModule = nullptr;
+    ASSERT_TRUE(Fretline::InitialisePlugin(Record, Info));
+    Fretline::ShowOptionsDialog = true;
+    EXPECT_TRUE(Open(Tabs.Write("a.tab", kTwoBars)));
+    EXPECT_EQ(Host.Calls, (Calls{"update 100", "destroy"})) << "a dialog of the process is another's";
+}
+
 TEST_F(OpenFileTest, BeforeTheStartAFileIsTestedAndNothingIsCalled) {
     Fretline::TerminatePlugin();
     EXPECT_TRUE(Open(Tabs.Write("a.tab", kTwoBars)));

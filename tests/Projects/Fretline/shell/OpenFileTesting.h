@@ -3,6 +3,7 @@
 #include "Projects/Fretline/shell/OpenFile.h"
 #include "Projects/Fretline/shell/PluginState.h"
 #include "Projects/Fretline/shell/ShowOptions.h"
+#include "Shared/Utils/platform/Modules.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/ScratchTempFolder.h"
 
@@ -32,6 +33,7 @@ protected:
         // Nobody is there to answer the dialog.
         Fretline::ShowOptionsDialog = false;
         Record.ProgressContext = Host.Context();
+        Record.ResourceModule = Nvr::Platform::ProcessModule();
         m_ConfigPath = Config.Path().string();
         Record.ConfigFolder = m_ConfigPath.c_str();
         EXPECT_TRUE(Fretline::InitialisePlugin(Record, Info));
