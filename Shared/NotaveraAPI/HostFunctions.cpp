@@ -3,11 +3,12 @@
 #include "Shared/Utils/Dynalink.h"
 #include "Shared/Utils/FloatingPoint.h"
 
+Nvr::HostFunctionTable NvrHostFunctionTable;
+
 namespace Nvr {
 
 namespace {
 
-HostFunctionTable s_HostFunctions;
 void* s_ProgressContext = nullptr;
 
 template <class Function>
@@ -19,16 +20,16 @@ bool Bind(const Dynalink& host, const char* name, Function& function) {
 } // namespace
 
 const HostFunctionTable& HostFunctions() {
-    return s_HostFunctions;
+    return NvrHostFunctionTable;
 }
 
 void ClearHostFunctions() {
-    s_HostFunctions = {};
+    NvrHostFunctionTable = {};
 }
 
 bool BindHostFunctions() {
     const Dynalink host;
-    HostFunctionTable& table = s_HostFunctions;
+    HostFunctionTable& table = NvrHostFunctionTable;
     return Bind(host, "NVR_LOADTEMPFILE", table.LoadTempFile) &&
            Bind(host, "NVR_RESULTSDIALOGMESSAGE", table.ResultsDialogMessage) &&
            Bind(host, "NVR_UPDATEPROGRESSDIALOG", table.UpdateProgressDialog) &&

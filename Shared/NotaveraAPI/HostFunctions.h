@@ -15,7 +15,7 @@ struct HostFunctionTable {
     NvrChooseTransposingInstruments ChooseTransposingInstruments = nullptr;
 };
 
-/// The one table of the process.
+/// The one table of the process, under its C name NvrHostFunctionTable.
 const HostFunctionTable& HostFunctions();
 
 /// Empties the table.
@@ -41,3 +41,8 @@ public:
 };
 
 } // namespace Nvr
+
+/// For the code that passes calls on without knowing their arguments, which is not written in C++ and reads
+/// the sixth pointer from here. All others use the operations above.
+extern "C" Nvr::HostFunctionTable NvrHostFunctionTable;
+static_assert(offsetof(Nvr::HostFunctionTable, ChooseTransposingInstruments) == 5 * sizeof(void*));

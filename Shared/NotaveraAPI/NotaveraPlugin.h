@@ -98,8 +98,9 @@ int NVR_OPENFILE(const char* path);
 void NVR_RESULTSDIALOGMESSAGE(const char* converterName, const char* fileName, int kind, int context1,
                               int context2, const char* message);
 
-/* State: any. Passes up to eight arguments, integers or pointers, to the host function of the same name and
- * gives back its result; 0 when that is not bound. Fewer arguments may be given: the rest are not looked at.
+/* State: any. Passes on to the host function of the same name whatever the caller gives, unchanged, and gives
+ * back its result; 0 when that is not bound. It is declared with eight arguments, but only the caller and the
+ * host have to agree on their number and types: a caller may call it as a function of any other type.
  */
 intptr_t NVR_CHOOSETRANSPOSINGINSTRUMENTS(intptr_t argument1, intptr_t argument2, intptr_t argument3,
                                           intptr_t argument4, intptr_t argument5, intptr_t argument6,

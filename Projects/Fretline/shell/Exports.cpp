@@ -1,4 +1,5 @@
-// The functions of exports.list, and nothing else.
+// The functions of exports.list, and nothing else. NVR_CHOOSETRANSPOSINGINSTRUMENTS, whose arguments only its
+// caller and the host know, is in the assembly sources PassOn..., one a platform and word size.
 
 #include "Projects/Fretline/shell/OpenFile.h"
 #include "Projects/Fretline/shell/PluginState.h"
@@ -23,14 +24,4 @@ void NVR_RESULTSDIALOGMESSAGE(const char* converterName, const char* fileName, i
                               int context2, const char* message) {
     if (const NvrResultsDialogMessage host = Nvr::HostFunctions().ResultsDialogMessage)
         host(converterName, fileName, kind, context1, context2, message);
-}
-
-std::intptr_t NVR_CHOOSETRANSPOSINGINSTRUMENTS(std::intptr_t argument1, std::intptr_t argument2,
-                                               std::intptr_t argument3, std::intptr_t argument4,
-                                               std::intptr_t argument5, std::intptr_t argument6,
-                                               std::intptr_t argument7, std::intptr_t argument8) {
-    const NvrChooseTransposingInstruments host = Nvr::HostFunctions().ChooseTransposingInstruments;
-    if (host == nullptr)
-        return 0;
-    return host(argument1, argument2, argument3, argument4, argument5, argument6, argument7, argument8);
 }
