@@ -1,6 +1,7 @@
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/text/TabAnalysis.h"
 #include "Projects/Fretline/text/TabStave.h"
+#include "Shared/Utils/AsciiChars.h"
 #include "tests/Projects/Fretline/text/PlainAnalysis.h"
 #include "tests/support/TabText.h"
 
@@ -88,7 +89,7 @@ std::string TextOf(const TabAnalysis& analysis, const TestSupport::FakeOutput& o
     for (const auto& message : output.Messages) {
         text << message.Id;
         for (std::size_t i = 1; i < message.Text.size(); ++i)
-            if (const char c = message.Text[i]; IsDigit(c))
+            if (const char c = message.Text[i]; Nvr::Ascii::IsDigit(c))
                 text << (message.Text[i - 1] == ' ' ? " " : "") << c;
         text << '\n';
     }

@@ -29,6 +29,7 @@ TEST(TabFile, LaysBytesOutAsLines) {
         {"a\n", {"a", ""}, "what stands behind the last line end is a line too"},
         {"a\n\rb", {"a", "b"}, "LF CR is one line end"},
         {"a\rb", {"a", "b"}, "CR is one line end"},
+        {"a\rb\nc", {"a", "b", "c"}, "and so is LF in the next line"},
         {"a\r\rb", {"a", "", "b"}, "CR CR are two"},
         {"a\r\n\rb", {"a", "", "b"}, "a line end takes one further byte, not two"},
         {"a\n\r\nb", {"a", "", "b"}, "also the other way round"},
