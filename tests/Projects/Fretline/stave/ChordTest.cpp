@@ -51,7 +51,7 @@ TEST(Chords, AreParsed) {
         {"Am7G ", "Am7 G", "the root ends the chord before it"},
         {"Cm   7 ", "Cm7", "three blanks do not end a chord"},
         {"C    m ", "C", "four do"},
-        {"C m m m ", "Cmmm", "blanks are counted afresh behind each character"},
+        {"C m m m m ", "Cmmmm", "blanks are counted afresh behind each character"},
         {"C\xE9 ", "C", "a letter beyond ASCII fails like any other sign"},
         {"Am", "A", "the token at the right edge is lost"},
     };
