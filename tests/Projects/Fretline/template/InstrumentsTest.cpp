@@ -8,19 +8,6 @@
 
 namespace {
 
-int IntOf(const Nvr::TreeNode& node, const char* label) {
-    const Nvr::TreeNode* const child = node.FindChild(label);
-    EXPECT_NE(child, nullptr) << label;
-    return child == nullptr ? 0 : child->GetValueAsInt();
-}
-
-std::vector<const Nvr::TreeNode*> ChildrenOf(const Nvr::TreeNode* node) {
-    std::vector<const Nvr::TreeNode*> children;
-    for (int i = 0; node != nullptr && i < node->GetChildCount(); ++i)
-        children.push_back(node->GetChild(i));
-    return children;
-}
-
 /// The instruments, ensembles and stave types of the template.
 class Instruments : public testing::Test {
 protected:

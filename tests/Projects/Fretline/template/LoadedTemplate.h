@@ -3,6 +3,8 @@
 #include "Shared/Utils/ResId.h"
 #include "Shared/Utils/tree/TreeNode.h"
 
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -39,6 +41,21 @@ inline const Nvr::TreeNode* FindRow(const Nvr::TreeNode& list, const char* label
             return list.GetChild(i);
     }
     return nullptr;
+}
+
+/// The children in order; none of null.
+inline std::vector<const Nvr::TreeNode*> ChildrenOf(const Nvr::TreeNode* node) {
+    std::vector<const Nvr::TreeNode*> children;
+    for (int i = 0; node != nullptr && i < node->GetChildCount(); ++i)
+        children.push_back(node->GetChild(i));
+    return children;
+}
+
+/// The value of a child as a whole number; without such a child it is 0 and the test fails.
+inline int IntOf(const Nvr::TreeNode& node, const char* label) {
+    const Nvr::TreeNode* const child = node.FindChild(label);
+    EXPECT_NE(child, nullptr) << label;
+    return child == nullptr ? 0 : child->GetValueAsInt();
 }
 
 /// The labels of all children, each with a comma behind it.
