@@ -82,6 +82,20 @@ std::string BarsOfDistinctValues(int size) {
                              "|-----------|-----------|\n|-----------|-----------|\n\n");
 }
 
+/// Labels of the same length and hash: "Aa" and "BB" in the pattern of their number.
+std::string LabelsOfEqualHashes(int size) {
+    constexpr unsigned kLabels = 50;
+    constexpr unsigned kPairs = 16;
+    std::string all;
+    for (unsigned number = 0; number < kLabels * static_cast<unsigned>(size); ++number) {
+        all.append(" Verse ");
+        for (unsigned pair = 0; pair < kPairs; ++pair)
+            all.append((number >> pair & 1U) != 0 ? "BB" : "Aa");
+        all.append("\n").append(Stave(1, "-1-3-------"));
+    }
+    return all;
+}
+
 constexpr HostileShape kShapes[] = {
     {"book", "10 MB, 150,000 lines", Book},
     {"book with chords, labels, signatures and beats", "150,000 lines", BookWithEverything},
@@ -94,6 +108,7 @@ constexpr HostileShape kShapes[] = {
     {"a signature over each stave", "100,000 signatures and staves", SignaturesOverStaves},
     {"chords", "200,000 chords", Chords},
     {"messages", "300,000 messages", Messages},
+    {"labels of equal hashes", "50,000 bars with as many values of one hash", LabelsOfEqualHashes},
     {"bars with distinct labels", "100,000 bars with as many distinct values", BarsOfDistinctValues},
 };
 

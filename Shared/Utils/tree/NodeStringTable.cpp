@@ -2,78 +2,41 @@
 
 #include "Shared/Utils/tree/TreeNode.h"
 
+#include <utility>
+
 namespace Nvr {
 
 namespace {
 
-// Room for the strings of a whole score.
-constexpr std::size_t kFewestSlots = 16384;
+NodeStringTable* s_Shared = nullptr;
 
-// The hash of a string changes least where it differs most; this spreads it over the index.
-std::size_t Spread(std::uint32_t hash, std::size_t slotCount) {
-    constexpr std::uint32_t kGoldenRatio = 0x9E3779B9U;
-    constexpr unsigned kHalf = 16;
-    const std::uint32_t mixed = hash * kGoldenRatio;
-    return (mixed ^ mixed >> kHalf) & (slotCount - 1);
-}
+struct DeleterOfShared {
+    ~DeleterOfShared() { delete std::exchange(s_Shared, nullptr); }
+};
 
 } // namespace
 
 NodeStringTable& NodeStringTable::Shared() {
-    static NodeStringTable s_Table;
-    return s_Table;
+    if (s_Shared == nullptr) {
+        static const DeleterOfShared s_Deleter;
+        s_Shared = new NodeStringTable;
+    }
+    return *s_Shared;
 }
 
 void NodeStringTable::Intern(String& string) {
-    if (m_Index.empty())
-        GrowIndex();
-    std::size_t slot = SlotOf(string);
-    if (const Entry* const entry = m_Index[slot].Found) {
-        string = entry->GetValue();
+    KnownStrings::Place& place = m_Index.PlaceOf(string);
+    if (place.Text != nullptr) {
+        string = *place.Text;
         return;
     }
-    if ((static_cast<std::size_t>(EntryCount()) + 1) * 2 > m_Index.size()) {
-        GrowIndex();
-        slot = SlotOf(string);
-    }
-    m_Index[slot] = {Append(BucketOf(string), string, string), string.Hash()};
+    const auto bucket = string.Hash() % static_cast<std::uint32_t>(kBucketCount);
+    m_Index.Fill(place, Append(static_cast<int>(bucket), string, string)->GetKey());
 }
 
 void NodeStringTable::Clear() {
     TVHashTable::Clear();
-    m_Index = std::vector<Slot>();
-}
-
-NodeStringTable::Entry* NodeStringTable::Find(const String& key, int& bucketIndex) const {
-    bucketIndex = BucketOf(key);
-    return m_Index.empty() ? nullptr : m_Index[SlotOf(key)].Found;
-}
-
-NodeStringTable::Entry* NodeStringTable::Find(const String& key) const {
-    int bucketIndex = 0;
-    return Find(key, bucketIndex);
-}
-
-std::size_t NodeStringTable::SlotOf(const String& key) const {
-    const std::uint32_t hash = key.Hash();
-    std::size_t slot = Spread(hash, m_Index.size());
-    while (m_Index[slot].Found != nullptr &&
-           (m_Index[slot].Hash != hash || !(m_Index[slot].Found->GetKey() == key)))
-        slot = (slot + 1) & (m_Index.size() - 1);
-    return slot;
-}
-
-int NodeStringTable::BucketOf(const String& key) {
-    return static_cast<int>(key.Hash() % static_cast<std::uint32_t>(kBucketCount));
-}
-
-void NodeStringTable::GrowIndex() {
-    std::vector<Slot> old(m_Index.empty() ? kFewestSlots : m_Index.size() * 2);
-    old.swap(m_Index);
-    for (const Slot& slot : old) {
-        if (slot.Found != nullptr)
-            m_Index[SlotOf(slot.Found->GetKey())] = slot;
-    }
+    m_Index.Clear();
 }
 
 void InternString(String& string) {

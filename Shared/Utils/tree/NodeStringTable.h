@@ -1,10 +1,9 @@
 #pragma once
 
 #include "Shared/Utils/VHashTable.h"
+#include "Shared/Utils/tree/KnownStrings.h"
 
 #include <cstddef>
-#include <cstdint>
-#include <vector>
 
 namespace Nvr {
 
@@ -12,15 +11,16 @@ namespace Nvr {
 /// most comparisons end at the representation.
 ///
 /// A hash table of 1001 buckets, in which the key and the value of an entry are the same string. An index
-/// beside the buckets finds an entry at the same cost however full they are. Strings stay alive here until
-/// the table is emptied, whatever becomes of the nodes. Not safe across threads.
+/// beside the buckets finds the shared text at the same cost however full they are. Strings stay alive here
+/// until the table is emptied, whatever becomes of the nodes. Not safe across threads.
 class NodeStringTable : protected TVHashTable<String, String, DefaultHasher<String>> {
 public:
     static constexpr int kBucketCount = 1001;
 
     NodeStringTable() : TVHashTable(kBucketCount) {}
 
-    /// The table of the process.
+    /// The table of the process. Its memory goes with the static objects; who needs it still later, while
+    /// others of them are destroyed, gets a new one.
     static NodeStringTable& Shared();
 
     /// Makes `string` share the text of the equal string of the table. A string that is new here is appended
@@ -34,24 +34,16 @@ public:
     using TVHashTable::CheckHealth;
     using TVHashTable::Entry;
     using TVHashTable::EntryCount;
+    using TVHashTable::Find;
     using TVHashTable::GetBucket;
     using TVHashTable::LongestBucket;
-    Entry* Find(const String& key, int& bucketIndex) const override;
-    Entry* Find(const String& key) const override;
 
 private:
-    /// A place of the index; free when it has no entry.
-    struct Slot {
-        Entry* Found = nullptr;
-        std::uint32_t Hash = 0;
-    };
+    // Room for the strings of a whole score.
+    static constexpr std::size_t kFewestPlaces = 16384;
 
-    std::size_t SlotOf(const String& key) const;
-    static int BucketOf(const String& key);
-    void GrowIndex();
-
-    // Open addressing with at most half of the slots in use.
-    std::vector<Slot> m_Index;
+    /// The keys of all entries.
+    KnownStrings m_Index{kFewestPlaces};
 };
 
 } // namespace Nvr

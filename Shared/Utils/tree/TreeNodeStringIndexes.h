@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Shared/Utils/NvrString.h"
+#include "Shared/Utils/tree/KnownStrings.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -38,20 +39,13 @@ private:
         const char* Text = nullptr;
         std::uint32_t Index = 0;
     };
-    struct KnownString {
-        const String* Text = nullptr;
-        std::uint32_t Hash = 0;
-        std::uint32_t Index = 0;
-    };
+    static constexpr std::size_t kFewestPlaces = 1024;
 
     std::uint32_t FindOrAddContent(const String& string);
-    std::size_t PlaceOf(const String& string) const;
-    void GrowStrings();
 
     std::vector<KnownText> m_Texts;
-    // Open addressing, with a size that is a power of two and at most half of the places taken.
-    std::vector<KnownString> m_Strings;
-    std::size_t m_StringCount = 0;
+    /// By their index, or kWrittenEmpty.
+    KnownStrings m_Strings{kFewestPlaces};
     std::uint32_t m_NextIndex = 0;
     bool m_DropsCarriageReturns;
 };

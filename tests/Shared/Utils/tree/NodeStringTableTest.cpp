@@ -2,6 +2,8 @@
 
 #include "tests/Shared/Utils/tree/TreeTest.h"
 
+#include <cstdlib>
+
 using Nvr::NodeStringTable;
 using Nvr::String;
 using Nvr::TreeNode;
@@ -9,6 +11,28 @@ using Nvr::TreeNode;
 namespace {
 
 class NodeStringTableTest : public TreeTest {};
+
+constexpr int kSharesToTheLast = 3;
+
+/// Outlives all that is made while the program runs, and uses the table then.
+struct LateUser {
+    ~LateUser() {
+        if (!IsWatched)
+            return;
+        String first("late");
+        String second("la");
+        second += "te";
+        Nvr::InternString(first);
+        Nvr::InternString(second);
+        Nvr::ClearNodeStringTable();
+        std::_Exit(first.SharesTextWith(second) && !TreeNode("late").GetLabel().SharesTextWith(first)
+                       ? kSharesToTheLast
+                       : EXIT_FAILURE);
+    }
+    bool IsWatched = false;
+};
+
+LateUser s_LateUser;
 
 std::string KeysOf(const NodeStringTable::Bucket& bucket) {
     std::string keys;
@@ -49,6 +73,37 @@ TEST_F(NodeStringTableTest, ManyStringsAreAllFoundAgain) {
         shared += again.SharesTextWith(strings[static_cast<std::size_t>(i)]) ? 1 : 0;
     }
     EXPECT_EQ(shared, kStrings);
+}
+
+TEST_F(NodeStringTableTest, StringsOfEqualHashesAreToldApart) {
+    constexpr int kPairs = 15;
+    constexpr unsigned kStrings = 1U << kPairs;
+    NodeStringTable table;
+    std::vector<String> strings;
+    for (unsigned i = 0; i < kStrings; ++i) {
+        strings.emplace_back(OneOfEqualHashes(i, kPairs));
+        table.Intern(strings.back());
+    }
+    EXPECT_EQ(strings.front().Hash(), strings.back().Hash());
+    EXPECT_EQ(table.EntryCount(), static_cast<int>(kStrings));
+    unsigned shared = 0;
+    for (unsigned i = 0; i < kStrings; ++i) {
+        String again(OneOfEqualHashes(i, kPairs));
+        table.Intern(again);
+        shared += again.SharesTextWith(strings[i]) ? 1 : 0;
+    }
+    EXPECT_EQ(shared, kStrings);
+    EXPECT_EQ(table.EntryCount(), static_cast<int>(kStrings));
+}
+
+TEST_F(NodeStringTableTest, ServesWhoUsesItWhileStaticObjectsAreDestroyed) {
+    EXPECT_EXIT(
+        {
+            s_LateUser.IsWatched = true;
+            static_cast<void>(TreeNode("early"));
+            std::exit(EXIT_SUCCESS);
+        },
+        testing::ExitedWithCode(kSharesToTheLast), "");
 }
 
 TEST_F(NodeStringTableTest, NodesKeepTheirTextThroughAClear) {

@@ -58,6 +58,15 @@ inline std::string Bytes(std::string_view description) {
     return bytes;
 }
 
+/// One of the many strings of this length that have the same hash: "Aa" and "BB" in the pattern of the
+/// number.
+inline std::string OneOfEqualHashes(unsigned number, int pairs) {
+    std::string text;
+    for (int pair = 0; pair < pairs; ++pair)
+        text += (number >> pair & 1U) != 0 ? "BB" : "Aa";
+    return text;
+}
+
 inline std::unique_ptr<Nvr::TreeNodeRoot> LoadBytes(std::string_view bytes) {
     return std::unique_ptr<Nvr::TreeNodeRoot>(Nvr::TreeNode::LoadFromMemory(bytes.data(), bytes.size()));
 }
