@@ -13,11 +13,16 @@ public:
 };
 
 /// Holds an object that has no owner yet, and deletes it when an exception or an early return leaves the
-/// scope. Release it once somebody owns it.
+/// scope. Release it once somebody owns it. A moved guard holds nothing.
 template <class T>
-class TDeleterHelper : public DeleterHelperBase {
+class TDeleterHelper final : public DeleterHelperBase {
 public:
     explicit TDeleterHelper(T* pointer = nullptr) noexcept : m_Pointer(pointer) {}
+    TDeleterHelper(TDeleterHelper&& other) noexcept : DeleterHelperBase(), m_Pointer(other.Release()) {}
+    TDeleterHelper& operator=(TDeleterHelper&& other) noexcept {
+        Reset(other.Release());
+        return *this;
+    }
     ~TDeleterHelper() override { delete m_Pointer; }
 
     /// Deletes the object now; the guard holds nothing.

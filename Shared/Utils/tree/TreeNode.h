@@ -93,6 +93,9 @@ public:
     bool GetChildValue(const String& label, bool defaultValue) const;
     TreePoint GetChildValue(const String& label, const TreePoint& defaultValue) const;
     TreeRectangle GetChildValue(const String& label, const TreeRectangle& defaultValue) const;
+    /// A pointer, such as a literal text, would pass for a bool.
+    template <class Pointed>
+    void GetChildValue(const String& label, Pointed* defaultValue) const = delete;
     const String& GetChildValueAtIndex(int index) const;
     /// The same as an integer, or 0.
     int GetChildIntAtIndex(int index) const;

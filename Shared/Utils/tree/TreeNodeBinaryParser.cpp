@@ -1,8 +1,8 @@
 #include "Shared/Utils/tree/TreeNodeBinaryParser.h"
 
-#include "Shared/Utils/Reporting.h"
 #include "Shared/Utils/tree/TreeNodeEncoding.h"
 #include "Shared/Utils/tree/TreeNodeExceptions.h"
+#include "Shared/Utils/tree/TreeNodeFailure.h"
 #include "Shared/Utils/tree/TreeNodeList.h"
 
 #include <array>
@@ -30,9 +30,9 @@ std::uint32_t FromBigEndian(const std::uint8_t* bytes) {
 
 } // namespace
 
-inline void TreeNodeBinaryParser::Finish(std::unique_ptr<TreeNode> node) {
-    m_Finished.Add(node.get());
-    static_cast<void>(node.release());
+inline void TreeNodeBinaryParser::Finish(TDeleterHelper<TreeNode>& node) {
+    m_Finished.Add(node.Get());
+    static_cast<void>(node.Release());
 }
 
 inline const String* TreeNodeBinaryParser::KnownString(const std::uint8_t* field) const {
@@ -52,7 +52,7 @@ std::unique_ptr<TreeNodeRoot> TreeNodeBinaryParser::Parse(std::unique_ptr<TreeNo
     m_StopLabel = stopLabel;
     m_StopMode = stopMode;
     TreeNodeRoot* const wholeTree = root.get();
-    ReadNode(std::move(root));
+    ReadNode(TDeleterHelper<TreeNode>(root.release()));
     while (!m_Open.empty()) {
         if (m_Open.back().ChildrenLeft != 0 && !m_HasError)
             ReadNextChildren();
@@ -65,11 +65,11 @@ std::unique_ptr<TreeNodeRoot> TreeNodeBinaryParser::Parse(std::unique_ptr<TreeNo
     return std::unique_ptr<TreeNodeRoot>(wholeTree);
 }
 
-void TreeNodeBinaryParser::ReadNode(std::unique_ptr<TreeNode> node) {
+void TreeNodeBinaryParser::ReadNode(TDeleterHelper<TreeNode> node) {
     OpenNode open;
     ReadHead(*node, open);
     if (open.ChildrenLeft == 0 && !open.IsSought) {
-        Finish(std::move(node));
+        Finish(node);
         return;
     }
     open.Node = std::move(node);
@@ -91,7 +91,8 @@ bool TreeNodeBinaryParser::ReadKnownLeaves() {
             break;
         m_Reader.TakeInPlace(kKnownHeadSize);
         --left;
-        Finish(std::unique_ptr<TreeNode>(new TreeNode(*label, *value, TreeNode::AreInterned())));
+        TDeleterHelper<TreeNode> leaf(new TreeNode(*label, *value, TreeNode::AreInterned()));
+        Finish(leaf);
     }
     m_Open.back().ChildrenLeft = left;
     return left != most;
@@ -120,7 +121,7 @@ void TreeNodeBinaryParser::ReadNextChildren() {
         RaiseError("Nodes are nested too deeply");
     } else if (!ReadKnownLeaves()) {
         --m_Open.back().ChildrenLeft;
-        ReadNode(std::make_unique<TreeNode>());
+        ReadNode(TDeleterHelper<TreeNode>(new TreeNode));
     }
 }
 
@@ -132,8 +133,8 @@ void TreeNodeBinaryParser::CloseLastNode() {
         closed.Node->m_Children->TakeTail(m_Finished, closed.FirstChild);
     }
     if (closed.IsSought)
-        throw TreeNodeSubTreeFoundException(closed.Node.release());
-    Finish(std::move(closed.Node));
+        throw TreeNodeSubTreeFoundException(closed.Node.Release());
+    Finish(closed.Node);
 }
 
 const String& TreeNodeBinaryParser::ReadString() {
@@ -219,7 +220,7 @@ bool TreeNodeBinaryParser::ReadNumber(std::uint32_t& number) {
 
 void TreeNodeBinaryParser::RaiseError(const String& message) {
     m_HasError = true;
-    ReportError(message);
+    ReportTreeFailure(message, __FILE__, __LINE__);
 }
 
 } // namespace Nvr

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Shared/Utils/DeleterHelper.h"
 #include "Shared/Utils/NvrString.h"
 #include "Shared/Utils/tree/TreeNode.h"
 #include "Shared/Utils/tree/TreeNodeList.h"
@@ -31,7 +32,7 @@ public:
 private:
     /// A node of which children are still to come. Attached to its parent when the last one is there.
     struct OpenNode {
-        std::unique_ptr<TreeNode> Node;
+        TDeleterHelper<TreeNode> Node;
         std::uint32_t ChildrenLeft = 0;
         bool IsSought = false;
         /// Where its children begin in m_Finished.
@@ -39,7 +40,7 @@ private:
     };
 
     /// Reads a node without its children; open when some are to come.
-    void ReadNode(std::unique_ptr<TreeNode> node);
+    void ReadNode(TDeleterHelper<TreeNode> node);
     /// Reads the next children of the last open node as long as they are of the most frequent kind: without
     /// children, with strings that stood before, and all at hand. False, with nothing read, when the next one
     /// is of another kind or a label is looked for.
@@ -47,7 +48,7 @@ private:
     /// The string of a field that refers to one or is empty; null for a new string or anything else.
     const String* KnownString(const std::uint8_t* field) const;
     /// Has the node wait for the end of its parent.
-    void Finish(std::unique_ptr<TreeNode> node);
+    void Finish(TDeleterHelper<TreeNode>& node);
     /// Label, value and child count, and whether the node is the one at which to stop.
     void ReadHead(TreeNode& node, OpenNode& open);
     /// One child of the last open node, or several.

@@ -1,9 +1,9 @@
 #include "Shared/Utils/tree/TreeNode.h"
 
 #include "Shared/Utils/FileStream.h"
-#include "Shared/Utils/Reporting.h"
 #include "Shared/Utils/SafeFileWriter.h"
 #include "Shared/Utils/tree/TreeNodeExceptions.h"
+#include "Shared/Utils/tree/TreeNodeFailure.h"
 #include "Shared/Utils/tree/TreeNodeReader.h"
 
 #include <memory>
@@ -19,7 +19,7 @@ bool TreeNode::SaveToFile(const String& fileName, bool binary, bool unicode, int
         if (binary ? writer.Commit() : writer.CommitToDisk())
             return true;
     }
-    ReportError("Could not write configuration file " + fileName);
+    ReportTreeFailure("Could not write configuration file " + fileName, __FILE__, __LINE__);
     return false;
 }
 
@@ -29,7 +29,7 @@ TreeNodeRoot* TreeNode::LoadFromFile(const String& fileName, const String& stopL
         if (TreeNodeRoot* const root = TreeNodeReader(stream, fileName).Read(stopLabel, stopMode))
             return root;
     }
-    ReportError("Could not open configuration file " + fileName);
+    ReportTreeFailure("Could not open configuration file " + fileName, __FILE__, __LINE__);
     return nullptr;
 }
 

@@ -1,9 +1,9 @@
 #include "Shared/Utils/tree/TreeNodeReader.h"
 
-#include "Shared/Utils/Reporting.h"
 #include "Shared/Utils/Stream.h"
 #include "Shared/Utils/tree/TreeNode.h"
 #include "Shared/Utils/tree/TreeNodeBinaryParser.h"
+#include "Shared/Utils/tree/TreeNodeFailure.h"
 #include "Shared/Utils/tree/TreeNodeTextParser.h"
 
 #include <algorithm>
@@ -38,6 +38,7 @@ TreeNodeReader::TreeNodeReader(InStream& stream, const String& fileName)
     : TreeNodeReader(SourceKind::Stream, nullptr, 0) {
     m_Stream = &stream;
     m_FileName = fileName;
+    m_EndSeen = stream.Eof();
 }
 
 TreeNodeReader::TreeNodeReader(const void* memory, std::size_t size)
@@ -46,16 +47,27 @@ TreeNodeReader::TreeNodeReader(const void* memory, std::size_t size)
 TreeNodeRoot* TreeNodeReader::Read(const String& stopLabel, int stopMode) {
     if (m_Kind == SourceKind::String && m_Text.IsEmpty())
         return new TreeNodeRoot;
+    std::unique_ptr<TreeNodeRoot> root;
+    try {
+        root = ReadRoot(stopLabel, stopMode);
+    } catch (...) {
+        LeaveStream();
+        throw;
+    }
+    LeaveStream();
+    return root.release();
+}
+
+std::unique_ptr<TreeNodeRoot> TreeNodeReader::ReadRoot(const String& stopLabel, int stopMode) {
     const Form form = DecideForm();
     if (form == Form::Unknown) {
-        ReportError("Could not read treenode - version is not recognized");
+        ReportTreeFailure("Could not read treenode - version is not recognized", __FILE__, __LINE__);
         return nullptr;
     }
     std::unique_ptr<TreeNodeRoot> root = Parse(form, stopLabel, stopMode);
-    LeaveStream();
     if (root == nullptr)
-        ReportError("Could not read treenode");
-    return root.release();
+        ReportTreeFailure("Could not read treenode", __FILE__, __LINE__);
+    return root;
 }
 
 TreeNodeReader::Form TreeNodeReader::DecideForm() {
@@ -89,26 +101,28 @@ std::unique_ptr<TreeNodeRoot> TreeNodeReader::Parse(Form form, const String& sto
 }
 
 bool TreeNodeReader::ReadBytes(void* destination, std::size_t count) {
+    if (!HasBytes())
+        return true;
     auto* to = static_cast<std::uint8_t*>(destination);
-    std::size_t missing = count;
-    while (missing != 0 && (BytesAtHand() != 0 || Refill())) {
-        const std::size_t taken = std::min(missing, BytesAtHand());
+    while (count != 0 && HasBytes()) {
+        const std::size_t taken = std::min(count, BytesAtHand());
         to = std::copy_n(m_Cursor, taken, to);
         m_Cursor += taken;
-        missing -= taken;
+        count -= taken;
     }
-    return missing == count;
+    return false;
 }
 
 bool TreeNodeReader::ReadBytesInto(ByteBuffer& buffer, std::size_t count) {
-    std::size_t missing = count;
-    while (missing != 0 && (BytesAtHand() != 0 || Refill())) {
-        const std::size_t taken = std::min({missing, BytesAtHand(), kBlockSize});
+    if (!HasBytes())
+        return true;
+    while (count != 0 && HasBytes()) {
+        const std::size_t taken = std::min({count, BytesAtHand(), kBlockSize});
         buffer.Append(m_Cursor, static_cast<int>(taken));
         m_Cursor += taken;
-        missing -= taken;
+        count -= taken;
     }
-    return missing == count;
+    return false;
 }
 
 void TreeNodeReader::Rewind() {

@@ -45,7 +45,8 @@ public:
     TreeNodeReader& operator=(const TreeNodeReader&) = delete;
 
     /// Reads one document: a tree owned by the caller, or null with reports, the last of which is "Could not
-    /// read treenode". What follows the root node is not read, and a stream stands behind what was read.
+    /// read treenode". What follows the root node is not read, and a stream stands after what was read,
+    /// however the read ends.
     ///
     /// With a stop label the read ends at the first node of that label: in mode 0 with a
     /// TreeNodeLabelFoundException as soon as its value is read, in mode 1 with a
@@ -53,10 +54,12 @@ public:
     /// second a pair of braces to fire.
     TreeNodeRoot* Read(const String& stopLabel = String(), int stopMode = kStopAtValue);
 
-    /// Whether the source is used up. A stream shows that only after a read has found too few bytes.
+    /// Whether the source is used up. A stream shows that only after a read has found too few bytes, which
+    /// may have been before there was this reader.
     bool AtEnd() const { return m_Kind == SourceKind::Stream ? m_EndSeen : m_Cursor == m_WindowEnd; }
-    /// False on success. True, with nothing read, at the end. With fewer bytes left than asked for, copies
-    /// what is there, leaves the rest of the destination alone, and succeeds.
+    /// False on success. True, with nothing read, when nothing is left, also for a count of 0. With fewer
+    /// bytes left than asked for, copies what is there, leaves the rest of the destination alone, and
+    /// succeeds.
     bool ReadBytes(void* destination, std::size_t count);
     /// The same, appending to a buffer, which grows only with what is there.
     bool ReadBytesInto(ByteBuffer& buffer, std::size_t count);
@@ -93,8 +96,10 @@ private:
     enum class Form { Unknown, Text8Bit, TextBigEndian, TextLittleEndian, Binary8Bit, BinaryUtf16 };
 
     TreeNodeReader(SourceKind kind, const void* memory, std::size_t size);
+    std::unique_ptr<TreeNodeRoot> ReadRoot(const String& stopLabel, int stopMode);
     Form DecideForm();
     std::unique_ptr<TreeNodeRoot> Parse(Form form, const String& stopLabel, int stopMode);
+    bool HasBytes() { return m_Cursor != m_WindowEnd || Refill(); }
     /// Fetches the next block of a stream; false, and the end is seen, when there is nothing left.
     bool Refill();
     /// Gives bytes that were fetched and not read back to the stream.

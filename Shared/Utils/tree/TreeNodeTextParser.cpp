@@ -2,6 +2,8 @@
 
 #include "Shared/Utils/tree/TreeNodeExceptions.h"
 
+#include <utility>
+
 namespace Nvr {
 
 TreeNodeTextParser::TreeNodeTextParser(TreeNodeReader& reader, bool unicode, bool bigEndian)
@@ -12,7 +14,8 @@ std::unique_ptr<TreeNodeRoot> TreeNodeTextParser::Parse(std::unique_ptr<TreeNode
     m_StopLabel = stopLabel;
     m_StopMode = stopMode;
     TreeNodeRoot* const wholeTree = root.get();
-    m_Open.push_back(std::move(root));
+    TDeleterHelper<TreeNode> guard(root.release());
+    m_Open.push_back(std::move(guard));
     bool hasList = ParseNodeHead();
     for (;;) {
         if (hasList) {
@@ -30,7 +33,7 @@ std::unique_ptr<TreeNodeRoot> TreeNodeTextParser::Parse(std::unique_ptr<TreeNode
     }
     if (m_HasError)
         return nullptr;
-    static_cast<void>(m_Open.back().release());
+    static_cast<void>(m_Open.back().Release());
     return std::unique_ptr<TreeNodeRoot>(wholeTree);
 }
 
@@ -128,7 +131,8 @@ void TreeNodeTextParser::OpenChild() {
     // The first token of the child is read, so that the end of this parse is an error in any case.
     if (m_Open.size() > TreeNodeReader::kDeepestLevel)
         RaiseError("Nodes are nested too deeply");
-    m_Open.push_back(std::make_unique<TreeNode>());
+    TDeleterHelper<TreeNode> child(new TreeNode);
+    m_Open.push_back(std::move(child));
 }
 
 void TreeNodeTextParser::CheckValueStop() const {
@@ -141,13 +145,13 @@ void TreeNodeTextParser::CheckValueStop() const {
 void TreeNodeTextParser::CheckSubTreeStop() {
     if (!m_StopLabel.IsEmpty() && m_StopMode == TreeNodeReader::kStopAtSubTree &&
         m_Open.back()->GetLabel() == m_StopLabel)
-        throw TreeNodeSubTreeFoundException(m_Open.back().release());
+        throw TreeNodeSubTreeFoundException(m_Open.back().Release());
 }
 
 void TreeNodeTextParser::AttachLastToParent() {
-    std::unique_ptr<TreeNode> node = std::move(m_Open.back());
+    TDeleterHelper<TreeNode> node = std::move(m_Open.back());
     m_Open.pop_back();
-    m_Open.back()->AddChild(node.release());
+    m_Open.back()->AddChild(node.Release());
 }
 
 } // namespace Nvr

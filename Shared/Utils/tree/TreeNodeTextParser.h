@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Shared/Utils/ByteBuffer.h"
+#include "Shared/Utils/DeleterHelper.h"
 #include "Shared/Utils/NvrString.h"
 #include "Shared/Utils/tree/TreeNode.h"
 #include "Shared/Utils/tree/TreeNodeReader.h"
@@ -76,7 +77,7 @@ private:
     String m_StopLabel;
     int m_StopMode = 0;
     /// From the root down; each is attached to its parent when it is whole.
-    std::vector<std::unique_ptr<TreeNode>> m_Open;
+    std::vector<TDeleterHelper<TreeNode>> m_Open;
     bool m_IsInList = false;
     std::string m_Converted;
 };

@@ -1,8 +1,8 @@
 #include "Shared/Utils/tree/TreeNodeTextParser.h"
 
 #include "Shared/Utils/AsciiChars.h"
-#include "Shared/Utils/Reporting.h"
 #include "Shared/Utils/tree/TreeNodeEncoding.h"
+#include "Shared/Utils/tree/TreeNodeFailure.h"
 
 #include <array>
 #include <string_view>
@@ -51,10 +51,10 @@ TreeNodeTextParser::Token TreeNodeTextParser::ReadToken() {
     bool afterCarriageReturn = false;
     while (!m_HasError && !m_Reader.AtEnd()) {
         const int character = ReadCharacter();
-        if (character == kNoCharacter)
-            return EndOfStream();
         if (character == '\n' || afterCarriageReturn)
             ++m_Line;
+        if (character == kNoCharacter)
+            return EndOfStream();
         afterCarriageReturn = character == '\r';
         switch (character) {
         case kEndMarkByte:
@@ -141,8 +141,9 @@ int TreeNodeTextParser::ReadUtf16Character() {
         m_IsBigEndian ? UnitFromBytes(bytes[0], bytes[1]) : UnitFromBytes(bytes[1], bytes[0]);
     ConvertFromUtf16({&unit, 1}, m_Converted);
     if (m_Converted.size() > 1) {
-        ReportError("Trying to read a Unicode text TreeNode that has characters that translate to multibyte "
-                    "chars and we can't copy with this\n");
+        ReportTreeFailure("Trying to read a Unicode text TreeNode that has characters that translate to "
+                          "multibyte chars and we can't copy with this\n",
+                          __FILE__, __LINE__);
     }
     return m_Converted.empty() ? 0 : static_cast<unsigned char>(m_Converted.front());
 }
@@ -151,10 +152,10 @@ void TreeNodeTextParser::RaiseError(const char* message) {
     m_HasError = true;
     const String text(m_TokenText.View().substr(0, kLongestTextInReport));
     const String line = String::FromInt(m_Line) + " - current text " + text;
-    if (m_Reader.GetFileName().IsEmpty())
-        ReportError(message + (" at line " + line));
-    else
-        ReportError(message + (" in file " + m_Reader.GetFileName()) + " line " + line);
+    const String place = m_Reader.GetFileName().IsEmpty()
+                             ? " at line " + line
+                             : " in file " + m_Reader.GetFileName() + " line " + line;
+    ReportTreeFailure(message + place, __FILE__, __LINE__);
 }
 
 } // namespace Nvr

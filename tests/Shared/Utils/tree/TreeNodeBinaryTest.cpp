@@ -1,3 +1,4 @@
+#include "Shared/Utils/tree/TreeNodeExceptions.h"
 #include "tests/Shared/Utils/tree/StoredTree.h"
 
 #include <random>
@@ -47,6 +48,24 @@ TEST_F(TreeNodeBinaryTest, EqualTextsAreOneStringHoweverTheyAreHeld) {
     node.AddChild(new TreeNode("Label", "Label"));
     EXPECT_EQ(Written(node, true),
               Bytes("00 01 00 00000005 'Label'" + kEmpty + "00000001" + "01 00000000 01 00000000 00000000"));
+}
+
+TEST_F(TreeNodeBinaryTest, StringsOfEqualHashesHaveAnIndexEach) {
+    constexpr int kPairs = 13;
+    constexpr std::size_t kLeafSize = 14;
+    TreeNode node("R");
+    for (int round = 0; round < 2; ++round) {
+        for (unsigned i = 0; i < 1U << kPairs; ++i) {
+            node.AddChild(new TreeNode(String(OneOfEqualHashes(i, kPairs))));
+            // The second time each text is a new one to the writer, equal to a former one.
+            Nvr::ClearNodeStringTable();
+        }
+    }
+    const std::string written = Written(node, true);
+    EXPECT_TRUE(LoadBytes(written)->IsSameTree(node));
+    constexpr std::size_t kTexts = 1U << kPairs;
+    const std::size_t emptyTree = Written(TreeNode("R"), true).size();
+    EXPECT_EQ(written.size(), emptyTree + 2 * kTexts * kLeafSize + kTexts * 2 * kPairs);
 }
 
 TEST_F(TreeNodeBinaryTest, EveryByteSurvivesEachForm) {
@@ -121,6 +140,31 @@ TEST_F(TreeNodeBinaryTest, DamageIsReported) {
         EXPECT_EQ(LoadAsStream(bytes), nullptr) << c.Why;
         EXPECT_EQ(TakeReports(), c.Expected) << c.Why;
     }
+}
+
+TEST_F(TreeNodeBinaryTest, AStopLabelIsFoundWhereverItsTextStoodBefore) {
+    // The label sought stands as a value before, so that its own node has nothing but known strings.
+    const std::unique_ptr<TreeNode> tree(TreeNode::LoadFromString("R {A \"B\" A \"A\" B \"A\" B \"C\"}"));
+    const std::string written = Written(*tree, true);
+    const auto read = [&written](const char* label, int mode) {
+        return std::unique_ptr<TreeNode>(
+            Nvr::TreeNodeReader(written.data(), written.size()).Read(label, mode));
+    };
+    try {
+        read("B", Nvr::TreeNodeReader::kStopAtValue);
+        ADD_FAILURE() << "the label was not found";
+    } catch (const Nvr::TreeNodeLabelFoundException& found) {
+        EXPECT_EQ(found.GetValue(), "A");
+    }
+    try {
+        read("B", Nvr::TreeNodeReader::kStopAtSubTree);
+        ADD_FAILURE() << "the label was not found";
+    } catch (const Nvr::TreeNodeSubTreeFoundException& found) {
+        const std::unique_ptr<TreeNode> node(found.GetNode());
+        EXPECT_EQ(Outline(node.get()), "B=|A|");
+    }
+    EXPECT_EQ(Outline(read("C", Nvr::TreeNodeReader::kStopAtValue).get()), Outline(tree.get()))
+        << "a value is no label";
 }
 
 TEST_F(TreeNodeBinaryTest, EveryTruncationIsNoticed) {

@@ -41,6 +41,16 @@ struct DepthMeter : Nvr::TreeNodeVisitor {
     int Left = 0;
 };
 
+/// "<" and the depth for each node entered, ">" and the depth for each one left.
+struct WalkRecorder : Nvr::TreeNodeVisitor {
+    bool EnterNode(TreeNode& node, int depth) override {
+        Walk += '<' + std::to_string(depth);
+        return node.GetLabel() != "Closed";
+    }
+    void LeaveNode(TreeNode&, int depth) override { Walk += '>' + std::to_string(depth); }
+    std::string Walk;
+};
+
 /// A chain of nodes, `depth` levels below its root.
 std::unique_ptr<TreeNode> MakeChain(int depth) {
     auto root = std::make_unique<TreeNode>("N");
@@ -97,6 +107,24 @@ TEST_F(TreeNodeDepthTest, HandMadeTreesHaveNoLimit) {
         const auto written = MakeChain(4000);
         EXPECT_TRUE(LoadAsString(std::string(written->ToText().View()))->IsSameTree(*written));
     });
+}
+
+TEST_F(TreeNodeDepthTest, WalksTellTheDepthOfEachNode) {
+    const struct {
+        const char* Tree;
+        const char* Expected;
+        const char* Why;
+    } rows[] = {
+        {"A", "<0>0", "the root alone"},
+        {"A {B {C} D}", "<0<1<2>2>1<1>1>0", "down, up and beside"},
+        {"A {Closed {C} D}", "<0<1>1<1>1>0", "passed over below a node that is not entered"},
+        {"Closed {B}", "<0>0", "also where that is the root"},
+    };
+    for (const auto& row : rows) {
+        WalkRecorder recorder;
+        Nvr::WalkTree(*LoadAsString(row.Tree), recorder);
+        EXPECT_EQ(recorder.Walk, row.Expected) << row.Why;
+    }
 }
 
 TEST_F(TreeNodeDepthTest, DeeperDocumentsAreRefused) {

@@ -1,8 +1,10 @@
+#include "Shared/Utils/Reporting.h"
 #include "tests/Shared/Utils/FilesTesting.h"
 #include "tests/Shared/Utils/tree/StoredTree.h"
 
 using Nvr::String;
 using Nvr::TreeNode;
+using Nvr::TreeNodeReader;
 
 namespace {
 
@@ -50,6 +52,55 @@ TEST_F(TreeNodeFilesTest, LoadingReportsWhatWentWrong) {
               (std::vector<std::string>{"Expected ~ _ or alpha numeric character in file " +
                                             std::string(cut.CStr()) + " line 3 - current text ",
                                         "Could not read treenode", couldNot + cut.CStr()}));
+}
+
+namespace {
+
+/// Takes down the source that each report names as its place.
+class PlaceSink : public Nvr::LogSink {
+public:
+    PlaceSink() : m_Former(Nvr::SetLogSink(this)) {}
+    ~PlaceSink() override { Nvr::SetLogSink(m_Former); }
+
+    void Write(const String&, std::intptr_t, std::intptr_t) override {
+        const Nvr::ReportLocation& place = Nvr::LatestReportLocation();
+        const std::string_view file = place.File != nullptr && place.Line > 0 ? place.File : "none";
+        Places.append(file.substr(file.find_last_of("/\\") + 1)).append(" ");
+        Nvr::SetReportLocation(nullptr, 0);
+    }
+
+    std::string Places;
+
+private:
+    Nvr::LogSink* m_Former;
+};
+
+} // namespace
+
+TEST_F(TreeNodeFilesTest, EveryFailureKeepsItsPlace) {
+    const std::string text = "TreeNodeTextTokens.cpp ";
+    const std::string binary = "TreeNodeBinaryParser.cpp ";
+    const std::string reader = "TreeNodeReader.cpp ";
+    const std::string file = "TreeNodeFiles.cpp ";
+    const struct {
+        std::string Document;
+        std::string Expected;
+        const char* Why;
+    } rows[] = {
+        {"}", text + reader, "text"},
+        {std::string(TreeNodeReader::kDeepestLevel + 2, '{'), text + reader, "text too deep"},
+        {Bytes("00 01 07"), binary + reader, "a tag"},
+        {Bytes("00 01 00"), binary + reader, "cut off"},
+        {Bytes("00 09"), reader, "a version"},
+    };
+    PlaceSink sink;
+    for (const auto& row : rows) {
+        EXPECT_EQ(Load(String(m_Scratch.Write("bad", row.Document))), nullptr);
+        EXPECT_EQ(std::exchange(sink.Places, {}), row.Expected + file) << row.Why;
+    }
+    EXPECT_EQ(Load(Path("missing")), nullptr);
+    EXPECT_FALSE(TreeNode("A").SaveToFile(Path("no-such-folder/tree")));
+    EXPECT_EQ(sink.Places, file + file);
 }
 
 TEST_F(TreeNodeFilesTest, AFailedSaveReportsAndLosesNothing) {

@@ -1,7 +1,9 @@
+#include "Shared/Utils/tree/TreeNodeExceptions.h"
 #include "tests/Shared/Utils/tree/StoredTree.h"
 
 using Nvr::String;
 using Nvr::TreeNode;
+using Nvr::TreeNodeReader;
 
 namespace {
 
@@ -64,4 +66,61 @@ TEST_F(TreeNodeReaderTest, AStreamStandsBehindTheDocument) {
     Nvr::CInStream textStream(text);
     const std::unique_ptr<TreeNode> textRead(TreeNode::LoadFromStream(textStream));
     EXPECT_EQ(textStream.Tell(), 4);
+}
+
+TEST_F(TreeNodeReaderTest, AStreamStandsBehindWhatWasReadHoweverThatEnds) {
+    const std::string binary = Written(*LoadAsString("A {B \"x\" {C}}"), true);
+    const struct {
+        std::string Document;
+        int Mode;
+        std::size_t Position;
+        const char* Why;
+    } rows[] = {
+        {"A {B \"x\" {C} D} E", TreeNodeReader::kStopAtValue, 8, "the closing quote"},
+        {"A {B \"x\" {C} D} E", TreeNodeReader::kStopAtSubTree, 12, "the right brace"},
+        {binary + "rest", TreeNodeReader::kStopAtValue, binary.size() - 4 - 15,
+         "before the count of children"},
+        {binary + "rest", TreeNodeReader::kStopAtSubTree, binary.size(), "all of the node"},
+        {"A {@ rest", TreeNodeReader::kStopAtValue, 4, "the wrong character"},
+        {Bytes("00 03") + "rest", TreeNodeReader::kStopAtValue, 2, "the wrong version"},
+    };
+    for (const auto& row : rows) {
+        std::istringstream source(row.Document);
+        Nvr::CInStream stream(source);
+        try {
+            EXPECT_EQ(TreeNodeReader(stream).Read("B", row.Mode), nullptr) << row.Why;
+        } catch (const Nvr::TreeNodeLabelFoundException& found) {
+            EXPECT_EQ(found.GetValue(), "x");
+        } catch (const Nvr::TreeNodeSubTreeFoundException& found) {
+            const std::unique_ptr<TreeNode> node(found.GetNode());
+            EXPECT_EQ(Outline(node.get()), "B=|x|(C)");
+        }
+        EXPECT_EQ(stream.Tell(), static_cast<std::streamoff>(row.Position)) << row.Why;
+    }
+}
+
+TEST_F(TreeNodeReaderTest, NothingIsReadWhereNothingIsLeft) {
+    char to = 'x';
+    Nvr::ByteBuffer into;
+    TreeNodeReader some("ab", 1);
+    EXPECT_FALSE(some.AtEnd());
+    EXPECT_FALSE(some.ReadBytes(&to, 0)) << "no byte is what was asked for";
+    EXPECT_FALSE(some.ReadBytesInto(into, 0));
+    EXPECT_FALSE(some.ReadBytes(&to, 5));
+    EXPECT_EQ(to, 'a');
+    EXPECT_TRUE(some.AtEnd());
+    EXPECT_TRUE(some.ReadBytes(&to, 0));
+    EXPECT_TRUE(some.ReadBytesInto(into, 0));
+
+    std::istringstream source("a");
+    Nvr::CInStream stream(source);
+    EXPECT_FALSE(TreeNodeReader(stream).AtEnd());
+    TreeNodeReader reader(stream);
+    EXPECT_FALSE(reader.ReadBytes(&to, 1));
+    EXPECT_FALSE(reader.AtEnd()) << "a stream shows its end when a read has failed";
+    EXPECT_TRUE(reader.ReadBytes(&to, 0));
+    EXPECT_TRUE(reader.AtEnd());
+    stream.Get();
+    EXPECT_TRUE(stream.Eof());
+    EXPECT_TRUE(TreeNodeReader(stream).AtEnd()) << "seen by another read before";
 }

@@ -94,6 +94,12 @@ TEST_F(TreeNodeTextTest, ErrorsNameTheirPlace) {
         const std::string place = " at line " + std::to_string(row.Line) + " - current text ";
         EXPECT_EQ(TakeReports(), (Reports{row.Report + place + row.Token, kFailed})) << row.Why;
     }
+    // What a stream gives at its end is a character too, which after a CR counts a line.
+    for (const auto& [text, line] : {std::pair("A {\r", 1), {"A {\n", 1}, {"A {\r\n", 1}, {"A {B\r\r", 2}}) {
+        EXPECT_EQ(LoadAsStream(text), nullptr) << text;
+        EXPECT_EQ(TakeReports().front(), kLabel + (" at line " + std::to_string(line)) + " - current text ")
+            << text;
+    }
     EXPECT_EQ(LoadAsStream("\nA {\n@", "f.txt"), nullptr);
     EXPECT_EQ(TakeReports().front(), kLabel + std::string(" in file f.txt line 2 - current text "));
 }
@@ -117,6 +123,7 @@ TEST_F(TreeNodeTextTest, Utf16IsConvertedToTheSystemCodePage) {
     // A letter, the euro, a dash, one that is not in the page, a pair of surrogates; line ends stay.
     const auto tree = LoadBytes(Bytes("FE FF 00'A' 00 22 00E9 20AC 2013 03A9 D83C DFB8 000D 000A 00 22"));
     EXPECT_EQ(Outline(tree.get()), "A=|\xE9\x80\x96???\r\n|");
+    EXPECT_TRUE(TakeReports().empty());
     // The unit of the end mark's byte ends a text here too.
     EXPECT_EQ(LoadBytes(Bytes("FE FF 00'A' 00 22 00 FF 00 22")), nullptr);
     // Half a character has a 0 for the other half.

@@ -10,6 +10,17 @@ namespace {
 
 class TreeNodeValuesTest : public TreeTest {};
 
+/// Whether a default of this type can be given at all.
+template <class Default>
+concept IsDefault = requires(const TreeNode& node, Default value) {
+    node.GetChildValue("Label", value);
+};
+
+static_assert(IsDefault<bool> && IsDefault<int> && IsDefault<long> && IsDefault<float>);
+static_assert(IsDefault<const Nvr::String&> && IsDefault<Nvr::TreePoint> && IsDefault<Nvr::TreeRectangle>);
+static_assert(!IsDefault<const char*> && !IsDefault<char (&)[5]> && !IsDefault<const char (&)[5]>,
+              "a text would be taken for true");
+
 } // namespace
 
 TEST_F(TreeNodeValuesTest, NumbersAreReadFromTheStartOfTheText) {
