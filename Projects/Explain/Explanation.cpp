@@ -8,8 +8,9 @@
 #include "Projects/Fretline/text/TabFile.h"
 #include "Projects/Fretline/text/TabStave.h"
 #include "Projects/Fretline/text/TabTuning.h"
-#include "Projects/Score/Spelling.h"
 #include "Projects/Score/Utf8.h"
+#include "Projects/TabText/Doubts.h"
+#include "Projects/TabText/Tunings.h"
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
@@ -42,6 +43,8 @@ public:
         for (const auto& signature : m_Analysis.GetTimeSignatures())
             Mark(signature->m_Line, signature->m_StartColumn, signature->m_EndColumn + 1,
                  Recognised::TimeSignature);
+        for (const TabText::Doubt& doubt : TabText::FindDoubts(m_Reading))
+            ExplainDoubt(doubt);
         return std::move(m_Explanation);
     }
 
@@ -51,6 +54,7 @@ private:
             ExplainedLine explained;
             explained.Text = m_File.GetLine(line);
             explained.Marks.assign(explained.Text.size(), Recognised::Nothing);
+            explained.IsDoubtful.assign(explained.Text.size(), false);
             m_Explanation.Lines.push_back(std::move(explained));
         }
     }
@@ -92,15 +96,8 @@ private:
     }
 
     static std::string StaveHeading(const TabStave& stave, bool hasLetters) {
-        std::string text = Numbered("stave of ", stave.GetLineCount()) + " lines, tuned";
-        for (const int pitch : stave.GetTuning()) {
-            const Score::SpelledPitch spelled = Score::SpellMidi(pitch / 2);
-            text += std::string(" ") + spelled.Step +
-                    (spelled.Alter > 0   ? "#"
-                     : spelled.Alter < 0 ? "b"
-                                         : "") +
-                    std::to_string(spelled.Octave);
-        }
+        const std::string text = Numbered("stave of ", stave.GetLineCount()) + " lines, tuned " +
+                                 TabText::TuningText(stave.GetTuning());
         return text + (hasLetters ? " by its letters" : " as usual (no letters)");
     }
 
@@ -151,6 +148,16 @@ private:
         }
     }
 
+    void ExplainDoubt(const TabText::Doubt& doubt) {
+        ExplainedLine& line = m_Explanation.Lines[static_cast<std::size_t>(doubt.Line)];
+        const std::size_t end = std::min(line.IsDoubtful.size(), static_cast<std::size_t>(doubt.EndColumn));
+        for (auto column = static_cast<std::size_t>(doubt.Column); column < end; ++column)
+            line.IsDoubtful[column] = true;
+        line.Doubts.push_back(Numbered("column ", doubt.Column + 1) + ", " +
+                              TabText::NameOf(doubt.Kind).Name + ": " + doubt.What +
+                              ". To try: " + doubt.Try);
+    }
+
     const TabText::TabReading& m_Reading;
     const Fretline::TabFile& m_File;
     const Fretline::TabAnalysis& m_Analysis;
@@ -161,6 +168,13 @@ private:
 };
 
 } // namespace
+
+std::size_t ExplainedLine::EndOfStretch(std::size_t column) const {
+    std::size_t end = column + 1;
+    while (end < Text.size() && Marks[end] == Marks[column] && IsDoubtful[end] == IsDoubtful[column])
+        ++end;
+    return end;
+}
 
 Explanation Explanation::Of(const TabText::TabReading& reading) {
     return Explainer(reading).Explain();

@@ -33,8 +33,15 @@ struct ExplainedLine {
     std::string Text;
     /// One entry a character.
     std::vector<Recognised> Marks;
+    /// One entry a character: it belongs to something doubtful.
+    std::vector<bool> IsDoubtful;
     /// Said below the line: why it was ignored, for example.
     std::vector<std::string> Notes;
+    /// Said below it too: what is doubtful, and what can be tried.
+    std::vector<std::string> Doubts;
+
+    /// The column after the stretch of equal marks that begins at `column`.
+    std::size_t EndOfStretch(std::size_t column) const;
 };
 
 /// What a bar of the text was read as, in sentences.
@@ -43,7 +50,8 @@ struct ExplainedBar {
     std::vector<std::string> Notes;
 };
 
-/// A tab with what was recognised in it. The plug-in's own reading tells it; nothing is read twice.
+/// A tab with what was recognised in it, and what of that is doubtful. The plug-in's own reading tells it;
+/// nothing is read twice.
 struct Explanation {
     std::vector<ExplainedLine> Lines;
     /// The bars of each stave, said below the stave's last line.
@@ -70,7 +78,11 @@ struct RecognisedName {
 };
 const RecognisedName& NameOf(Recognised kind);
 
-/// The explanation for a terminal. Without `hasColour`, a line of signs stands below each line of the tab.
+/// What stands below doubtful characters where there is no colour, and before each doubt.
+constexpr char kDoubtSign = '?';
+
+/// The explanation for a terminal. Without `hasColour`, a line of signs stands below each line of the tab,
+/// and one that marks what is doubtful.
 std::string ExplanationText(const Explanation& explanation, bool hasColour);
 
 /// The explanation as one page without scripts, readable in light and dark. `title` is UTF-8.

@@ -30,6 +30,7 @@ pre { font: 14px/1.35 "DejaVu Sans Mono", Consolas, monospace; overflow-x: auto;
 .lost-chord { color: var(--chord); text-decoration: line-through; } .label { color: var(--label); font-weight: bold; }
 .lost-label { color: var(--label); text-decoration: line-through; } .time { color: var(--tuning); text-decoration: underline; }
 .ignored { color: var(--ignored); text-decoration: line-through; } .note { color: var(--ignored); }
+.doubt { text-decoration: underline wavy var(--ignored); } .doubt-note { color: var(--ignored); font-style: italic; }
 details { margin: .3rem 0 1rem 3.5rem; } summary { cursor: pointer; } li { margin: .15rem 0; }
 )";
 
@@ -40,8 +41,8 @@ xml_node Add(xml_node parent, const char* name, const std::string& text = {}) {
     return node;
 }
 
-void AddSpan(xml_node parent, const char* style, const std::string& text) {
-    Add(parent, "span", text).append_attribute("class").set_value(style);
+void AddSpan(xml_node parent, const std::string& style, const std::string& text) {
+    Add(parent, "span", text).append_attribute("class").set_value(style.c_str());
 }
 
 void AddLine(xml_node pre, std::size_t number, const ExplainedLine& line) {
@@ -49,15 +50,17 @@ void AddLine(xml_node pre, std::size_t number, const ExplainedLine& line) {
     digits.insert(0, digits.size() < 5 ? 5 - digits.size() : 0, ' ');
     AddSpan(pre, "number", digits + "  ");
     for (std::size_t column = 0; column < line.Text.size();) {
-        std::size_t end = column;
-        while (end < line.Text.size() && line.Marks[end] == line.Marks[column])
-            ++end;
-        AddSpan(pre, NameOf(line.Marks[column]).HtmlClass, ToUtf8(line.Text.substr(column, end - column)));
+        const std::size_t end = line.EndOfStretch(column);
+        const std::string style = NameOf(line.Marks[column]).HtmlClass;
+        AddSpan(pre, line.IsDoubtful[column] ? style + " doubt" : style,
+                ToUtf8(line.Text.substr(column, end - column)));
         column = end;
     }
     pre.append_child(pugi::node_pcdata).set_value("\n");
     for (const std::string& note : line.Notes)
         AddSpan(pre, "note", "       ! " + ToUtf8(note) + "\n");
+    for (const std::string& doubt : line.Doubts)
+        AddSpan(pre, "doubt-note", "       ? " + ToUtf8(doubt) + "\n");
 }
 
 void AddStave(xml_node body, const Explanation::Stave& stave) {

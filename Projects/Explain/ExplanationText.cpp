@@ -17,19 +17,30 @@ std::string Number(std::size_t number) {
     return std::string(kNumberWidth - std::min(kNumberWidth, digits.size()), ' ') + digits + "  ";
 }
 
+constexpr const char* kNoStyle = "\x1b[0m";
+constexpr const char* kDoubtStyle = "\x1b[4;31m";
+
+std::string StyleOf(const ExplainedLine& line, std::size_t column) {
+    const Recognised mark = line.Marks[column];
+    const std::string style =
+        mark == Recognised::Nothing ? "" : "\x1b[" + std::string(NameOf(mark).TerminalStyle) + "m";
+    return line.IsDoubtful[column] ? style + kDoubtStyle : style;
+}
+
 std::string Coloured(const ExplainedLine& line) {
     std::string text;
     for (std::size_t column = 0; column < line.Text.size();) {
-        std::size_t end = column;
-        while (end < line.Text.size() && line.Marks[end] == line.Marks[column])
-            ++end;
+        const std::size_t end = line.EndOfStretch(column);
         const std::string stretch = ToUtf8(line.Text.substr(column, end - column));
-        text +=
-            line.Marks[column] == Recognised::Nothing
-                ? stretch
-                : "\x1b[" + std::string(NameOf(line.Marks[column]).TerminalStyle) + "m" + stretch + "\x1b[0m";
+        const std::string style = StyleOf(line, column);
+        text += style.empty() ? stretch : style + stretch + kNoStyle;
         column = end;
     }
+    return text;
+}
+
+std::string TrimEnd(std::string text) {
+    text.erase(text.find_last_not_of(' ') + 1);
     return text;
 }
 
@@ -38,8 +49,27 @@ std::string Signs(const ExplainedLine& line) {
     std::string signs;
     for (const Recognised mark : line.Marks)
         signs += NameOf(mark).Sign;
-    signs.erase(signs.find_last_not_of(' ') + 1);
-    return signs;
+    return TrimEnd(std::move(signs));
+}
+
+/// The same for what is doubtful.
+std::string DoubtSigns(const ExplainedLine& line) {
+    std::string signs;
+    for (const bool isDoubtful : line.IsDoubtful)
+        signs += isDoubtful ? kDoubtSign : ' ';
+    return TrimEnd(std::move(signs));
+}
+
+std::string BelowLine(const ExplainedLine& line, const std::string& indent, bool hasColour) {
+    std::string text;
+    for (const std::string& signs : {Signs(line), DoubtSigns(line)})
+        if (!hasColour && !signs.empty())
+            text += indent + signs + "\n";
+    for (const std::string& note : line.Notes)
+        text += indent + "! " + ToUtf8(note) + "\n";
+    for (const std::string& doubt : line.Doubts)
+        text += indent + kDoubtSign + " " + ToUtf8(doubt) + "\n";
+    return text;
 }
 
 std::string Legend(const Explanation& explanation, bool hasColour) {
@@ -68,10 +98,7 @@ std::string ExplanationText(const Explanation& explanation, bool hasColour) {
     for (std::size_t index = 0; index < explanation.Lines.size(); ++index) {
         const ExplainedLine& line = explanation.Lines[index];
         text += Number(index + 1) + (hasColour ? Coloured(line) : ToUtf8(line.Text)) + "\n";
-        if (const std::string signs = Signs(line); !hasColour && !signs.empty())
-            text += indent + signs + "\n";
-        for (const std::string& note : line.Notes)
-            text += indent + "! " + ToUtf8(note) + "\n";
+        text += BelowLine(line, indent, hasColour);
         if (stave == explanation.Staves.end() || stave->LastLine != static_cast<int>(index))
             continue;
         text += indent + stave->Heading + "\n";

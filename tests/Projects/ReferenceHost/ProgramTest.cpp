@@ -189,6 +189,16 @@ TEST_F(Program, ExplainsWhatItRead) {
     EXPECT_EQ(0, Run("song.tab --explain=html -o song.nvf > song.html").ExitCode);
     EXPECT_TRUE(Has(Read("song.html"), "<span class=\"chord\">Am</span>"));
     EXPECT_FALSE(Has(Read("song.html"), "<script"));
+    EXPECT_FALSE(Has(text.Text, "To try")) << "nothing of it is doubtful";
+}
+
+TEST_F(Program, ExplainsWhatIsDoubtful) {
+    const std::string tab = Read(Tab("a.tab").filename().string());
+    Write("song.tab", "  Fill\n" + tab);
+    EXPECT_TRUE(
+        Has(Run("song.tab --explain").Text, "????\n       ? column 3, chords read from words: the chord F"));
+    EXPECT_EQ(0, Run("song.tab --explain=html -o song.nvf > song.html").ExitCode);
+    EXPECT_TRUE(Has(Read("song.html"), "<span class=\"chord doubt\">F</span>"));
 }
 
 } // namespace
