@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Projects/Fretline/score/ScoreTime.h"
+#include "Projects/Score/ModelMarks.h"
 #include "Shared/Utils/tree/TreeNode.h"
 
 #include <optional>
@@ -24,6 +25,9 @@ struct ModelNote {
     /// Diatonic step, 7 to the octave; C of MIDI note 0 is 0.
     int Diat = 0;
     bool TiedToNext = false;
+    /// How it is played, each kind at most once, in the order of the enumeration. Empty unless the tab's text
+    /// was joined to the score: the score itself says nothing of it.
+    std::vector<ModelTechnique> Techniques = {};
 };
 
 /// A note, a chord of notes, or a rest (no notes). Times in score units from the start of the bar.
@@ -51,10 +55,13 @@ struct ModelBar {
     /// In the order of the score, which is that of their positions.
     std::vector<ModelEvent> Events;
     std::vector<ModelText> ChordSymbols;
+    /// As the tab's text has them; none in a score alone.
+    ModelRepeats Repeats = {};
 };
 
-/// A finished score as the exports and the summary see it: read from the score's tree alone, once, and not
-/// changed any more. Texts are in the score's code page (Windows-1252).
+/// A finished score as the exports and the summary see it: read from the score's tree alone, once. Where it
+/// came from a tab, what the players wrote between the frets may then be joined to it, and nothing else
+/// changes. Texts are in the score's code page (Windows-1252).
 struct ScoreModel {
     std::string InstrumentName;
     std::string ShortName;
@@ -69,6 +76,8 @@ struct ScoreModel {
     /// The time signature in force before the first bar that has its own.
     ModelTimeSignature FirstTimeSignature;
     std::vector<ModelBar> Bars;
+    /// What the tab's text says of the whole piece; nothing in a score alone.
+    ModelHeading Heading = {};
 
     int CountNotes() const;
     /// The strings of the tuning, and any above them on which a note lies.
