@@ -1,6 +1,7 @@
 #include "Projects/Score/MusicXml.h"
 
 #include "Projects/Score/ChordName.h"
+#include "Projects/Score/MusicXmlMarks.h"
 #include "Projects/Score/Spelling.h"
 #include "Projects/Score/Utf8.h"
 
@@ -65,7 +66,10 @@ public:
                        "\"http://www.musicxml.org/dtds/partwise.dtd\"");
         xml_node root = Add(document, "score-partwise");
         Set(root, "version", kVersion);
-        Add(Add(Add(root, "identification"), "encoding"), "software", std::string("Fretline"));
+        MusicXmlMarks::WriteWork(root, m_Score.Heading);
+        xml_node identification = Add(root, "identification");
+        MusicXmlMarks::WriteCreator(identification, m_Score.Heading);
+        Add(Add(identification, "encoding"), "software", std::string("Fretline"));
         WritePartList(root);
         xml_node part = Add(root, "part");
         Set(part, "id", kPart);
@@ -105,12 +109,16 @@ private:
             WriteAttributes(measure, bar.TimeSignature ? &*bar.TimeSignature : &m_Score.FirstTimeSignature);
         else if (bar.TimeSignature)
             WriteTime(Add(measure, "attributes"), *bar.TimeSignature);
+        MusicXmlMarks::WriteRepeatStart(measure, bar.Repeats);
+        if (index == 0)
+            MusicXmlMarks::WriteTempo(measure, m_Score.Heading);
         for (const std::string& label : bar.Labels) {
             xml_node direction = Add(measure, "direction");
             Set(direction, "placement", "above");
             Add(Add(direction, "direction-type"), "rehearsal", ToUtf8(label));
         }
         WriteMusic(measure, bar);
+        MusicXmlMarks::WriteRepeatEnd(measure, bar.Repeats);
     }
 
     void WriteAttributes(xml_node measure, const ModelTimeSignature* time) const {
@@ -131,6 +139,7 @@ private:
                 Add(tuning, "tuning-alter", pitch.Alter);
             Add(tuning, "tuning-octave", pitch.Octave);
         }
+        MusicXmlMarks::WriteCapo(details, m_Score.Heading);
     }
 
     void WriteTime(xml_node attributes, const ModelTimeSignature& time) const {
@@ -198,7 +207,7 @@ private:
     }
 
     void WriteNote(xml_node measure, const ModelEvent& event, const ModelNote& model, bool isFirst,
-                   bool isTiedFrom) const {
+                   bool isTiedFrom) {
         xml_node note = Add(measure, "note");
         if (!isFirst)
             Add(note, "chord");
@@ -217,23 +226,29 @@ private:
         Add(note, "type", std::string(NoteType(event.Duration)));
         if (!m_Score.HasRhythms)
             Add(note, "stem", std::string("none"));
+        MusicXmlMarks::WriteNotehead(note, model);
         WriteNotations(note, model, isTiedFrom);
     }
 
-    void WriteNotations(xml_node note, const ModelNote& model, bool isTiedFrom) const {
+    void WriteNotations(xml_node note, const ModelNote& model, bool isTiedFrom) {
         // A stave of the text that is tuned lower than the first one may give notes that its stave type has
         // no fret for.
         const bool hasFret = model.Fret >= 0;
-        if (!hasFret && !isTiedFrom && !model.TiedToNext)
+        const bool hasMarks = !isTiedFrom && m_Marks.HasNotations(model);
+        if (!hasFret && !hasMarks && !isTiedFrom && !model.TiedToNext)
             return;
         xml_node notations = Add(note, "notations");
         if (isTiedFrom)
             Set(Add(notations, "tied"), "type", "stop");
         if (model.TiedToNext)
             Set(Add(notations, "tied"), "type", "start");
-        if (!hasFret)
+        if (!hasFret && !hasMarks)
             return;
         xml_node technical = Add(notations, "technical");
+        if (hasMarks)
+            m_Marks.WriteNotations(notations, technical, model);
+        if (!hasFret)
+            return;
         // Strings count from 1 at the highest.
         Add(technical, "string", static_cast<int>(m_Score.Tuning.size()) - model.String);
         Add(technical, "fret", model.Fret);
@@ -274,6 +289,7 @@ private:
     }
 
     const ScoreModel& m_Score;
+    MusicXmlMarks m_Marks;
     /// String and pitch of the notes that are tied into the next event.
     std::set<std::pair<int, int>> m_OpenTies;
 };

@@ -3,6 +3,7 @@
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/text/TabStave.h"
 #include "Projects/TabText/DoubtFinders.h"
+#include "Projects/TabText/StatedCapo.h"
 #include "Projects/TabText/StaveBars.h"
 #include "Projects/TabText/Tunings.h"
 #include "Projects/TabText/Words.h"
@@ -121,18 +122,6 @@ std::optional<StatedTuning> FindStatedTuning(std::string_view line) {
     return stated ? stated : FindShiftedTuning(line);
 }
 
-/// The fret that a line puts a capo on; 0 for none.
-int FretOfCapo(std::string_view line, std::size_t capo) {
-    constexpr int kHighestCapo = 12;
-    constexpr std::size_t kReach = 24;
-    const std::string_view rest = line.substr(capo, kReach);
-    const auto* digit = std::find_if(rest.begin(), rest.end(), Nvr::Ascii::IsDigit);
-    int fret = 0;
-    for (; digit != rest.end() && Nvr::Ascii::IsDigit(*digit) && fret <= kHighestCapo; ++digit)
-        fret = fret * 10 + (*digit - '0');
-    return fret <= kHighestCapo ? fret : 0;
-}
-
 struct Instrument {
     std::string_view Word;
     /// The stave of so many lines is read as something else; 0 for any.
@@ -186,11 +175,10 @@ void FindStatedTunings(const TabReading& reading, DoubtSink& doubts) {
 void FindStatedCapos(const TabReading& reading, DoubtSink& doubts) {
     std::set<int> frets;
     ForEachLineOfWords(reading, [&](int line, std::string_view text) {
-        const std::size_t capo = FindInAnyCase(text, "capo");
-        const int fret = capo == std::string_view::npos ? 0 : FretOfCapo(text, capo);
-        if (fret > 0 && frets.insert(fret).second)
-            doubts.Add(line, static_cast<int>(capo), static_cast<int>(capo) + 4,
-                       "the score sounds without the capo on fret " + std::to_string(fret));
+        const CapoStatement capo = StatedCapo(text);
+        if (capo.Fret > 0 && frets.insert(capo.Fret).second)
+            doubts.Add(line, capo.Column, capo.EndColumn,
+                       "the score sounds without the capo on fret " + std::to_string(capo.Fret));
     });
 }
 

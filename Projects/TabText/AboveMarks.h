@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Projects/TabText/Markings.h"
+
+namespace TabText {
+
+/// Appends the marks of the lines above the staves: "P.M.-----|", "let ring---". One covers the notes from
+/// the word to the end of the dashes and dots after it.
+void ReadMarksAbove(const TabReading& reading, std::vector<NoteMark>& marks);
+
+} // namespace TabText

@@ -1,0 +1,118 @@
+#include "Projects/Fretline/stave/ScoreBar.h"
+#include "Projects/Fretline/stave/TabBar.h"
+#include "Projects/Score/ScoreModel.h"
+#include "Projects/TabText/Markings.h"
+#include "Projects/TabText/TabReading.h"
+
+#include <algorithm>
+
+namespace TabText {
+
+namespace {
+
+using Fretline::TabBar;
+using Score::ModelEvent;
+using Score::ModelNote;
+using Score::Technique;
+
+constexpr int kChrom2PerSemitone = 2;
+
+/// Puts the marks of one reading on the notes of the score that came from the same text.
+class Joiner {
+public:
+    Joiner(const TabReading& reading, Score::ScoreModel& score) : m_Reading(reading), m_Score(score) {}
+
+    void Join(const NoteMark& mark) {
+        const BarReading& reading = m_Reading.GetBars()[mark.Bar];
+        ModelEvent* event = EventOf(reading, mark.NoteColumn);
+        if (event == nullptr)
+            return;
+        const int string = reading.Bar->GetFirstLine() + reading.Bar->GetLineCount() - 1 - mark.NoteLine;
+        auto note = std::find_if(event->Notes.begin(), event->Notes.end(),
+                                 [&](const ModelNote& other) { return other.String == string; });
+        if (note == event->Notes.end() && mark.What.Kind == Technique::Dead)
+            note = AddDeadNote(*event, *reading.Bar, string);
+        if (note != event->Notes.end())
+            AddTechnique(*note, mark.What);
+    }
+
+    void Join(const BarMark& mark) {
+        const BarReading& reading = m_Reading.GetBars()[mark.Bar];
+        const int last = reading.FirstScoreBar + reading.Bar->ScoreBarCount() - 1;
+        if (last < reading.FirstScoreBar || last >= static_cast<int>(m_Score.Bars.size()))
+            return;
+        if (mark.Repeats.IsStart)
+            BarAt(reading.FirstScoreBar).Repeats.IsStart = true;
+        if (mark.Repeats.IsEnd) {
+            BarAt(last).Repeats.IsEnd = true;
+            BarAt(last).Repeats.Times = mark.Repeats.Times;
+        }
+    }
+
+private:
+    Score::ModelBar& BarAt(int number) { return m_Score.Bars[static_cast<std::size_t>(number)]; }
+
+    /// The event that begins where the column of the text does; null when the score has none.
+    ModelEvent* EventOf(const BarReading& reading, int textColumn) {
+        const Fretline::TabColumn* column =
+            ColumnOf(*reading.Bar, textColumn - reading.Bar->GetStartColumn());
+        const int length = reading.Bar->GetBarLength();
+        if (column == nullptr || length <= 0)
+            return nullptr;
+        const int bar = reading.FirstScoreBar + column->m_Position / length;
+        if (bar >= static_cast<int>(m_Score.Bars.size()))
+            return nullptr;
+        std::vector<ModelEvent>& events = BarAt(bar).Events;
+        const auto event =
+            std::lower_bound(events.begin(), events.end(), column->m_Position % length,
+                             [](const ModelEvent& one, int position) { return one.Position < position; });
+        return event == events.end() || event->Position != column->m_Position % length ? nullptr : &*event;
+    }
+
+    static const Fretline::TabColumn* ColumnOf(const TabBar& bar, int place) {
+        // A column may reach one place to the left of its key.
+        auto next = bar.GetColumns().upper_bound(place + 1);
+        for (int tries = 0; tries < 2 && next != bar.GetColumns().begin(); ++tries) {
+            const Fretline::TabColumn& column = *(--next)->second;
+            if (place >= column.m_Column + column.m_StartOffset && place < column.m_Column + column.m_Width)
+                return &column;
+        }
+        return nullptr;
+    }
+
+    static std::vector<ModelNote>::iterator AddDeadNote(ModelEvent& event, const TabBar& bar, int string) {
+        const Fretline::TabNote open(string, bar.GetTuning()[static_cast<std::size_t>(string)]);
+        ModelNote note;
+        note.String = string;
+        note.Midi = open.m_Chrom2 / kChrom2PerSemitone;
+        note.Diat = open.m_Diat;
+        const auto place =
+            std::upper_bound(event.Notes.begin(), event.Notes.end(), note.Diat,
+                             [](int diat, const ModelNote& other) { return diat < other.Diat; });
+        return event.Notes.insert(place, std::move(note));
+    }
+
+    static void AddTechnique(ModelNote& note, const Score::ModelTechnique& what) {
+        const auto place =
+            std::find_if(note.Techniques.begin(), note.Techniques.end(),
+                         [&](const Score::ModelTechnique& other) { return other.Kind >= what.Kind; });
+        if (place == note.Techniques.end() || place->Kind != what.Kind)
+            note.Techniques.insert(place, what);
+    }
+
+    const TabReading& m_Reading;
+    Score::ScoreModel& m_Score;
+};
+
+} // namespace
+
+void JoinMarkings(const TabReading& reading, const Markings& markings, Score::ScoreModel& score) {
+    Joiner joiner(reading, score);
+    for (const NoteMark& mark : markings.Notes)
+        joiner.Join(mark);
+    for (const BarMark& mark : markings.Bars)
+        joiner.Join(mark);
+    score.Heading = markings.Heading;
+}
+
+} // namespace TabText

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Projects/Score/ModelMarks.h"
+
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace TabText {
+
+class TabReading;
+
+/// Where a sign stands beside the note that it belongs to.
+enum class SignPlace {
+    /// Between two frets of a string; belongs to the first.
+    Between,
+    /// Between two frets, or right before or after one that it leads into or out of.
+    Slide,
+    /// Right before a fret.
+    Before,
+    /// After a fret, dashes between them or not.
+    After,
+    /// Before and after a fret.
+    Around,
+    /// The sign stands for the note.
+    Note,
+    /// In a line above a stave, over the notes that it means.
+    Above,
+};
+
+/// One sign that players write. `Text` is in lower case, and matched as it stands between the frets, in any
+/// case above them.
+struct Sign {
+    std::string_view Text;
+    SignPlace Place;
+    Score::Technique Kind;
+    /// For people.
+    std::string_view Meaning;
+};
+
+/// Every sign that is read, longer ones first where one begins with another.
+std::span<const Sign> AllSigns();
+
+/// What the signs between the frets mean in one tab. A legend in its text ("h = hammer on") decides where it
+/// says something else than AllSigns; what it says that no technique is takes the sign's meaning away.
+class SignMeanings {
+public:
+    explicit SignMeanings(const TabReading& reading);
+
+    /// The sign of that character; null for one that means nothing here. `x` and brackets are not asked for.
+    const Sign* Find(char character) const;
+
+private:
+    void ReadLegend(std::string_view line);
+
+    /// By character, where a legend says something else; null where it takes the meaning away.
+    std::map<char, const Sign*> m_Legend;
+};
+
+} // namespace TabText

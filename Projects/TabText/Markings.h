@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Projects/Score/ModelMarks.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace Score {
+struct ScoreModel;
+}
+
+namespace TabText {
+
+class TabReading;
+
+/// One technique that the text asks of one note.
+struct NoteMark {
+    Score::ModelTechnique What;
+    /// Index into TabReading::GetBars.
+    std::size_t Bar = 0;
+    /// The note: its line and its first digit's (or its "x"'s) absolute column.
+    int NoteLine = 0;
+    int NoteColumn = 0;
+    /// The sign: EndColumn is the column after it. For a dead note, the note itself.
+    int Line = 0;
+    int Column = 0;
+    int EndColumn = 0;
+
+    bool operator==(const NoteMark&) const = default;
+};
+
+/// What the text says of one bar.
+struct BarMark {
+    std::size_t Bar = 0;
+    Score::ModelRepeats Repeats;
+
+    bool operator==(const BarMark&) const = default;
+};
+
+/// What the players wrote between the frets and around the staves of a tab, beyond what the plug-in reads.
+struct Markings {
+    /// By bar, then line, then column of the sign; those above a stave after those of the bar.
+    std::vector<NoteMark> Notes;
+    /// By bar.
+    std::vector<BarMark> Bars;
+    Score::ModelHeading Heading;
+};
+
+/// Reads the signs of AllSigns. A sign that belongs to no note that was read is left out; so is a number
+/// after a bend, as a mark: the score has it as a note. Costs in proportion to the text.
+Markings ReadMarkings(const TabReading& reading);
+
+/// Adds the markings to the model of the score that the plug-in made of the same text at the same rhythm
+/// level: by bar, position and string. A dead note becomes a note on its open string, also where the score
+/// has a rest. A mark whose note is not in the score is left out. Without markings the model stays as it is.
+void JoinMarkings(const TabReading& reading, const Markings& markings, Score::ScoreModel& score);
+
+} // namespace TabText

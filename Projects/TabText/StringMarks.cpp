@@ -1,0 +1,215 @@
+#include "Projects/TabText/StringMarks.h"
+
+#include "Projects/Fretline/stave/TabBar.h"
+#include "Projects/Fretline/text/TabFile.h"
+#include "Shared/Utils/AsciiChars.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace TabText {
+
+namespace {
+
+using Fretline::TabBar;
+using Nvr::Ascii::IsDigit;
+using Score::ModelTechnique;
+using Score::Technique;
+
+constexpr int kQuarterTonesPerSemitone = 2;
+constexpr int kQuarterTonesPerTone = 4;
+
+/// A fret number or a dead note on one line of a bar. Places count in the bar's text.
+struct Stop {
+    std::size_t Start = 0;
+    std::size_t End = 0;
+    int Fret = 0;
+    bool IsDead = false;
+};
+
+bool IsDead(char c) {
+    return c == 'x' || c == 'X';
+}
+
+/// Walks one line of a bar from stop to stop.
+class StringReader {
+public:
+    StringReader(const TabBar& bar, std::size_t barIndex, int line, const SignMeanings& signs,
+                 std::vector<NoteMark>& marks)
+        : m_Text(TextOf(bar, line)), m_StartColumn(bar.GetStartColumn()), m_BarIndex(barIndex), m_Line(line),
+          m_Signs(signs), m_Marks(marks) {
+        FindStops();
+    }
+
+    void Read() {
+        for (m_Next = 0; m_Next <= m_Stops.size(); ++m_Next) {
+            ReadBefore();
+            if (m_Next < m_Stops.size())
+                ReadAt(m_Stops[m_Next]);
+        }
+    }
+
+private:
+    static std::string_view TextOf(const TabBar& bar, int line) {
+        const std::string_view text = bar.GetFile().GetLine(line);
+        const std::size_t start = std::min(text.size(), static_cast<std::size_t>(bar.GetStartColumn()));
+        return text.substr(start, static_cast<std::size_t>(bar.GetWidth()));
+    }
+
+    void FindStops() {
+        constexpr std::size_t kDigitsOfAFret = 2;
+        for (std::size_t at = 0; at < m_Text.size(); ++at) {
+            if (IsDead(m_Text[at]))
+                m_Stops.push_back({at, at + 1, 0, true});
+            if (!IsDigit(m_Text[at]))
+                continue;
+            Stop stop{at, at, 0, false};
+            for (; stop.End < m_Text.size() && IsDigit(m_Text[stop.End]); ++stop.End)
+                stop.Fret =
+                    stop.End - at < kDigitsOfAFret ? stop.Fret * 10 + (m_Text[stop.End] - '0') : stop.Fret;
+            m_Stops.push_back(stop);
+            at = stop.End - 1;
+        }
+    }
+
+    const Stop* Before() const { return m_Next == 0 ? nullptr : &m_Stops[m_Next - 1]; }
+    const Stop* After() const { return m_Next == m_Stops.size() ? nullptr : &m_Stops[m_Next]; }
+
+    char At(std::size_t place) const { return place < m_Text.size() ? m_Text[place] : '\0'; }
+
+    void Add(const Stop& stop, ModelTechnique what, std::size_t start, std::size_t end) {
+        const auto column = [&](std::size_t place) { return m_StartColumn + static_cast<int>(place); };
+        m_Marks.push_back({what, m_BarIndex, m_Line, column(stop.Start), m_Line, column(start), column(end)});
+    }
+
+    void ReadAt(const Stop& stop) {
+        if (stop.IsDead)
+            Add(stop, {Technique::Dead, 0}, stop.Start, stop.End);
+        const char before = stop.Start == 0 ? '\0' : m_Text[stop.Start - 1];
+        const char beforeThat = stop.Start < 2 ? '\0' : m_Text[stop.Start - 2];
+        const bool isTarget = beforeThat == 'b' || beforeThat == 'r';
+        if (before == '(' && At(stop.End) == ')' && !isTarget)
+            Add(stop, {Technique::Ghost, 0}, stop.Start - 1, stop.End + 1);
+        if (before == '<' && At(stop.End) == '>')
+            Add(stop, {Technique::NaturalHarmonic, 0}, stop.Start - 1, stop.End + 1);
+    }
+
+    /// The signs between the stop before and the next one.
+    void ReadBefore() {
+        const std::size_t end = After() == nullptr ? m_Text.size() : After()->Start;
+        std::size_t at = Before() == nullptr ? 0 : Before()->End;
+        while (at < end) {
+            const Sign* sign = m_Text.substr(at).starts_with("tr") ? TrillSign() : m_Signs.Find(m_Text[at]);
+            at = sign == nullptr ? at + 1 : ReadSign(*sign, at, end);
+        }
+    }
+
+    static const Sign* TrillSign() {
+        const auto signs = AllSigns();
+        return &*std::find_if(signs.begin(), signs.end(), [](const Sign& sign) { return sign.Text == "tr"; });
+    }
+
+    /// Gives the place after the sign.
+    std::size_t ReadSign(const Sign& sign, std::size_t at, std::size_t end) {
+        std::size_t after =
+            at + (sign.Kind == Technique::Trill && m_Text.substr(at).starts_with("tr") ? 2 : 1);
+        // A wave of one sign is one mark.
+        while (after < end && sign.Kind == Technique::Vibrato && m_Text[after] == m_Text[at])
+            ++after;
+        switch (sign.Place) {
+        case SignPlace::Between:
+            ReadBetween(sign, at);
+            break;
+        case SignPlace::Slide:
+            ReadSlide(at);
+            break;
+        case SignPlace::Before:
+            if (After() != nullptr && after == After()->Start)
+                Add(*After(), {sign.Kind, 0}, at, after);
+            break;
+        default:
+            if (Before() != nullptr && !Before()->IsDead)
+                Add(*Before(), {sign.Kind, AmountOf(sign.Kind, after, end)}, at, after);
+            break;
+        }
+        return after;
+    }
+
+    void ReadBetween(const Sign& sign, std::size_t at) {
+        if (Before() == nullptr || After() == nullptr || Before()->IsDead || After()->IsDead)
+            return;
+        Technique kind = sign.Kind;
+        if (sign.Text == "^" && After()->Fret < Before()->Fret)
+            kind = Technique::PullOff;
+        Add(*Before(), {kind, 0}, at, at + 1);
+    }
+
+    /// True when the sign at `at` leads on from `stop`, or to it, with no dash and little else between them.
+    bool Touches(const Stop& stop, std::size_t at) const {
+        constexpr std::size_t kReach = 4;
+        const std::size_t start = std::min(stop.End, at);
+        const std::size_t end = std::max(stop.Start, at);
+        return end - start <= kReach && m_Text.substr(start, end - start).find('-') == std::string_view::npos;
+    }
+
+    bool IsAmountOfABend(const Stop& stop) const { return stop.Start > 0 && m_Text[stop.Start - 1] == 'b'; }
+
+    void ReadSlide(std::size_t at) {
+        // The stroke of "1/2".
+        if (Before() != nullptr && IsAmountOfABend(*Before()) && at == Before()->End)
+            return;
+        const bool touchesBefore = Before() != nullptr && Touches(*Before(), at);
+        const bool touchesAfter = After() != nullptr && Touches(*After(), at);
+        const int direction = m_Text[at] == '/' ? 1 : m_Text[at] == '\\' ? -1 : 0;
+        if (Before() != nullptr && After() != nullptr && touchesBefore == touchesAfter)
+            Add(*Before(), {Technique::Slide, 0}, at, at + 1);
+        else if (touchesBefore && direction != 0)
+            Add(*Before(), {Technique::SlideOut, direction}, at, at + 1);
+        else if (touchesAfter && direction != 0)
+            Add(*After(), {Technique::SlideIn, direction}, at, at + 1);
+    }
+
+    /// In quarter tones for a bend, as a fret for a trill.
+    int AmountOf(Technique kind, std::size_t after, std::size_t end) const {
+        const std::size_t bracket = At(after) == '(' ? 1 : 0;
+        const bool hasNumber = After() != nullptr && after + bracket == end;
+        if (kind == Technique::Trill)
+            return hasNumber ? After()->Fret : 0;
+        if (kind != Technique::Bend)
+            return 0;
+        if (!hasNumber)
+            return kQuarterTonesPerTone;
+        return BendTo(*After());
+    }
+
+    int BendTo(const Stop& target) const {
+        constexpr int kMostTones = 3;
+        if (At(target.End) == '/' && target.Fret == 1 && At(target.End + 1) == '2')
+            return kQuarterTonesPerTone / 2;
+        if (At(target.End) == '/' && target.Fret == 1 && At(target.End + 1) == '4')
+            return kQuarterTonesPerTone / 4;
+        if (target.Fret > Before()->Fret)
+            return (target.Fret - Before()->Fret) * kQuarterTonesPerSemitone;
+        return target.Fret > 0 && target.Fret <= kMostTones ? target.Fret * kQuarterTonesPerTone
+                                                            : kQuarterTonesPerTone;
+    }
+
+    std::string_view m_Text;
+    int m_StartColumn;
+    std::size_t m_BarIndex;
+    int m_Line;
+    const SignMeanings& m_Signs;
+    std::vector<NoteMark>& m_Marks;
+    std::vector<Stop> m_Stops;
+    /// Index of the stop that comes next.
+    std::size_t m_Next = 0;
+};
+
+} // namespace
+
+void ReadStringMarks(const TabBar& bar, std::size_t barIndex, int line, const SignMeanings& signs,
+                     std::vector<NoteMark>& marks) {
+    StringReader(bar, barIndex, line, signs, marks).Read();
+}
+
+} // namespace TabText

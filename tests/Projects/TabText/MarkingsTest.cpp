@@ -1,0 +1,178 @@
+#include "Projects/TabText/Markings.h"
+
+#include "Projects/Score/ScoreModel.h"
+#include "Projects/TabText/MarkingSigns.h"
+#include "tests/Projects/TabText/ReadText.h"
+#include "tests/support/TabText.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+namespace {
+
+using Score::Technique;
+using TestSupport::ReadText;
+
+const char* ShortName(Technique kind) {
+    static const std::map<Technique, const char*> kNames{
+        {Technique::HammerOn, "hammer"},
+        {Technique::PullOff, "pull"},
+        {Technique::Slide, "slide"},
+        {Technique::SlideIn, "in"},
+        {Technique::SlideOut, "out"},
+        {Technique::Bend, "bend"},
+        {Technique::Release, "release"},
+        {Technique::Vibrato, "vibrato"},
+        {Technique::Dead, "dead"},
+        {Technique::NaturalHarmonic, "natural"},
+        {Technique::ArtificialHarmonic, "artificial"},
+        {Technique::Trill, "trill"},
+        {Technique::Tap, "tap"},
+        {Technique::Ghost, "ghost"},
+        {Technique::PalmMute, "palm"},
+        {Technique::LetRing, "ring"},
+        {Technique::Accent, "accent"},
+    };
+    return kNames.at(kind);
+}
+
+/// The line as the lowest of six, with what stands above them.
+std::string With(const std::string& line, const std::string& above = {}) {
+    std::string empty = line;
+    for (char& c : empty)
+        c = c == '|' ? '|' : '-';
+    return above + TestSupport::Stave(empty, 5) + line + "\n";
+}
+
+/// Each mark as the column of its note, counted from 0, its kind, and its amount unless that is 0.
+std::string MarksOf(const std::string& text) {
+    std::string found;
+    const ReadText reading(text);
+    for (const TabText::NoteMark& mark : TabText::ReadMarkings(*reading).Notes)
+        found += (found.empty() ? "" : ", ") + std::to_string(mark.NoteColumn) + " " +
+                 ShortName(mark.What.Kind) +
+                 (mark.What.Amount == 0 ? "" : " " + std::to_string(mark.What.Amount));
+    return found;
+}
+
+struct Case {
+    std::string Text;
+    const char* Marks;
+    const char* Why;
+};
+
+TEST(Markings, OfNotes) {
+    const Case kCases[] = {
+        {With("|-5---7-12-|"), "", "frets alone"},
+        {With("|-5h7-----|"), "2 hammer", "hammer-on"},
+        {With("|-5-h-7---|"), "2 hammer", "with dashes around the sign"},
+        {With("|-12h14p12-|"), "2 hammer, 5 pull", "a chain"},
+        {With("|-5^7^5---|"), "2 hammer, 4 pull", "up is hammered, down is pulled"},
+        {With("|-h7------|"), "", "hammered from nothing"},
+        {With("|-7h------|"), "", "hammered to nothing"},
+        {With("|-7h-|-9--|"), "", "over a barline"},
+        {With("|-5/7\\5---|"), "2 slide, 4 slide", "there and back"},
+        {With("|-5s7-----|"), "2 slide", "slide by letter"},
+        {With("|-/7------|"), "3 in 1", "into the note from below"},
+        {With("|-\\7------|"), "3 in -1", "and from above"},
+        {With("|-7\\------|"), "2 out -1", "out of the note"},
+        {With("|-5---/7--|"), "7 in 1", "a sign at one note belongs to that"},
+        {With("|-5/---7--|"), "2 out 1", "or to the other"},
+        {With("|-5-/-7---|"), "2 slide", "a sign in the middle connects"},
+        {With("|-7b------|"), "2 bend 4", "by a tone"},
+        {With("|-7b8-----|"), "2 bend 2", "to a fret"},
+        {With("|-7b(9)---|"), "2 bend 4", "to a fret in brackets, which is no ghost note"},
+        {With("|-7b9r7---|"), "2 bend 4, 4 release", "and back"},
+        {With("|-7b1/2---|"), "2 bend 2", "by an amount, and no slide"},
+        {With("|-7b1-----|"), "2 bend 4", "by one tone"},
+        {With("|-7bfull--|"), "2 bend 4", "in words"},
+        {With("|-7~~~~-9v|"), "2 vibrato, 8 vibrato", "a wave is one mark"},
+        {With("|-7-~~----|"), "2 vibrato", "apart from its note"},
+        {With("|-x--X----|"), "2 dead, 5 dead", "dead notes"},
+        {With("|-xh7-----|"), "2 dead", "nobody hammers from a dead note"},
+        {With("|-<12>----|"), "3 natural", "harmonic"},
+        {With("|-12*-----|"), "2 natural", "with a star"},
+        {With("|-7tr9----|"), "2 trill 9", "with the fret it goes to"},
+        {With("|-t12p7---|"), "3 tap, 3 pull", "tapped"},
+        {With("|-(7)-----|"), "3 ghost", "in brackets"},
+        {With("|-7(-----9)|"), "", "brackets that do not hold a fret"},
+        {With("|-5-5-5-7-|", "PM-----\n\n"), "2 palm, 4 palm, 6 palm", "over its dashes"},
+        {With("|-5-5-5-7-|", "  P.M. - - -|\n\n"), "2 palm, 4 palm, 6 palm, 8 palm", "with points and gaps"},
+        {With("|-5-5-5-7-|", "  let ring\n\n"), "2 ring, 4 ring, 6 ring, 8 ring", "over its letters"},
+        {With("|-5-12----|", "    N.H.\n\n"), "4 natural", "harmonics from above"},
+        {With("|-5-12----|", "  Phil phones\n\n"), "", "words are no signs"},
+        {"h = slide\n\n" + With("|-5h7-----|"), "2 slide", "the legend says otherwise"},
+        {"v: slap with the thumb\n\n" + With("|-7v------|"), "", "no technique that is known"},
+        {"h - hammer on\nv = accent\n\n" + With("|-5h7v----|"), "2 hammer, 4 accent", "two entries"},
+        {"* = palm mute\n\n" + With("|-7*-----|"), "2 palm", "palm mute of one note"},
+    };
+    for (const Case& row : kCases)
+        EXPECT_EQ(row.Marks, MarksOf(row.Text)) << row.Why << "\n" << row.Text;
+}
+
+/// Each marked bar as its index, "[" for a start, "]" and the times for an end.
+std::string RepeatsOf(const std::string& text) {
+    std::string found;
+    const ReadText reading(text);
+    for (const TabText::BarMark& mark : TabText::ReadMarkings(*reading).Bars)
+        found += (found.empty() ? "" : ", ") + std::to_string(mark.Bar) + (mark.Repeats.IsStart ? "[" : "") +
+                 (mark.Repeats.IsEnd ? "]" + std::to_string(mark.Repeats.Times) : "");
+    return found;
+}
+
+TEST(Markings, OfBars) {
+    const std::string outer = "||---|-----||\n";
+    const std::string dotted = "||*--|----*||\n";
+    const Case kCases[] = {
+        {With("|-5---|-7---|"), "", "nothing is repeated"},
+        {outer + dotted + outer + outer + dotted + "||-5-|--7--||\n", "0[, 1]2", "stars on two lines"},
+        {TestSupport::Stave("|:-5-|--7-:|", 4), "0[, 1]2", "dots on all lines"},
+        {TestSupport::Stave("|-5-|--7-:|", 4), "1]2", "from the beginning"},
+        {TestSupport::Stave("|-5-|--7--|", 4) + "", "", "no dots"},
+        {TestSupport::Stave("|-5-|--7--| x4", 4), "0[, 1]4", "a whole stave"},
+        {"    (2x)\n" + TestSupport::Stave("|-5-|--7--|", 4), "0[, 1]2", "above it"},
+        {TestSupport::Stave("|:-5-|--7-:| x3", 4), "0[, 1]3", "how often the signs mean"},
+        {outer + "||o--|-----||\n" + outer + outer + outer + "||-5-|--7--||\n", "", "a lone sign"},
+    };
+    for (const Case& row : kCases)
+        EXPECT_EQ(row.Marks, RepeatsOf(row.Text)) << row.Why << "\n" << row.Text;
+}
+
+TEST(Markings, OfTheWholePiece) {
+    const auto headingOf = [](const std::string& words) {
+        const ReadText reading(words + "\n\n\n" + With("|-5---|"));
+        return TabText::ReadMarkings(*reading).Heading;
+    };
+    EXPECT_EQ((Score::ModelHeading{"Blue Bird", "A Trio", 120, 2, false}),
+              headingOf("Title: Blue Bird\nArtist:  A Trio\nTempo: 120\nCapo on fret 2"));
+    EXPECT_EQ(96, headingOf("q=96").Tempo);
+    EXPECT_EQ(132, headingOf("played at 132 bpm").Tempo);
+    EXPECT_EQ(0, headingOf("Tempo: 5000").Tempo) << "nobody plays that";
+    EXPECT_TRUE(headingOf("with a shuffle feel").IsSwung);
+    EXPECT_EQ(Score::ModelHeading{}, headingOf("Just a song, no capo"));
+}
+
+TEST(Markings, JoinTheNotesOfTheScore) {
+    const ReadText reading(With("|-5h7-x---|-9~~---|", "(x2)\n"));
+    Score::ScoreModel score;
+    score.Tuning = {40, 45, 50, 55, 59, 64};
+    score.Bars.resize(2);
+    score.Bars[0].Events = {
+        {0, 128, {{0, 5, 45, 26, false}}}, {128, 128, {{0, 7, 47, 27, false}}}, {256, 128, {}}};
+    score.Bars[1].Events = {{0, 128, {{1, 9, 54, 31, false}, {0, 9, 49, 28, false}}}};
+    TabText::JoinMarkings(*reading, TabText::ReadMarkings(*reading), score);
+    using Techniques = std::vector<Score::ModelTechnique>;
+    EXPECT_EQ((Techniques{{Technique::HammerOn, 0}}), score.Bars[0].Events[0].Notes[0].Techniques);
+    EXPECT_TRUE(score.Bars[0].Events[1].Notes[0].Techniques.empty());
+    ASSERT_EQ(1U, score.Bars[0].Events[2].Notes.size()) << "the rest holds a dead note now";
+    EXPECT_EQ((Techniques{{Technique::Dead, 0}}), score.Bars[0].Events[2].Notes[0].Techniques);
+    EXPECT_EQ(40, score.Bars[0].Events[2].Notes[0].Midi) << "on the open string";
+    EXPECT_TRUE(score.Bars[1].Events[0].Notes[0].Techniques.empty()) << "another string";
+    EXPECT_EQ((Techniques{{Technique::Vibrato, 0}}), score.Bars[1].Events[0].Notes[1].Techniques);
+    EXPECT_EQ((Score::ModelRepeats{true, false, 2}), score.Bars[0].Repeats);
+    EXPECT_EQ((Score::ModelRepeats{false, true, 2}), score.Bars[1].Repeats);
+}
+
+} // namespace
