@@ -1,5 +1,7 @@
 #include "Projects/Formats/Conversion.h"
 
+#include "Projects/TabText/Markings.h"
+
 namespace Formats {
 
 std::optional<Conversion> Conversion::Of(std::string scoreBytes, std::string title, std::string& why) {
@@ -16,6 +18,10 @@ std::optional<Conversion> Conversion::Of(std::string scoreBytes, std::string tit
     conversion.ScoreBytes = std::move(scoreBytes);
     conversion.Model = std::move(*model);
     return conversion;
+}
+
+void Conversion::JoinText(const TabText::TabReading& reading) {
+    TabText::JoinMarkings(reading, TabText::ReadMarkings(reading), Model);
 }
 
 } // namespace Formats

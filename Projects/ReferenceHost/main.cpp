@@ -52,12 +52,14 @@ std::string WriteFormat(const Formats::Conversion& conversion, std::string_view 
 bool ShowScore(const CommandLine& line, const std::filesystem::path& file, const std::filesystem::path& place,
                const std::string& bytes) {
     std::string why;
-    const std::optional<Formats::Conversion> conversion =
-        Formats::Conversion::Of(bytes, file.stem().string(), why);
+    std::optional<Formats::Conversion> conversion = Formats::Conversion::Of(bytes, file.stem().string(), why);
     if (!conversion) {
         Complain(file.string() + ": the score cannot be read: " + why);
         return false;
     }
+    if (file.extension() != kScoreExtension)
+        conversion->JoinText(TabText::TabReading(std::filesystem::absolute(file),
+                                                 std::filesystem::absolute(line.ConfigFolder)));
     if (line.Explain != CommandLine::Explanation::None)
         ExplainTab(line, file);
     else if (line.Dump)

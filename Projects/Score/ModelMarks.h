@@ -71,4 +71,7 @@ struct ModelHeading {
     bool operator==(const ModelHeading&) const = default;
 };
 
+/// The technique of that kind; null when the list has none.
+const ModelTechnique* FindTechnique(const std::vector<ModelTechnique>& techniques, Technique kind);
+
 } // namespace Score

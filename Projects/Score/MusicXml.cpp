@@ -228,6 +228,7 @@ private:
             Add(note, "stem", std::string("none"));
         MusicXmlMarks::WriteNotehead(note, model);
         WriteNotations(note, model, isTiedFrom);
+        MusicXmlMarks::WritePlay(note, model);
     }
 
     void WriteNotations(xml_node note, const ModelNote& model, bool isTiedFrom) {

@@ -2,8 +2,6 @@
 
 #include "Projects/Score/Utf8.h"
 
-#include <algorithm>
-
 namespace Score {
 
 namespace {
@@ -96,6 +94,9 @@ void WriteTechnique(xml_node notations, xml_node technical, const ModelTechnique
     case Technique::UpStroke:
         Add(technical, "up-bow");
         return;
+    case Technique::LetRing:
+        Set(Add(notations, "tied"), "type", "let-ring");
+        return;
     default:
         break;
     }
@@ -105,8 +106,7 @@ void WriteTechnique(xml_node notations, xml_node technical, const ModelTechnique
 }
 
 bool Has(const ModelNote& note, Technique kind) {
-    return std::any_of(note.Techniques.begin(), note.Techniques.end(),
-                       [&](const ModelTechnique& technique) { return technique.Kind == kind; });
+    return FindTechnique(note.Techniques, kind) != nullptr;
 }
 
 } // namespace
@@ -174,6 +174,11 @@ void MusicXmlMarks::WriteNotehead(xml_node note, const ModelNote& model) {
         Add(note, "notehead", "x");
     else if (Has(model, Technique::Ghost))
         Set(Add(note, "notehead", "normal"), "parentheses", "yes");
+}
+
+void MusicXmlMarks::WritePlay(xml_node note, const ModelNote& model) {
+    if (Has(model, Technique::PalmMute))
+        Add(Add(note, "play"), "mute", "palm");
 }
 
 bool MusicXmlMarks::HasNotations(const ModelNote& model) const {

@@ -26,6 +26,8 @@ public:
     static void WriteRepeatEnd(pugi::xml_node measure, const ModelRepeats& repeats);
     /// The head of a note, after its stem.
     static void WriteNotehead(pugi::xml_node note, const ModelNote& model);
+    /// How a player program mutes it, at the end of the note.
+    static void WritePlay(pugi::xml_node note, const ModelNote& model);
     /// True when the note has something to write among its notations.
     bool HasNotations(const ModelNote& model) const;
     /// What stands beside `technical`, and inside it before string and fret. Once for every note that begins

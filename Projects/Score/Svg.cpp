@@ -225,7 +225,10 @@ private:
         for (const ModelNote& note : event.Notes) {
             const std::pair<int, int> key{note.String, note.Midi};
             const bool isTied = std::find(m_Tied.begin(), m_Tied.end(), key) != m_Tied.end();
-            const std::string fret = note.Fret < 0 ? std::string(1, '?') : std::to_string(note.Fret);
+            const bool isDead = FindTechnique(note.Techniques, Technique::Dead) != nullptr;
+            const std::string fret = isDead          ? std::string(1, 'x')
+                                     : note.Fret < 0 ? std::string(1, '?')
+                                                     : std::to_string(note.Fret);
             AddText(group, isTied ? "fret tied" : "fret", x, LineOf(system, note.String) + kTextDrop,
                     isTied ? "(" + fret + ")" : fret);
             if (note.TiedToNext)

@@ -5,10 +5,15 @@
 //     chord Am
 //     256 5:3:48 2:1:60        duration in score units, then string (1 is the highest), fret, MIDI note; "~"
 //     when tied on 128 rest
+//
+// With the tab and the folder of the options as further arguments, each note that the text marks has the
+// letters of its techniques at its end: "256 5:3:48=hv".
 
 #include "Projects/ReferenceHost/ScoreFile.h"
 #include "Projects/Score/ScoreModel.h"
 #include "Projects/Score/Utf8.h"
+#include "Projects/TabText/Markings.h"
+#include "Projects/TabText/TabReading.h"
 
 #include <algorithm>
 #include <iostream>
@@ -18,6 +23,20 @@ namespace {
 
 using namespace ReferenceHost;
 using namespace Score;
+
+/// The techniques that both reading programs can hold, or one of them.
+std::string Letters(const ModelNote& note) {
+    static constexpr std::pair<Technique, char> kLetters[] = {
+        {Technique::HammerOn, 'h'}, {Technique::PullOff, 'h'},         {Technique::Slide, 's'},
+        {Technique::Bend, 'b'},     {Technique::Vibrato, 'v'},         {Technique::Dead, 'x'},
+        {Technique::Ghost, 'g'},    {Technique::NaturalHarmonic, 'n'}, {Technique::PalmMute, 'm'},
+    };
+    std::string letters;
+    for (const auto& [kind, letter] : kLetters)
+        if (FindTechnique(note.Techniques, kind) != nullptr && letters.find(letter) == std::string::npos)
+            letters += letter;
+    return letters.empty() ? letters : "=" + letters;
+}
 
 void PrintEvent(const ScoreModel& score, const ModelEvent& event) {
     std::cout << event.Duration;
@@ -32,7 +51,7 @@ void PrintEvent(const ScoreModel& score, const ModelEvent& event) {
             std::cout << "-:-";
         else
             std::cout << static_cast<int>(score.Tuning.size()) - note.String << ':' << note.Fret;
-        std::cout << ':' << note.Midi << (note.TiedToNext ? "~" : "");
+        std::cout << ':' << note.Midi << (note.TiedToNext ? "~" : "") << Letters(note);
     }
     std::cout << '\n';
 }
@@ -51,14 +70,18 @@ void PrintBar(const ScoreModel& score, std::size_t index) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const auto bytes = argc == 2 ? ReadWholeFile(argv[1]) : std::nullopt;
+    const auto bytes = argc == 2 || argc == 4 ? ReadWholeFile(argv[1]) : std::nullopt;
     const std::unique_ptr<Nvr::TreeNodeRoot> tree(
         bytes ? Nvr::TreeNode::LoadFromMemory(bytes->data(), bytes->size()) : nullptr);
     std::string why = "it cannot be read";
-    const auto score = tree ? ScoreModel::Read(*tree, why) : std::nullopt;
+    auto score = tree ? ScoreModel::Read(*tree, why) : std::nullopt;
     if (!score) {
         std::cerr << "no score: " << why << '\n';
         return 1;
+    }
+    if (argc == 4) {
+        const TabText::TabReading reading(argv[2], argv[3]);
+        TabText::JoinMarkings(reading, TabText::ReadMarkings(reading), *score);
     }
     for (std::size_t bar = 0; bar < score->Bars.size(); ++bar)
         PrintBar(*score, bar);

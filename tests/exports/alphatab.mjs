@@ -8,8 +8,20 @@ const strings = staff.stringTuning.tunings.length;
 
 // A negative duration is a breve or longer.
 const units = (duration) => (duration > 0 ? 1024 / duration : 1024 * -duration);
-// Its strings count from 1 at the lowest.
-const note = (n) => `${strings + 1 - n.string}:${n.fret}:${n.realValue}${n.isTieOrigin ? '~' : ''}`;
+// In the order of ScoreLines.cpp. It drops hammer-ons, dead notes and harmonics while it reads MusicXML.
+const techniques = (n) =>
+    [
+        n.slideOutType === alphaTab.model.SlideOutType.Shift && 's',
+        n.hasBend && 'b',
+        n.vibrato && 'v',
+        n.isGhost && 'g',
+        n.isPalmMute && 'm',
+    ]
+        .filter(Boolean)
+        .join('');
+const marks = (n) => (techniques(n) ? `=${techniques(n)}` : '');
+// Its strings count from 1 at the lowest, and its pitches have the capo in them.
+const note = (n) => `${strings + 1 - n.string}:${n.fret}:${n.realValue - staff.capo}${n.isTieOrigin ? '~' : ''}${marks(n)}`;
 
 for (const bar of staff.bars) {
     console.log(`bar ${bar.index + 1}`);

@@ -9,10 +9,28 @@ const chord = (h) =>
     h.root.rootStep + sign(h.root.rootAlter) + (h.kindText ?? '') + (h.bass ? '/' + h.bass.bassStep + sign(h.bass.bassAlter) : '');
 const technical = (entry, kind) => entry.notations?.find((n) => n.technical === kind)?.[kind] ?? '-';
 
+// In the order of ScoreLines.cpp.
+function marks(entry) {
+    const has = (test) => entry.notations?.some(test);
+    const letters = [
+        has((n) => (n.technical === 'hammer-on' || n.technical === 'pull-off') && n.startStop === 'start') && 'h',
+        has((n) => n.type === 'slide' && n.slideType === 'start') && 's',
+        has((n) => n.technical === 'bend') && 'b',
+        has((n) => n.ornament === 'wavy-line' && n.wavyLineType === 'start') && 'v',
+        entry.notehead?.value === 'x' && 'x',
+        entry.notehead?.parentheses && 'g',
+        has((n) => n.technical === 'harmonic' && n.harmonicNatural) && 'n',
+        has((n) => n.technical === 'other-technical' && n.text === 'palm mute') && 'm',
+    ]
+        .filter(Boolean)
+        .join('');
+    return letters ? `=${letters}` : '';
+}
+
 function note(entry) {
     const midi = 12 * (entry.pitch.octave + 1) + steps[entry.pitch.step] + (entry.pitch.alter ?? 0);
     const ties = entry.ties ?? (entry.tie ? [entry.tie] : []);
-    return `${technical(entry, 'string')}:${technical(entry, 'fret')}:${midi}${ties.some((t) => t.type === 'start') ? '~' : ''}`;
+    return `${technical(entry, 'string')}:${technical(entry, 'fret')}:${midi}${ties.some((t) => t.type === 'start') ? '~' : ''}${marks(entry)}`;
 }
 
 const score = parse(readFileSync(process.argv[2], 'utf8'));

@@ -57,6 +57,70 @@ TEST(MusicXml, SaysWhatTheScoreHolds) {
     EXPECT_EQ(expected, notes);
 }
 
+TEST(MusicXml, SaysHowNotesArePlayed) {
+    ScoreModel score = TestSupport::SmallScore();
+    const std::string without = MusicXmlText(score);
+    const struct {
+        Technique Kind;
+        int Amount;
+        const char* Path;
+    } kRows[] = {
+        {Technique::HammerOn, 0, "technical/hammer-on[@type='start']"},
+        {Technique::PullOff, 0, "technical/pull-off[@type='start']"},
+        {Technique::Slide, 0, "slide[@type='start']"},
+        {Technique::Bend, 3, "technical/bend[bend-alter='1.5']"},
+        {Technique::Release, 0, "technical/other-technical[.='release']"},
+        {Technique::Vibrato, 0, "ornaments/wavy-line[@type='stop']"},
+        {Technique::NaturalHarmonic, 0, "technical/harmonic/natural"},
+        {Technique::ArtificialHarmonic, 0, "technical/harmonic/artificial"},
+        {Technique::Trill, 9, "ornaments/trill-mark"},
+        {Technique::Tap, 0, "technical/tap"},
+        {Technique::PalmMute, 0, "../play/mute[.='palm']"},
+        {Technique::LetRing, 0, "tied[@type='let-ring']"},
+        {Technique::Dead, 0, "../notehead[.='x']"},
+        {Technique::Ghost, 0, "../notehead[@parentheses='yes']"},
+        {Technique::Accent, 0, "articulations/accent"},
+    };
+    for (const auto& row : kRows) {
+        score.Bars[0].Events[0].Notes[0].Techniques = {{row.Kind, row.Amount}};
+        pugi::xml_document document;
+        ASSERT_TRUE(document.load_string(MusicXmlText(score).c_str()));
+        EXPECT_EQ(1U, Count(document, (std::string("//note[1]/notations/") + row.Path).c_str())) << row.Path;
+        EXPECT_EQ("5", Text(document, "//note[1]/notations/technical/string")) << row.Path;
+    }
+    score.Bars[0].Events[0].Notes[0].Techniques.clear();
+    EXPECT_EQ(without, MusicXmlText(score));
+}
+
+TEST(MusicXml, LeadsToTheNextNoteOfTheString) {
+    ScoreModel score = TestSupport::SmallScore();
+    // The lowest string: a note in the first bar, tied through the second.
+    score.Bars[0].Events[2].Notes[0].Techniques = {{Technique::Slide, 0}};
+    score.Bars[1].Events[1].Notes[0].TiedToNext = false;
+    score.Bars[1].Events.push_back({768, 128, {{0, 4, 44, 25, false}}});
+    pugi::xml_document document;
+    ASSERT_TRUE(document.load_string(MusicXmlText(score).c_str()));
+    EXPECT_EQ(1U, Count(document, "//measure[1]/note/notations/slide[@type='start']"));
+    EXPECT_EQ(1U, Count(document, "//measure[2]/note[last()]/notations/slide[@type='stop']"));
+    EXPECT_EQ(2U, Count(document, "//slide")) << "the tied notes are one";
+}
+
+TEST(MusicXml, SaysWhatTheTextSaysOfThePiece) {
+    ScoreModel score = TestSupport::SmallScore();
+    score.Heading = {"Song", "Band", 96, 2, true};
+    score.Bars[0].Repeats = {true, false, 2};
+    score.Bars[1].Repeats = {false, true, 3};
+    pugi::xml_document document;
+    ASSERT_TRUE(document.load_string(MusicXmlText(score).c_str()));
+    EXPECT_EQ("Song", Text(document, "//work/work-title"));
+    EXPECT_EQ("Band", Text(document, "//identification/creator[@type='composer']"));
+    EXPECT_EQ("96", Text(document, "//measure[1]//metronome/per-minute"));
+    EXPECT_EQ(1U, Count(document, "//measure[1]/direction/sound[@tempo='96'][swing/first='2']"));
+    EXPECT_EQ("2", Text(document, "//staff-details/capo"));
+    EXPECT_EQ(1U, Count(document, "//measure[1]/barline[@location='left']/repeat[@direction='forward']"));
+    EXPECT_EQ(1U, Count(document, "//measure[2]/barline[@location='right']/repeat[@times='3']"));
+}
+
 TEST(MusicXml, HarmonyKeepsTheTextAsWritten) {
     pugi::xml_document document;
     ASSERT_TRUE(document.load_string(MusicXmlText(TestSupport::SmallScore()).c_str()));
