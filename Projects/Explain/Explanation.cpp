@@ -1,6 +1,7 @@
 #include "Projects/Explain/Explanation.h"
 
 #include "Projects/Explain/BarNotes.h"
+#include "Projects/Fretline/score/Pitch.h"
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/stave/TabChord.h"
 #include "Projects/Fretline/text/TabAnalysis.h"

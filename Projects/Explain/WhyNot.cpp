@@ -42,6 +42,12 @@ std::string WhyNotTaken(const std::filesystem::path& file) {
     }
 }
 
+bool HoldsStave(const std::filesystem::path& file) {
+    const std::filesystem::path absolute = std::filesystem::absolute(file);
+    return Fretline::ExamineTabText(absolute.c_str()) == TabFileVerdict::Accepted &&
+           HasReadableBars(absolute);
+}
+
 std::string WhyNoScore(const std::filesystem::path& file) {
     if (!HasReadableBars(std::filesystem::absolute(file)))
         return Score::Numbered("no stave was found in it (a stave has at least ",

@@ -9,6 +9,10 @@ namespace Explain {
 /// file as the plug-in does.
 std::string WhyNotTaken(const std::filesystem::path& file);
 
+/// True when the text of the file, whatever its extension, is tab and holds a stave that can be read. `file`
+/// is absolute or relative to the current folder.
+bool HoldsStave(const std::filesystem::path& file);
+
 /// Says the same of a file that was taken and gave no score.
 std::string WhyNoScore(const std::filesystem::path& file);
 

@@ -4,7 +4,8 @@
 
 namespace Formats {
 
-std::optional<Conversion> Conversion::Of(std::string scoreBytes, std::string title, std::string& why) {
+std::optional<Conversion> Conversion::Of(std::string scoreBytes, const std::filesystem::path& source,
+                                         std::string& why) {
     Conversion conversion;
     conversion.Tree.reset(Nvr::TreeNode::LoadFromMemory(scoreBytes.data(), scoreBytes.size()));
     if (conversion.Tree == nullptr) {
@@ -14,14 +15,33 @@ std::optional<Conversion> Conversion::Of(std::string scoreBytes, std::string tit
     std::optional<Score::ScoreModel> model = Score::ScoreModel::Read(*conversion.Tree, why);
     if (!model)
         return std::nullopt;
-    conversion.Title = std::move(title);
+    conversion.Source = source.string();
+    conversion.Title = source.stem().string();
     conversion.ScoreBytes = std::move(scoreBytes);
-    conversion.Model = std::move(*model);
+    conversion.m_Music = std::move(*model);
     return conversion;
 }
 
-void Conversion::JoinText(const TabText::TabReading& reading) {
-    TabText::JoinMarkings(reading, TabText::ReadMarkings(reading), Model);
+const TabText::TabReading* Conversion::GetReading() const {
+    if (m_Reading == nullptr && Tab)
+        m_Reading = std::make_unique<TabText::TabReading>(Tab->File, Tab->ConfigFolder);
+    return m_Reading.get();
+}
+
+const Score::ScoreModel& Conversion::GetMusic() const {
+    if (!m_IsJoined)
+        if (const TabText::TabReading* reading = GetReading())
+            TabText::JoinMarkings(*reading, TabText::ReadMarkings(*reading), m_Music);
+    m_IsJoined = true;
+    return m_Music;
+}
+
+const std::vector<TabText::Doubt>& Conversion::GetDoubts() const {
+    if (!m_Doubts) {
+        const TabText::TabReading* reading = GetReading();
+        m_Doubts = reading == nullptr ? std::vector<TabText::Doubt>() : TabText::FindDoubts(*reading);
+    }
+    return *m_Doubts;
 }
 
 } // namespace Formats

@@ -1,35 +1,59 @@
 #pragma once
 
 #include "Projects/Score/ScoreModel.h"
+#include "Projects/TabText/Doubts.h"
+#include "Projects/TabText/TabReading.h"
 #include "Shared/Utils/tree/TreeNode.h"
 
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
-
-namespace TabText {
-class TabReading;
-}
+#include <vector>
 
 namespace Formats {
 
+/// Where a tab lies while it is converted, for whoever reads it again. Absolute.
+struct TabPlace {
+    std::filesystem::path File;
+    /// The folder of the options that it was converted with.
+    std::filesystem::path ConfigFolder;
+};
+
 /// What came of one file that was opened: everything that a format may be written from. Owns all of it.
 struct Conversion {
+    /// What the user calls the file.
+    std::string Source;
     /// For people: the name of the file without folder and extension, UTF-8.
     std::string Title;
     /// The finished score, byte for byte as the plug-in wrote it.
     std::string ScoreBytes;
     /// The same score as a tree.
     std::unique_ptr<Nvr::TreeNodeRoot> Tree;
-    /// And as music, with what the players wrote between the frets where JoinText has been called.
-    Score::ScoreModel Model;
+    /// The text that it was made from; none for a finished score, which no longer knows its text.
+    std::optional<TabPlace> Tab;
 
     /// Reads a finished score. Empty when it cannot be read; `why` then says what is wrong with it.
-    static std::optional<Conversion> Of(std::string scoreBytes, std::string title, std::string& why);
+    static std::optional<Conversion> Of(std::string scoreBytes, const std::filesystem::path& source,
+                                        std::string& why);
 
-    /// Adds to the music what the tab that gave the score says beyond it. The reading is of the same text, at
-    /// the same rhythm level. A tab without signs of that kind leaves the music as it is.
-    void JoinText(const TabText::TabReading& reading);
+    /// What was read in the text, null for a finished score. The text is read when this is first asked for,
+    /// and must still be in its place then.
+    const TabText::TabReading* GetReading() const;
+
+    /// The score as music, with what the players wrote between the frets where its text is known; joined when
+    /// this is first asked for.
+    const Score::ScoreModel& GetMusic() const;
+
+    /// What of the text was read and is probably not meant so; nothing for a finished score. Found when first
+    /// asked for.
+    const std::vector<TabText::Doubt>& GetDoubts() const;
+
+private:
+    mutable Score::ScoreModel m_Music;
+    mutable bool m_IsJoined = false;
+    mutable std::unique_ptr<TabText::TabReading> m_Reading;
+    mutable std::optional<std::vector<TabText::Doubt>> m_Doubts;
 };
 
 } // namespace Formats

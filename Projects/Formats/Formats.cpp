@@ -1,5 +1,7 @@
 #include "Projects/Formats/Formats.h"
 
+#include "Projects/Explain/Explanation.h"
+#include "Projects/Formats/Json.h"
 #include "Projects/Score/Midi.h"
 #include "Projects/Score/MusicXml.h"
 #include "Projects/Score/Svg.h"
@@ -17,32 +19,45 @@ std::string WriteScore(const Conversion& conversion, std::string& /*why*/) {
 }
 
 std::string WriteMusicXml(const Conversion& conversion, std::string& /*why*/) {
-    return Score::MusicXmlText(conversion.Model);
+    return Score::MusicXmlText(conversion.GetMusic());
 }
 
 std::string WriteCompressedMusicXml(const Conversion& conversion, std::string& why) {
-    return Score::CompressedMusicXml(conversion.Model, why);
+    return Score::CompressedMusicXml(conversion.GetMusic(), why);
 }
 
 std::string WriteMidi(const Conversion& conversion, std::string& /*why*/) {
-    return Score::MidiBytes(conversion.Model);
+    return Score::MidiBytes(conversion.GetMusic());
 }
 
 std::string WriteSvg(const Conversion& conversion, std::string& /*why*/) {
-    return Score::SvgText(conversion.Model, conversion.Title);
+    return Score::SvgText(conversion.GetMusic(), conversion.Title);
 }
 
 std::string WriteTreeText(const Conversion& conversion, std::string& /*why*/) {
     return std::string(conversion.Tree->ToText().View());
 }
 
-constexpr std::array<Format, 6> kFormats{{
-    {"nvf", ".nvf", "the finished score", WriteScore},
-    {"musicxml", ".musicxml", "MusicXML 4.0", WriteMusicXml},
-    {"mxl", ".mxl", "MusicXML 4.0, compressed", WriteCompressedMusicXml},
-    {"mid", ".mid", "standard MIDI file", WriteMidi},
-    {"svg", ".svg", "picture of the tab", WriteSvg},
-    {"txt", ".txt", "the score's tree as text", WriteTreeText},
+std::string WriteExplanation(const Conversion& conversion, std::string& why) {
+    if (const TabText::TabReading* reading = conversion.GetReading())
+        return Explain::ExplanationHtml(Explain::Explanation::Of(*reading), conversion.Title);
+    why = "only a tab can be explained, a finished score no longer knows its text";
+    return {};
+}
+
+std::string WriteJson(const Conversion& conversion, std::string& /*why*/) {
+    return JsonText(conversion, {}) + "\n";
+}
+
+constexpr std::array<Format, 8> kFormats{{
+    {"nvf", ".nvf", "the finished score", false, WriteScore},
+    {"musicxml", ".musicxml", "MusicXML 4.0", true, WriteMusicXml},
+    {"mxl", ".mxl", "MusicXML 4.0, compressed", false, WriteCompressedMusicXml},
+    {"mid", ".mid", "standard MIDI file", false, WriteMidi},
+    {"svg", ".svg", "picture of the tab", true, WriteSvg},
+    {"html", ".html", "what each character of the tab was taken for", true, WriteExplanation},
+    {"json", ".json", "what is in the score, for programs", true, WriteJson},
+    {"txt", ".txt", "the score's tree as text", false, WriteTreeText},
 }};
 
 bool IsSameWord(std::string_view a, std::string_view b) {

@@ -17,6 +17,8 @@ struct Format {
     std::string_view Extension;
     /// What it is, for the help.
     std::string_view Description;
+    /// Text in UTF-8, or other bytes.
+    bool IsText;
     /// The bytes of a file. Nothing fails but for what `why` then says; the result is empty in that case.
     std::string (*Write)(const Conversion& conversion, std::string& why);
 };

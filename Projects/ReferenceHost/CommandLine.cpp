@@ -1,16 +1,21 @@
 #include "Projects/ReferenceHost/CommandLine.h"
 
+#include "Projects/Formats/Formats.h"
+#include "Projects/ReferenceHost/Help.h"
+#include "Projects/ReferenceHost/Terminal.h"
+
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
-#include <set>
+#include <thread>
 
 namespace ReferenceHost {
 
 namespace {
 
-constexpr const char* kVersion = "Fretline reference host 1.0.0";
+constexpr int kMostJobs = 1024;
 
 std::filesystem::path UserConfigFolder() {
     if (const char* folder = std::getenv("XDG_CONFIG_HOME"); folder != nullptr && folder[0] == '/')
@@ -20,95 +25,171 @@ std::filesystem::path UserConfigFolder() {
     return std::filesystem::temp_directory_path() / "fretline";
 }
 
-std::filesystem::path PluginBesideProgram() {
+/// Beside the program's own place: installed in lib/fretline of the same prefix, or in the root of the build
+/// folder.
+std::filesystem::path PluginOfProgram() {
     std::error_code failure;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
-    // The library lies in the root of the build folder.
-    return program.parent_path().parent_path().parent_path() / "libFretline.so";
+    const auto folder = std::filesystem::read_symlink("/proc/self/exe", failure).parent_path();
+    const auto installed = folder.parent_path() / FRETLINE_PLUGIN_FOLDER / "libFretline.so";
+    if (std::filesystem::exists(installed, failure))
+        return installed;
+    return folder.parent_path().parent_path() / "libFretline.so";
 }
 
-bool IsFolder(const std::filesystem::path& target) {
-    return !target.has_filename() || std::filesystem::is_directory(target);
+/// What the parser gives before it is understood.
+struct Words {
+    std::vector<std::string> Outputs;
+    std::vector<std::string> Formats;
+    std::string Explanation;
+    int RhythmLevel = 0;
+    int Jobs = static_cast<int>(std::max(std::thread::hardware_concurrency(), 1U));
+    bool Dump = false;
+    bool Json = false;
+    bool Quiet = false;
+};
+
+std::string UnknownFormat(const std::string& name) {
+    return "there is no format " + name + " (there are " + FormatNames() + ")";
+}
+
+/// Empty, or a sentence that says what is wrong.
+std::string TakeFormats(const Words& words, CommandLine& line) {
+    for (const std::string& name : words.Formats) {
+        line.ToFormats.push_back(Formats::FindFormat(name));
+        if (line.ToFormats.back() == nullptr)
+            return UnknownFormat(name);
+    }
+    return {};
+}
+
+std::string TakePrinting(const Words& words, CommandLine& line) {
+    using Printing = CommandLine::Printing;
+    const bool explains = !words.Explanation.empty();
+    if (words.Dump + words.Json + explains + words.Quiet > 1)
+        return "only one of --explain, --dump, --json and --quiet can be had";
+    if (words.Explanation == "html")
+        line.ToFormats.push_back(Formats::FindFormat("html"));
+    else if (explains)
+        line.Prints = Printing::Explanation;
+    if (words.Explanation == "html" && line.Outputs.empty())
+        line.Outputs.push_back({"-"});
+    if (words.Dump)
+        line.Prints = Printing::Tree;
+    else if (words.Json)
+        line.Prints = Printing::Json;
+    else if (words.Quiet)
+        line.Prints = Printing::Nothing;
+    return {};
 }
 
 /// Mistakes that only several arguments together make.
 std::string CheckTogether(const CommandLine& line) {
-    std::set<std::filesystem::path> targets;
-    for (const std::filesystem::path& target : {line.Output, line.MusicXml, line.Midi, line.Svg}) {
-        if (target.empty() || IsFolder(target))
-            continue;
-        if (line.Files.size() > 1)
-            return "several files cannot go into the one file " + target.string() +
-                   " (end the name with a slash to make it a folder)";
-        if (!targets.insert(std::filesystem::absolute(target).lexically_normal()).second)
-            return target.string() + " is named twice as a target";
-    }
-    for (const std::filesystem::path& file : line.Files)
-        if (targets.count(std::filesystem::absolute(file).lexically_normal()) != 0)
-            return file.string() + " is both read and written";
+    const auto isEmpty = [](const auto& word) { return word.empty(); };
+    if (std::any_of(line.Inputs.begin(), line.Inputs.end(), isEmpty))
+        return "an empty name is no file";
+    if (line.Inputs.empty() && !line.ReadsJsonLines)
+        return "no file is given (fretline --help tells how it is used)";
+    if (line.ReadsJsonLines && (!line.Inputs.empty() || !line.Outputs.empty()))
+        return "--json-lines reads standard input and writes standard output: no files go with it";
+    if (line.Remembers && !line.RhythmLevel)
+        return "--remember needs --rhythms: there is nothing to remember";
+    if (line.WritesToStandardOutput() && (line.Outputs.size() != 1 || line.ToFormats.size() != 1))
+        return "-o - needs one format: --to FORMAT";
     return {};
+}
+
+/// What CLI11 calls it, in words of people.
+std::string MistakeText(const CLI::ParseError& mistake) {
+    if (dynamic_cast<const CLI::ExtrasError*>(&mistake) == nullptr)
+        return mistake.what();
+    const std::string text = mistake.what();
+    return "unknown option " + text.substr(text.find(": ") + 2);
+}
+
+int SayMistake(const std::string& sentence) {
+    Terminal::Complain(sentence);
+    return kExitUsage;
 }
 
 } // namespace
 
+bool Destination::IsFolder() const {
+    return !IsStandardOutput() && (Name.ends_with('/') || std::filesystem::is_directory(Name));
+}
+
+bool CommandLine::WritesToStandardOutput() const {
+    return std::any_of(Outputs.begin(), Outputs.end(),
+                       [](const auto& output) { return output.IsStandardOutput(); });
+}
+
+bool CommandLine::OnlyLooks() const {
+    return Outputs.empty() && ToFormats.empty() &&
+           (TellsDoubts || (Prints != Printing::Summary && Prints != Printing::Nothing));
+}
+
 std::optional<CommandLine> ParseCommandLine(int argc, char** argv, int& exitCode) {
     CommandLine line;
-    int rhythmLevel = 0;
-    std::string explanation;
-    CLI::App app{"Opens plain-text guitar and bass tabs through the Fretline plug-in and keeps the scores.",
-                 "fretline"};
-    app.set_version_flag("--version", kVersion);
-    app.add_option("FILE", line.Files,
-                   "Tab files to open (.tab, .btab, .crd, or no extension), or finished scores (.nvf)")
-        ->required();
-    app.add_option("-o,--output", line.Output,
-                   "Keep the score in FILE, or in FOLDER/ (default: beside the tab)")
-        ->type_name("FILE|FOLDER/");
-    app.add_option("--musicxml", line.MusicXml,
-                   "Write the score as MusicXML, compressed when the name ends in .mxl")
-        ->type_name("FILE|FOLDER/");
-    app.add_option("--midi", line.Midi, "Write the score as a standard MIDI file")->type_name("FILE|FOLDER/");
-    app.add_option("--svg", line.Svg, "Write a picture of the score")->type_name("FILE|FOLDER/");
-    app.add_flag("--dump", line.Dump, "Print the score's tree in the text form instead of the summary");
-    app.add_flag("--explain{terminal}", explanation,
-                 "Show the tab with what was recognised in it, or write that as a page (--explain=html)")
-        ->check(CLI::IsMember({"terminal", "html"}));
+    Words words;
+    bool help = false;
+    bool version = false;
     const std::map<std::string, int> levels{{"never", 0}, {"indicated", 1}, {"always", 2}};
+    CLI::App app;
+    app.set_help_flag();
+    app.add_option("FILE", line.Inputs);
+    app.add_option("-o,--output", words.Outputs)->allow_extra_args(false);
+    app.add_option("-t,--to", words.Formats)->delimiter(',')->allow_extra_args(false);
+    app.add_flag("-n,--no-clobber", line.KeepsExisting);
+    app.add_option("-j,--jobs", words.Jobs)->check(CLI::Range(1, kMostJobs));
+    app.add_flag("--explain{terminal}", words.Explanation)->check(CLI::IsMember({"terminal", "html"}));
+    app.add_flag("--dump", words.Dump);
+    app.add_flag("--json", words.Json);
+    app.add_flag("--json-lines", line.ReadsJsonLines);
+    app.add_flag("-q,--quiet", words.Quiet);
+    app.add_flag("-v,--verbose", line.Verbose);
+    app.add_flag("--doubts", line.TellsDoubts);
+    app.add_flag("--strict", line.IsStrict);
     auto* rhythms =
-        app.add_option("--rhythms", rhythmLevel,
-                       "Set the stored option: import rhythms never, only when indicated, or always")
-            ->transform(CLI::CheckedTransformer(levels))
-            ->type_name("never|indicated|always");
-    app.add_flag("-y,--yes", line.Yes, "Don't show the options dialog: the stored option stands");
-    app.add_option("--config", line.ConfigFolder,
-                   "Folder of the options file (default: your configuration folder)")
-        ->type_name("FOLDER");
-    app.add_option("--plugin", line.Plugin,
-                   "The plug-in's library (default: the one built with this program)")
-        ->type_name("FILE");
-    app.footer("Exit codes: 0 done, 1 a file gave no score, 2 wrong use, 130 cancelled.");
+        app.add_option("--rhythms", words.RhythmLevel)->transform(CLI::CheckedTransformer(levels));
+    app.add_flag("--remember", line.Remembers);
+    app.add_flag("-y,--yes", line.Yes);
+    app.add_option("--config", line.ConfigFolder);
+    app.add_option("--plugin", line.Plugin);
+    app.add_flag("-h,--help", help);
+    app.add_flag("--version", version);
 
+    if (std::any_of(argv + 1, argv + argc, [](const char* word) { return word[0] == '\0'; })) {
+        exitCode = SayMistake("an empty name is no file");
+        return std::nullopt;
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& mistake) {
-        exitCode = app.exit(mistake) == 0 ? kExitDone : kExitUsage;
+        exitCode = SayMistake(MistakeText(mistake));
         return std::nullopt;
     }
-    if (const std::string mistake = CheckTogether(line); !mistake.empty()) {
-        std::cerr << "fretline: " << mistake << "\n";
-        exitCode = kExitUsage;
+    if (help || version) {
+        Terminal::Print(help ? HelpText() : VersionText());
+        exitCode = kExitDone;
         return std::nullopt;
     }
-    if (explanation == "terminal")
-        line.Explain = CommandLine::Explanation::Terminal;
-    else if (explanation == "html")
-        line.Explain = CommandLine::Explanation::Html;
+    for (const std::string& name : words.Outputs)
+        line.Outputs.push_back({name});
     if (rhythms->count() > 0)
-        line.RhythmLevel = rhythmLevel;
+        line.RhythmLevel = words.RhythmLevel;
+    line.Jobs = words.Jobs;
+    std::string mistake = TakeFormats(words, line);
+    if (mistake.empty())
+        mistake = TakePrinting(words, line);
+    if (mistake.empty())
+        mistake = CheckTogether(line);
+    if (!mistake.empty()) {
+        exitCode = SayMistake(mistake);
+        return std::nullopt;
+    }
     if (line.ConfigFolder.empty())
         line.ConfigFolder = UserConfigFolder();
     if (line.Plugin.empty())
-        line.Plugin = PluginBesideProgram();
+        line.Plugin = PluginOfProgram();
     return line;
 }
 

@@ -5,29 +5,57 @@
 #include <string>
 #include <vector>
 
+namespace Formats {
+struct Format;
+}
+
 namespace ReferenceHost {
+
+/// Where something is to be written, as it was asked for.
+struct Destination {
+    /// A file, a folder (ends in a slash or is one), or "-" for standard output.
+    std::string Name;
+
+    bool IsStandardOutput() const { return Name == "-"; }
+    bool IsFolder() const;
+};
 
 /// What the user asked for on the command line.
 struct CommandLine {
-    std::vector<std::filesystem::path> Files;
-    /// Where the finished score goes: a file, or a folder when it ends in a slash or is one. Beside the tab,
-    /// with the extension "nvf", unless given.
-    std::filesystem::path Output;
-    /// Where the score goes in other formats, named as Output is; empty for not at all.
-    std::filesystem::path MusicXml;
-    std::filesystem::path Midi;
-    std::filesystem::path Svg;
-    bool Dump = false;
-    /// Explain on standard output what was recognised in the tab, instead of the summary.
-    enum class Explanation { None, Terminal, Html } Explain = Explanation::None;
-    /// The stored rhythm level to set before opening: 0 never, 1 when indicated, 2 always.
+    /// Files, folders, and "-" for standard input, as they were typed.
+    std::vector<std::string> Inputs;
+    std::vector<Destination> Outputs;
+    /// Of --to, in order.
+    std::vector<const Formats::Format*> ToFormats;
+    bool KeepsExisting = false;
+    /// How many files are converted at a time.
+    int Jobs = 1;
+
+    /// What goes to standard output instead of the summary.
+    enum class Printing { Summary, Nothing, Tree, Explanation, Json } Prints = Printing::Summary;
+    /// The plug-in's messages one by one.
+    bool Verbose = false;
+    /// Everything doubtful in full, not only the first of it.
+    bool TellsDoubts = false;
+    /// Anything doubtful counts as a failure of its own.
+    bool IsStrict = false;
+    /// Standard input holds tabs as JSON lines.
+    bool ReadsJsonLines = false;
+
+    /// The rhythm level of this run: 0 never, 1 when indicated, 2 always. The stored one unless given.
     std::optional<int> RhythmLevel;
+    /// Store the rhythm level for later runs.
+    bool Remembers = false;
     /// Don't ask: the stored option stands.
     bool Yes = false;
     /// The folder that holds the plug-in's options file; the user's configuration folder unless given.
     std::filesystem::path ConfigFolder;
-    /// The plug-in's library; the one built beside this program unless given.
+    /// The plug-in's library; the one that belongs to this program unless given.
     std::filesystem::path Plugin;
+
+    bool WritesToStandardOutput() const;
+    /// Neither -o nor --to is given, and something is printed that needs no file.
+    bool OnlyLooks() const;
 };
 
 /// Exit codes of the program.
@@ -37,7 +65,9 @@ enum ExitCode : int {
     kExitSomeFailed = 1,
     /// The command line is wrong, or the plug-in cannot be used.
     kExitUsage = 2,
-    /// Stopped by Ctrl-C.
+    /// With --strict: all went well, and something read is doubtful.
+    kExitDoubtful = 3,
+    /// Stopped by Ctrl-C, or cancelled in the options dialog.
     kExitCancelled = 130,
 };
 

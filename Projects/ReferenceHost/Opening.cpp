@@ -20,6 +20,7 @@ extern "C" void NoteInterrupt(int signal) {
 
 void CatchInterrupts() {
     std::signal(SIGINT, NoteInterrupt);
+    std::signal(SIGTERM, NoteInterrupt);
 }
 
 bool WasInterrupted() {
@@ -40,11 +41,13 @@ OpeningResult Opening::Open(const Plugin& plugin, const std::filesystem::path& f
 
 void Opening::OnProgressBegin(const std::string& title) {
     m_HasBegun = true;
-    m_Bar.Begin(title);
+    if (m_ShowsProgress)
+        m_Bar.Begin(title);
 }
 
 bool Opening::OnProgress(int percent) {
-    m_Bar.Show(percent);
+    if (m_ShowsProgress)
+        m_Bar.Show(percent);
     m_Result.Cancelled = m_Result.Cancelled || WasInterrupted();
     return !m_Result.Cancelled;
 }

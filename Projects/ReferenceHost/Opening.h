@@ -26,6 +26,8 @@ struct OpeningResult {
 /// host's cancel.
 class Opening : private HostListener {
 public:
+    explicit Opening(bool showsProgress) : m_ShowsProgress(showsProgress) {}
+
     OpeningResult Open(const Plugin& plugin, const std::filesystem::path& file);
 
 private:
@@ -35,12 +37,14 @@ private:
     void OnMessage(const std::string& text) override;
     void OnScore(const std::string& path) override;
 
+    bool m_ShowsProgress;
     ProgressBar m_Bar;
     bool m_HasBegun = false;
     OpeningResult m_Result;
 };
 
-/// Makes Ctrl-C cancel the running conversion instead of ending the program. A second Ctrl-C ends it.
+/// Makes Ctrl-C, and a request to end, cancel the running conversion instead of ending the program. A second
+/// Ctrl-C ends it.
 void CatchInterrupts();
 /// True once Ctrl-C was pressed.
 bool WasInterrupted();

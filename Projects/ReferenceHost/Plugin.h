@@ -22,6 +22,8 @@ public:
     std::string Load(const std::filesystem::path& library, const std::filesystem::path& configFolder,
                      bool hasWindow);
 
+    bool IsLoaded() const { return m_Initialised; }
+
     /// True when the plug-in took the file. What came of it is told to the host functions.
     bool OpenFile(const std::filesystem::path& file) const;
 

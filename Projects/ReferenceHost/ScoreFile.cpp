@@ -58,6 +58,8 @@ std::string WriteWholeFile(const std::filesystem::path& target, const std::strin
         device.close();
         return device ? std::string() : Why(target);
     }
+    if (target.has_parent_path())
+        std::filesystem::create_directories(target.parent_path(), failure);
     const std::string pattern = target.string() + ".XXXXXX";
     std::vector<char> beside(pattern.begin(), pattern.end());
     beside.push_back('\0');
@@ -72,17 +74,6 @@ std::string WriteWholeFile(const std::filesystem::path& target, const std::strin
     const std::string why = Why(target);
     unlink(beside.data());
     return why;
-}
-
-std::filesystem::path TargetFor(const std::filesystem::path& file, const std::filesystem::path& wish,
-                                const char* extension) {
-    std::filesystem::path name = file.filename();
-    name.replace_extension(extension);
-    if (wish.empty())
-        return file.parent_path() / name;
-    if (!wish.has_filename() || std::filesystem::is_directory(wish))
-        return wish / name;
-    return wish;
 }
 
 } // namespace ReferenceHost

@@ -10,12 +10,8 @@ namespace ReferenceHost {
 std::optional<std::string> ReadWholeFile(const std::filesystem::path& path);
 
 /// Writes `bytes` to `target`: into a new file beside it, which takes its place once everything has reached
-/// the disk. Empty when it went well, else a sentence that says what is wrong; `target` is as it was then.
+/// the disk; its folder is made when it is missing. Empty when it went well, else a sentence that says what
+/// is wrong; `target` is as it was then.
 std::string WriteWholeFile(const std::filesystem::path& target, const std::string& bytes);
-
-/// Where something made from `file` goes: beside it with the extension (".nvf"), or where `wish` says: a
-/// file, or a folder when it ends in a slash or is one.
-std::filesystem::path TargetFor(const std::filesystem::path& file, const std::filesystem::path& wish,
-                                const char* extension);
 
 } // namespace ReferenceHost

@@ -1,6 +1,8 @@
 #include "Projects/ReferenceHost/Terminal.h"
 
 #include <cstdlib>
+#include <iostream>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -51,6 +53,34 @@ std::string Bold(const std::string& text) {
 
 std::string Dim(const std::string& text) {
     return Styled(text, "2");
+}
+
+bool CanAsk() {
+    return isatty(STDIN_FILENO) != 0 && IsOutputTerminal();
+}
+
+bool IsOutputClosed() {
+    pollfd descriptor{STDOUT_FILENO, POLLOUT, 0};
+    return poll(&descriptor, 1, 0) > 0 && (descriptor.revents & POLLERR) != 0;
+}
+
+std::string Complaint(const std::string& sentence) {
+    return (HasErrorColour() ? "\x1b[31mfretline:\x1b[0m " : "fretline: ") + sentence + "\n";
+}
+
+void Complain(const std::string& sentence) {
+    std::cerr << Complaint(sentence);
+}
+
+void Print(const std::string& text) {
+    std::cout << text;
+}
+
+void SayWhatIsAskedFor(const std::string& file, std::size_t more) {
+    std::cout << "Rhythms of " << file;
+    if (more != 0)
+        std::cout << " and " << more << (more == 1 ? " more file" : " more files");
+    std::cout << ":\n" << std::flush;
 }
 
 } // namespace ReferenceHost::Terminal

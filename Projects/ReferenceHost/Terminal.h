@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace ReferenceHost {
@@ -18,6 +19,20 @@ bool HasErrorColour();
 /// `text` in bold, or dimmed, where colour is welcome on standard output; else as it is.
 std::string Bold(const std::string& text);
 std::string Dim(const std::string& text);
+
+/// Somebody can be asked: standard input and output are a terminal.
+bool CanAsk();
+
+/// Nobody reads standard output any more: the pipe that it is has been closed.
+bool IsOutputClosed();
+
+/// An error as a line of the error stream, with the program's name.
+std::string Complaint(const std::string& sentence);
+void Complain(const std::string& sentence);
+/// A text on standard output.
+void Print(const std::string& text);
+/// Says above a dialog for which file it asks, and for how many more.
+void SayWhatIsAskedFor(const std::string& file, std::size_t more);
 
 } // namespace Terminal
 

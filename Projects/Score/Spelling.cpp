@@ -26,4 +26,11 @@ SpelledPitch SpellMidi(int midi) {
     return Spell(midi, Fretline::DiatonicStepOf(midi));
 }
 
+std::string PitchText(const SpelledPitch& pitch) {
+    std::string text(1, pitch.Step);
+    if (pitch.Alter != 0)
+        text += pitch.Alter > 0 ? '#' : 'b';
+    return text + std::to_string(pitch.Octave);
+}
+
 } // namespace Score

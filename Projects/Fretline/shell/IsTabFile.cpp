@@ -55,7 +55,8 @@ private:
     bool m_HasLineOfHyphens = false;
 };
 
-/// True also for a path without extension.
+} // namespace
+
 bool HasExtensionOfTab(const String& path) {
     String drive;
     String folder;
@@ -70,7 +71,7 @@ bool HasExtensionOfTab(const String& path) {
                        [&](const FileTypeEntry& type) { return extension.EqualsIgnoreCase(type.Extension); });
 }
 
-TabFileVerdict ExamineText(const String& path) {
+TabFileVerdict ExamineTabText(const String& path) {
     Nvr::InFileStream file(path);
     if (!file.Good())
         return TabFileVerdict::CannotBeOpened;
@@ -83,10 +84,8 @@ TabFileVerdict ExamineText(const String& path) {
     return count.GetVerdict();
 }
 
-} // namespace
-
 TabFileVerdict ExamineTabFile(const String& path) {
-    return HasExtensionOfTab(path) ? ExamineText(path) : TabFileVerdict::OtherExtension;
+    return HasExtensionOfTab(path) ? ExamineTabText(path) : TabFileVerdict::OtherExtension;
 }
 
 bool IsTabFile(const String& path) {

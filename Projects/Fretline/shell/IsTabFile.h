@@ -25,6 +25,11 @@ enum class TabFileVerdict {
 /// ends).
 TabFileVerdict ExamineTabFile(const Nvr::String& path);
 
+/// The two halves of it: True when the path has one of the extensions or none, and the verdict on what is in
+/// the file.
+bool HasExtensionOfTab(const Nvr::String& path);
+TabFileVerdict ExamineTabText(const Nvr::String& path);
+
 /// True when the verdict is Accepted.
 bool IsTabFile(const Nvr::String& path);
 

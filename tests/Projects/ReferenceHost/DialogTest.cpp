@@ -18,6 +18,7 @@ constexpr int kCells = 80;
 constexpr int kRows = 24;
 constexpr int kDone = 0;
 constexpr int kSomeFailed = 1;
+constexpr int kCancelled = 130;
 
 class Dialog : public testing::Test, protected TestSupport::ScratchFolder {
 protected:
@@ -76,7 +77,7 @@ TEST_F(Dialog, CancelKeepsTheStoredLevelAndGivesNoScore) {
     TerminalPerson person(kCells, kRows, Host({"a.tab"}));
     ASSERT_TRUE(person.WaitFor("(*) Never import rhythms"));
     person.Type("a\x1b");
-    EXPECT_EQ(kSomeFailed, person.WaitForEnd());
+    EXPECT_EQ(kCancelled, person.WaitForEnd());
     EXPECT_EQ(Level(0), Stored());
     EXPECT_FALSE(fs::exists(Path() / "a.nvf"));
 }
@@ -91,28 +92,27 @@ TEST_F(Dialog, AnOddLevelSelectsNothingAndOkMakesItNever) {
     EXPECT_EQ(Level(0), Stored());
 }
 
-TEST_F(Dialog, TheTickedBoxLastsAsLongAsTheLibrary) {
-    {
-        TerminalPerson person(kCells, kRows, Host({"a.tab", "b.tab"}));
-        ASSERT_TRUE(person.WaitFor("<* OK *>"));
-        person.Type("d\r");
-        EXPECT_EQ(kDone, person.WaitForEnd()) << "nobody is asked for the second file";
-        EXPECT_TRUE(fs::exists(Path() / "b.nvf"));
-    }
-    TerminalPerson again(kCells, kRows, Host({"a.tab"}));
-    EXPECT_TRUE(again.WaitFor("[ ] Don't show this again")) << "a new process asks again";
-}
-
-TEST_F(Dialog, ATickedBoxCountsOnlyWithOk) {
+TEST_F(Dialog, OneAnswerHoldsForAllFilesOfARun) {
     TerminalPerson person(kCells, kRows, Host({"a.tab", "b.tab"}));
     ASSERT_TRUE(person.WaitFor("<* OK *>"));
-    person.Type("d");
-    ASSERT_TRUE(person.WaitFor("[x] Don't show this again"));
-    person.Type("\x1b");
-    ASSERT_TRUE(person.WaitFor("[ ] Don't show this again")) << "asked again for the second file";
-    person.Type("\r");
-    EXPECT_EQ(kSomeFailed, person.WaitForEnd());
+    EXPECT_NE(std::string::npos, person.Transcript().find("Rhythms of a.tab and 1 more file:"));
+    person.Type("a\r");
+    EXPECT_EQ(kDone, person.WaitForEnd()) << "nobody is asked for the second file";
     EXPECT_TRUE(fs::exists(Path() / "b.nvf"));
+    const std::string summaries = person.Transcript();
+    const std::size_t second = summaries.find("b.nvf");
+    EXPECT_EQ(std::string::npos, summaries.find("not read")) << "rhythms are read in both";
+    EXPECT_NE(std::string::npos, second);
+    TerminalPerson again(kCells, kRows, Host({"a.tab"}));
+    EXPECT_TRUE(again.WaitFor("[ ] Don't show this again")) << "a new run asks again";
+}
+
+TEST_F(Dialog, CancelEndsTheRun) {
+    TerminalPerson person(kCells, kRows, Host({"a.tab", "b.tab"}));
+    ASSERT_TRUE(person.WaitFor("<* OK *>"));
+    person.Type("d\x1b");
+    EXPECT_EQ(kCancelled, person.WaitForEnd());
+    EXPECT_FALSE(fs::exists(Path() / "b.nvf"));
 }
 
 TEST_F(Dialog, OtherEntriesOfTheFileStayAndADamagedFileHarmsNothing) {

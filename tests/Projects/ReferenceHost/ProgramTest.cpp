@@ -7,13 +7,12 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <sstream>
 #include <sys/wait.h>
 
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* kStave = "E|-----|\nB|-----|\nG|-----|\nD|-----|\nA|-----|\nE|-0---|\n------------\n";
 
 struct Outcome {
     int ExitCode = -1;
@@ -25,6 +24,7 @@ class Program : public testing::Test, protected TestSupport::ScratchFolder {
 protected:
     fs::path Tab(const std::string& name) const {
         std::string stave;
+        fs::create_directories((Path() / name).parent_path());
         for (const char* letter : {"E", "B", "G", "D", "A", "E"})
             stave += std::string(letter) + "|-----" + (stave.empty() ? "3" : "-") + "-----|\n";
         return Write(name, stave);
@@ -32,10 +32,12 @@ protected:
 
     /// Runs the program in the folder with these arguments, as a shell would.
     Outcome Run(const std::string& arguments) const {
-        const std::string command = "cd '" + Path().string() + "' && '" FRETLINE_HOST "' --config config " +
-                                    arguments + " 2>&1 </dev/null";
+        const std::string command = "cd '" + Path().string() +
+                                    "' && exec 2>&1 </dev/null; " FRETLINE_HOST " --config config " +
+                                    arguments;
+        const std::string shell = Write("command", command);
         Outcome outcome;
-        std::FILE* pipe = popen(command.c_str(), "r");
+        std::FILE* pipe = popen(("bash " + shell).c_str(), "r");
         std::array<char, 4096> bytes{};
         for (std::size_t count = 0; (count = fread(bytes.data(), 1, bytes.size(), pipe)) > 0;)
             outcome.Text.append(bytes.data(), count);
@@ -53,103 +55,219 @@ TEST_F(Program, LeavesTheScoreBesideTheTabAndSaysWhatIsInIt) {
     Tab("one note.tab");
     const Outcome outcome = Run("'one note.tab'");
     EXPECT_EQ(0, outcome.ExitCode) << outcome.Text;
-    for (const char* part :
-         {"one note.tab", "Guitar, 6 strings", "Bars           1", "Notes          1",
-          "Rhythms        not read", "Chord symbols  0", "Labels         none", "one note.nvf"})
+    for (const char* part : {"one note.tab", "Guitar, 6 strings", "standard (E2 A2 D3 G3 B3 E4)",
+                             "Bars           1", "Notes          1", "Rhythms        not read",
+                             "Chord symbols  0", "Labels         none", "Written        one note.nvf"})
         EXPECT_TRUE(Has(outcome.Text, part)) << part << " in\n" << outcome.Text;
     EXPECT_FALSE(Has(outcome.Text, "\x1b")) << "a pipe gets no colour";
     EXPECT_GT(Read("one note.nvf").size(), 1000U);
+    EXPECT_FALSE(fs::exists(Path() / "config")) << "reading makes no folder of options";
 }
 
-TEST_F(Program, DumpsAOneNoteTabAsItsTree) {
-    Tab("a.tab");
-    const Outcome outcome = Run("a.tab --dump");
-    EXPECT_EQ(0, outcome.ExitCode);
-    EXPECT_EQ(0U, outcome.Text.find("NvfFileVersion \"10450015\"\r\n{\r\n"));
-    EXPECT_TRUE(Has(outcome.Text, "Durn \"7\"")) << "a quaver";
-    EXPECT_TRUE(Has(outcome.Text, "BarLength \"128\""));
-    EXPECT_TRUE(Has(outcome.Text, "StaveType \"stafftype.tab.6.guitar.standard\""));
-}
-
-TEST_F(Program, PutsScoresWhereTheUserWantsThem) {
+/// What people type, one after the other in one folder.
+TEST_F(Program, DoesWhatPeopleTypeAndSaysSo) {
     Tab("a.tab");
     Tab("b.btab");
-    fs::create_directory(Path() / "there");
-    EXPECT_EQ(0, Run("a.tab b.btab -o there").ExitCode);
-    EXPECT_TRUE(fs::exists(Path() / "there/a.nvf") && fs::exists(Path() / "there/b.nvf"));
-    EXPECT_EQ(0, Run("a.tab -o named.nvf").ExitCode);
-    EXPECT_EQ(Read("named.nvf"), Read("there/a.nvf"));
-    EXPECT_EQ(2, Run("a.tab b.btab -o one.nvf").ExitCode) << "two scores do not go into one file";
-    EXPECT_EQ(2, Run("a.tab --midi x --svg x").ExitCode) << "one target named twice";
-    EXPECT_EQ(2, Run("a.tab --svg ./a.tab").ExitCode) << "the tab itself is no target";
-    EXPECT_TRUE(Has(Read("a.tab"), "E|--"));
-    EXPECT_EQ(1, Run("a.tab -o missing/a.nvf").ExitCode);
-}
-
-TEST_F(Program, SaysWhyAFileGaveNoScore) {
-    Write("empty.tab", "");
-    Write("prose.tab", "Only words, and no line of dashes.\n");
-    Write("binary.tab", std::string(200, '\x80') + "------------\n");
-    Write("song.txt", kStave);
+    Tab("in/c.tab");
+    Tab("in/sub/d.crd");
+    Tab("in/sub/e.txt");
+    Write("in/prose.txt", "Only words.\n");
+    Tab("twin/a.tab");
+    Tab("twin/a.txt");
     Write("lonely.tab", "--------------------\n");
     Write("single.tab", std::string(20000, '-'));
-    fs::create_directory(Path() / "folder.tab");
+    Write("empty.tab", "");
+    Write("binary.tab", std::string(200, '\x80') + "------------\n");
+    Write("words.tab", "Only words, and no line of dashes.\n");
+    ASSERT_EQ(0, Run("a.tab -o score.nvf -q").ExitCode);
+    Write("cut.nvf", Read("score.nvf").substr(0, 5000));
+    Write("foreign.nvf", "This is no score");
     const struct {
-        const char* Argument;
-        const char* Reason;
-    } cases[] = {
-        {"empty.tab", "is empty"},           {"prose.tab", "no line has 11 dashes or more"},
-        {"binary.tab", "is not plain text"}, {"song.txt", "not one of tab, btab or crd"},
-        {"missing.tab", "cannot be opened"}, {"folder.tab", "is a folder"},
-        {"lonely.tab", "no stave"},          {"single.tab", "no stave"},
+        const char* Arguments;
+        int ExitCode;
+        /// In what the program says; null for nothing at all.
+        const char* Said;
+        /// A file that is there afterwards, or not ("-").
+        const char* Files;
+    } rows[] = {
+        // Inputs
+        {"a.tab", 0, "Written        a.nvf", "a.nvf"},
+        {"in/sub/e.txt -o e.mid", 0, "a tab, whatever its extension says", "e.mid"},
+        {"- < a.tab", 0, "standard input", "-standard-input.nvf"},
+        {"/dev/stdin -o s.mid < a.tab", 0, "standard input", "s.mid"},
+        {"score.nvf --to mid", 0, "Notes          1", "score.mid"},
+        {"in -o out/ --to mid,mxl", 0, "3 files: 3 done",
+         "out/sub/d.mid out/sub/e.mxl out/c.mid -out/prose.mid"},
+        {"missing.tab", 1, "cannot be opened", "-missing.nvf"},
+        {"lonely.tab", 1, "Lines 1 to 1 inclusive don't seem to be part of a real stave", ""},
+        {"single.tab", 1, "no stave", ""},
+        {"empty.tab", 1, "is empty", ""},
+        {"binary.tab", 1, "is not plain text", ""},
+        {"words.tab", 1, "no line has 11 dashes or more", ""},
+        {"in/prose.txt", 1, "in/prose.txt: is no tab: no line", ""},
+        {"cut.nvf --to mid", 1, "the score cannot be read", "-cut.mid"},
+        {"foreign.nvf --to mid", 1, "the score cannot be read", "-foreign.mid"},
+        {"missing.nvf", 1, "cannot be read", ""},
+        {"a.tab missing.tab b.btab", 1,
+         "3 files: 2 done, 1 refused or failed\n  missing.tab: cannot be opened", "b.nvf"},
+        {"''", 2, "an empty name is no file", ""},
+        {"", 2, "no file is given", ""},
+        // Outputs
+        {"a.tab -o x.mid -o y.musicxml -o z.html", 0, "y.musicxml", "x.mid y.musicxml z.html"},
+        {"a.tab -o x.other", 2, "its extension names no format", "-x.other"},
+        {"a.tab -o x.other --to mid", 0, "x.other", "x.other"},
+        {"a.tab --to nonsense", 2, "there is no format nonsense", ""},
+        {"a.tab b.btab -o one.mid", 2, "both a.tab and b.btab would be written to one.mid", "-one.mid"},
+        {"twin -o two/", 2, "both twin/a.tab and twin/a.txt would be written to two/a.nvf", "-two"},
+        {"a.tab -o x.mid -o ./x.mid", 2, "named twice", ""},
+        {"a.tab -o ./a.tab --to mid", 2, "both read and written", ""},
+        {"a.tab b.btab -o - --to mid", 2, "several files cannot go to standard output", ""},
+        {"a.tab -o -", 2, "needs one format", ""},
+        {"a.tab -o /dev/full --to mid", 1, "cannot be written", ""},
+        {"a.tab -o a.tab/x.mid", 1, "cannot be written", ""},
+        {"a.tab -o made/deep/x.mid", 0, "made/deep/x.mid", "made/deep/x.mid"},
+        {"a.tab -o x.mid --no-clobber", 0, "x.mid is there already and stays", "x.mid"},
+        {"score.nvf -o x.html", 1, "no longer knows its text", ""},
+        // What is printed
+        {"in/c.tab --explain", 0, "fret number", "-in/c.nvf"},
+        {"in/c.tab --dump", 0, "NvfFileVersion \"10450015\"\r\n{\r\n", "-in/c.nvf"},
+        {"in/c.tab --json", 0, "\"notesStruck\":1", "-in/c.nvf"},
+        {"missing.tab --json", 1, "\"taken\":false", ""},
+        {"in/c.tab --explain=html", 0, "<span class=\"", "-in/c.nvf"},
+        {"in/c.tab --json --dump", 2, "only one of", ""},
+        {"a.tab -q", 0, nullptr, ""},
+        {"a.tab --strict -q", 0, nullptr, ""},
+        {"in -o out/ -q -j 2", 0, nullptr, "out/sub/e.nvf"},
+        {"--help", 0, "mxl       MusicXML 4.0, compressed", ""},
+        {"--version", 0, "fretline 1", ""},
+        {"--no-such-option a.tab", 2, "unknown option --no-such-option", ""},
+        {"a.tab -j 0", 2, "jobs", ""},
+        {"a.tab --rhythms sometimes", 2, "rhythms", ""},
+        {"a.tab --remember", 2, "nothing to remember", ""},
+        {"a.tab --plugin /missing.so", 2, "the plug-in cannot be loaded", ""},
     };
-    for (const auto& row : cases) {
-        const Outcome outcome = Run(row.Argument);
-        EXPECT_EQ(1, outcome.ExitCode) << row.Argument;
-        EXPECT_TRUE(Has(outcome.Text, row.Reason)) << row.Argument << ": " << outcome.Text;
+    for (const auto& row : rows) {
+        const Outcome outcome = Run(row.Arguments);
+        EXPECT_EQ(row.ExitCode, outcome.ExitCode) << row.Arguments << "\n" << outcome.Text;
+        if (row.Said == nullptr)
+            EXPECT_EQ("", outcome.Text) << row.Arguments;
+        else
+            EXPECT_TRUE(Has(outcome.Text, row.Said)) << row.Arguments << ": " << row.Said << " in\n"
+                                                     << outcome.Text;
+        std::istringstream files(row.Files);
+        for (std::string name; files >> name;)
+            EXPECT_EQ(name.front() != '-', fs::exists(Path() / name.substr(name.front() == '-' ? 1 : 0)))
+                << row.Arguments << ": " << name;
     }
-    EXPECT_TRUE(Has(Run("lonely.tab").Text, "Lines 1 to 1 inclusive don't seem to be part of a real stave"))
-        << "and what the plug-in said";
+    EXPECT_TRUE(Has(Read("a.tab"), "E|--"));
+    for (const auto& entry : fs::recursive_directory_iterator(Path()))
+        EXPECT_FALSE(Has(entry.path().filename().string(), ".mid.")) << entry.path() << " is left behind";
 }
 
-TEST_F(Program, OneFileThatFailsDoesNotStopTheRest) {
+TEST_F(Program, WritesStandardOutputAndNothingElseThere) {
     Tab("a.tab");
-    Tab("c.tab");
-    const Outcome outcome = Run("a.tab missing.tab c.tab");
-    EXPECT_EQ(1, outcome.ExitCode);
-    EXPECT_TRUE(fs::exists(Path() / "a.nvf") && fs::exists(Path() / "c.nvf"));
+    ASSERT_EQ(0, Run("a.tab --to musicxml,mid -q").ExitCode);
+    EXPECT_EQ(0, Run("a.tab -o - --to mid 2>said >bytes").ExitCode);
+    EXPECT_EQ(Read("a.mid"), Read("bytes"));
+    EXPECT_TRUE(Has(Read("said"), "Notes          1"));
+    EXPECT_EQ(0, Run("- -o - --to musicxml 2>said <a.tab >bytes").ExitCode);
+    EXPECT_TRUE(Has(Read("bytes"), "<score-partwise"));
+    EXPECT_EQ(1, Run("a.tab >/dev/full").ExitCode);
+    EXPECT_EQ(1, Run("a.tab --dump | head -c 10 >bytes; exit ${PIPESTATUS[0]}").ExitCode)
+        << "nobody reads on";
+    EXPECT_EQ(0, Run("a.tab -o x.nvf").ExitCode);
+    EXPECT_EQ(0, Run("x.nvf --to musicxml,mid -q").ExitCode);
+    EXPECT_EQ(Read("a.musicxml"), Read("x.musicxml")) << "a finished score serves as well";
+    EXPECT_EQ(Read("a.mid"), Read("x.mid"));
 }
 
-TEST_F(Program, StoresTheRhythmLevel) {
+TEST_F(Program, LooksAtATabInAFolderThatCannotBeWritten) {
+    Tab("there/a.tab");
+    for (const char* looking : {"--explain", "--json", "--dump", "--doubts"}) {
+        EXPECT_EQ(0, Run(std::string("there/a.tab ") + looking).ExitCode) << looking;
+        EXPECT_EQ(1, std::distance(fs::directory_iterator(Path() / "there"), {})) << looking;
+    }
+}
+
+TEST_F(Program, KeepsTheRhythmLevelOnlyWhenAsked) {
     Tab("a.tab");
-    EXPECT_EQ(0, Run("a.tab --rhythms always").ExitCode);
+    EXPECT_TRUE(Has(Run("a.tab --rhythms always").Text, "Rhythms        read"));
+    EXPECT_TRUE(Has(Run("a.tab").Text, "Rhythms        not read")) << "it held for that run";
+    EXPECT_TRUE(Has(Run("a.tab --rhythms always --remember").Text, "Rhythms        read"));
     EXPECT_TRUE(Has(Read("config/FretlineOptions.txt"), "RhythmLevel \"2\""));
     EXPECT_TRUE(Has(Run("a.tab").Text, "Rhythms        read")) << "it stays for the next call";
-    EXPECT_EQ(2, Run("a.tab --rhythms sometimes").ExitCode);
+    EXPECT_TRUE(Has(Run("a.tab --rhythms never").Text, "Rhythms        not read"));
+    EXPECT_TRUE(Has(Read("config/FretlineOptions.txt"), "RhythmLevel \"2\""));
 }
 
-TEST_F(Program, AnswersWhatPeopleAskAProgram) {
-    const Outcome help = Run("--help");
-    EXPECT_EQ(0, help.ExitCode);
-    EXPECT_TRUE(Has(help.Text, "--rhythms") && Has(help.Text, "--output"));
-    EXPECT_EQ(0, Run("--version").ExitCode);
-    EXPECT_EQ(2, Run("").ExitCode) << "no file";
-    EXPECT_EQ(2, Run("--no-such-option a.tab").ExitCode);
-    EXPECT_EQ(2, Run("a.tab --plugin /missing.so").ExitCode);
+TEST_F(Program, ConvertsManyFilesInOrderInManyProcesses) {
+    constexpr int kFiles = 60;
+    for (int i = 0; i < kFiles; ++i)
+        Tab("in/" + std::to_string(100 + i) + ".tab");
+    Write("in/130.tab", "words");
+    const Outcome one = Run("in --json -j 1");
+    const Outcome four = Run("in --json -j 4");
+    EXPECT_EQ(1, four.ExitCode);
+    EXPECT_EQ(one.Text, four.Text);
+    EXPECT_TRUE(Has(four.Text, "60 files: 59 done, 1 refused or failed\n  in/130.tab: is no tab"));
+    EXPECT_LT(four.Text.find("in/100.tab"), four.Text.find("in/159.tab"));
 }
 
-TEST_F(Program, HandsAScoreOnInOtherFormats) {
-    Tab("a.tab");
-    EXPECT_EQ(0, Run("a.tab --musicxml a.musicxml --midi a.mid --svg a.svg").ExitCode);
-    EXPECT_TRUE(Has(Read("a.musicxml"), "<score-partwise"));
-    EXPECT_EQ("MThd", Read("a.mid").substr(0, 4));
-    EXPECT_TRUE(Has(Read("a.svg"), "<svg"));
-    EXPECT_EQ(0, Run("a.nvf --musicxml again.musicxml --midi again.mid").ExitCode)
-        << "a finished score serves as well";
-    EXPECT_EQ(Read("a.musicxml"), Read("again.musicxml"));
-    EXPECT_EQ(Read("a.mid"), Read("again.mid"));
-    EXPECT_EQ(0, Run("a.nvf --musicxml a.mxl").ExitCode);
-    EXPECT_EQ("PK", Read("a.mxl").substr(0, 2));
+TEST_F(Program, EndsInOrderWhenItIsInterrupted) {
+    constexpr int kFiles = 400;
+    for (int i = 0; i < kFiles; ++i)
+        Tab("in/" + std::to_string(1000 + i) + ".tab");
+    // Through a shell of its own, whose group gets the signal as a terminal would send it.
+    const Outcome outcome = Run("in -o out/ -q -j 2 & sleep 0.3; kill -INT $!; wait $!");
+    EXPECT_EQ(130, outcome.ExitCode) << outcome.Text;
+    const std::string whole = Read("out/1000.nvf");
+    for (const auto& entry : fs::directory_iterator(Path() / "out"))
+        EXPECT_EQ(whole.size(), fs::file_size(entry)) << entry.path() << " is not whole";
+}
+
+TEST_F(Program, AnswersJsonLinesOneByOne) {
+    std::string text;
+    for (const char c : Read(Tab("a.tab").filename().string()))
+        text += c == '\n' ? std::string("\\n") : std::string(1, c);
+    Write("lines", "{\"id\":7,\"text\":\"" + text + "\"}\n\n{\"id\":\"b\"}\nno json\n{\"text\":\"words\"}");
+    for (const char* jobs : {"-j 1", "-j 3"}) {
+        ASSERT_EQ(0,
+                  Run(std::string("--json-lines --json --to musicxml,mid <lines >answers ") + jobs).ExitCode);
+        std::istringstream answers(Read("answers"));
+        std::vector<std::string> lines;
+        for (std::string line; std::getline(answers, line);)
+            lines.push_back(line);
+        ASSERT_EQ(4U, lines.size()) << jobs;
+        for (const char* part :
+             {"{\"id\":7,\"taken\":true", "\"notesStruck\":1", "<score-partwise", "\"mid\":\"TVRoZA"})
+            EXPECT_TRUE(Has(lines[0], part)) << part << " in " << lines[0];
+        EXPECT_TRUE(Has(lines[1], "{\"id\":\"b\",\"taken\":false,\"reason\":\"the line is no JSON object"))
+            << lines[1];
+        EXPECT_TRUE(Has(lines[2], "{\"id\":null,\"taken\":false")) << lines[2];
+        EXPECT_TRUE(Has(lines[3], "is no tab: no line has 11 dashes")) << lines[3];
+    }
+    EXPECT_EQ(2, Run("--json-lines a.tab").ExitCode);
+}
+
+TEST_F(Program, CountsMessagesOfOneKindAndTellsThemWhenAsked) {
+    std::string text = Read(Tab("a.tab").filename().string());
+    for (int i = 0; i < 5; ++i)
+        text += "\nla - la - la\n";
+    Write("many.tab", text);
+    const Outcome counted = Run("many.tab");
+    EXPECT_TRUE(Has(counted.Text, "(and 4 like it: --verbose)")) << counted.Text;
+    const Outcome told = Run("many.tab --verbose");
+    EXPECT_TRUE(Has(told.Text, "many.tab: Lines 8 to 8")) << told.Text;
+    EXPECT_TRUE(Has(told.Text, "many.tab: Lines 16 to 16"));
+}
+
+TEST_F(Program, TellsWhatIsDoubtful) {
+    std::string text = Read(Tab("a.tab").filename().string());
+    Write("doubt.tab", "Tuning: DADGAD\n\n" + text);
+    EXPECT_TRUE(Has(Run("doubt.tab").Text, "Doubts         2:")) << Run("doubt.tab").Text;
+    EXPECT_EQ(3, Run("doubt.tab --strict").ExitCode);
+    EXPECT_TRUE(Has(Run("doubt.tab --json").Text, "\"doubts\":[{\"kind\":\""));
+    EXPECT_TRUE(Has(Run("doubt.tab --doubts").Text, "line 1"));
 }
 
 TEST_F(Program, ShowsNotesOfAStaveThatIsHigherThanTheFirst) {
@@ -158,24 +276,8 @@ TEST_F(Program, ShowsNotesOfAStaveThatIsHigherThanTheFirst) {
     for (int i = 0; i < 4 + 6; ++i)
         text += i == 4 ? "\n" + line : line;
     Write("mixed.tab", text);
-    EXPECT_EQ(0, Run("mixed.tab --musicxml a.musicxml --midi a.mid --svg a.svg").ExitCode);
-    EXPECT_TRUE(Has(Read("a.svg"), ">?<")) << "a stave of four lines has no fifth string";
-}
-
-TEST_F(Program, RefusesDamagedScoresAndLeavesNoHalfWrittenFile) {
-    Tab("a.tab");
-    ASSERT_EQ(0, Run("a.tab").ExitCode);
-    Write("cut.nvf", Read("a.nvf").substr(0, 5000));
-    Write("foreign.nvf", "This is no score");
-    Write("other tree.nvf", std::string("\0\2\0\0\0\0\0\0\0\0\0\0\0\0\0\0", 16));
-    for (const char* name : {"cut.nvf", "foreign.nvf", "'other tree.nvf'", "missing.nvf"}) {
-        const Outcome outcome = Run(std::string(name) + " --midi out.mid");
-        EXPECT_EQ(1, outcome.ExitCode) << name;
-        EXPECT_TRUE(Has(outcome.Text, "cannot be read")) << outcome.Text;
-    }
-    EXPECT_FALSE(fs::exists(Path() / "out.mid"));
-    EXPECT_EQ(1, Run("a.nvf --midi missing/out.mid").ExitCode);
-    EXPECT_EQ(1, Run("a.nvf --midi /dev/full").ExitCode);
+    EXPECT_EQ(0, Run("mixed.tab --to musicxml,mid,svg").ExitCode);
+    EXPECT_TRUE(Has(Read("mixed.svg"), ">?<")) << "a stave of four lines has no fifth string";
 }
 
 TEST_F(Program, ExplainsWhatItRead) {
@@ -186,19 +288,9 @@ TEST_F(Program, ExplainsWhatItRead) {
          {"fret number", "stave of 6 lines, tuned E2 A2 D3 G3 B3 E4 by its letters", "bar 1, columns 3 to 13",
           "chord Am: to column 8", "rhythm: none, each column one quaver", "section label"})
         EXPECT_TRUE(Has(text.Text, part)) << part << " in\n" << text.Text;
-    EXPECT_EQ(0, Run("song.tab --explain=html -o song.nvf > song.html").ExitCode);
+    EXPECT_EQ(0, Run("song.tab --explain=html > song.html").ExitCode);
     EXPECT_TRUE(Has(Read("song.html"), "<span class=\"chord\">Am</span>"));
     EXPECT_FALSE(Has(Read("song.html"), "<script"));
-    EXPECT_FALSE(Has(text.Text, "To try")) << "nothing of it is doubtful";
-}
-
-TEST_F(Program, ExplainsWhatIsDoubtful) {
-    const std::string tab = Read(Tab("a.tab").filename().string());
-    Write("song.tab", "  Fill\n" + tab);
-    EXPECT_TRUE(
-        Has(Run("song.tab --explain").Text, "????\n       ? column 3, chords read from words: the chord F"));
-    EXPECT_EQ(0, Run("song.tab --explain=html -o song.nvf > song.html").ExitCode);
-    EXPECT_TRUE(Has(Read("song.html"), "<span class=\"chord doubt\">F</span>"));
 }
 
 } // namespace

@@ -1,0 +1,146 @@
+#include "Projects/Formats/Json.h"
+
+#include "Projects/Fretline/stave/TabBar.h"
+#include "Projects/Score/Timeline.h"
+#include "Projects/Score/TuningNames.h"
+#include "Projects/Score/Utf8.h"
+
+#include <nlohmann/json.hpp>
+
+namespace Formats {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Score::ModelBar;
+using Score::ModelTimeSignature;
+using Score::ScoreModel;
+
+std::string Dumped(const Json& json) {
+    // A name of a file may be of any bytes.
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+Json TuningJson(const ScoreModel& model) {
+    const std::string name = Score::TuningName(model.Tuning);
+    return {{"name", name.empty() ? Json(nullptr) : Json(name)},
+            {"strings", Score::TuningLetters(model.Tuning)}};
+}
+
+/// Gives `add` each bar with its number, counted from 1.
+template <typename Add>
+Json OfBars(const ScoreModel& model, Add add) {
+    Json list = Json::array();
+    for (std::size_t bar = 0; bar < model.Bars.size(); ++bar)
+        add(model.Bars[bar], bar + 1, list);
+    return list;
+}
+
+Json ChordsJson(const ScoreModel& model) {
+    return OfBars(model, [](const ModelBar& bar, std::size_t number, Json& list) {
+        for (const Score::ModelText& chord : bar.ChordSymbols)
+            list.push_back(
+                {{"bar", number}, {"position", chord.Position}, {"name", Score::ToUtf8(chord.Text)}});
+    });
+}
+
+Json LabelsJson(const ScoreModel& model) {
+    return OfBars(model, [](const ModelBar& bar, std::size_t number, Json& list) {
+        for (const std::string& label : bar.Labels)
+            list.push_back({{"bar", number}, {"text", Score::ToUtf8(label)}});
+    });
+}
+
+Json SignatureJson(std::size_t bar, const ModelTimeSignature& signature) {
+    return {{"bar", bar}, {"beats", signature.Numerator}, {"unit", signature.Denominator}};
+}
+
+Json SignaturesJson(const ScoreModel& model) {
+    return OfBars(model, [&](const ModelBar& bar, std::size_t number, Json& list) {
+        if (bar.TimeSignature)
+            list.push_back(SignatureJson(number, *bar.TimeSignature));
+        else if (number == 1)
+            list.push_back(SignatureJson(number, model.FirstTimeSignature));
+    });
+}
+
+const char* RhythmName(const Fretline::TabBar& bar) {
+    if (!bar.HasRhythms())
+        return "none";
+    switch (bar.GetRhythmLine().m_Kind) {
+    case Fretline::RhythmLineKind::NoteLengths:
+        return "letters";
+    case Fretline::RhythmLineKind::BeatPositions:
+        return "beats";
+    default:
+        return "spacing";
+    }
+}
+
+Json BarsJson(const TabText::TabReading& reading) {
+    Json list = Json::array();
+    for (const TabText::BarReading& read : reading.GetBars()) {
+        const Fretline::TabBar& bar = *read.Bar;
+        const int rhythmLine = bar.GetRhythmLine().m_Line;
+        list.push_back({{"bar", read.FirstScoreBar + 1},
+                        {"scoreBars", bar.ScoreBarCount()},
+                        {"line", bar.GetFirstLine() + 1},
+                        {"column", bar.GetStartColumn() + 1},
+                        {"length", bar.GetBarLength()},
+                        {"rhythm", RhythmName(bar)},
+                        {"rhythmLine", rhythmLine < 0 ? Json(nullptr) : Json(rhythmLine + 1)}});
+    }
+    return list;
+}
+
+Json WarningsJson(const TabText::TabReading& reading) {
+    Json list = Json::array();
+    for (const TabText::IgnoredLines& ignored : reading.GetIgnoredLines())
+        list.push_back({{"line", ignored.First + 1},
+                        {"column", 1},
+                        {"lastLine", ignored.Last + 1},
+                        {"text", Score::ToUtf8(ignored.Message)}});
+    return list;
+}
+
+Json DoubtsJson(const std::vector<TabText::Doubt>& doubts) {
+    Json list = Json::array();
+    for (const TabText::Doubt& doubt : doubts)
+        list.push_back({{"kind", TabText::NameOf(doubt.Kind).Id},
+                        {"line", doubt.Line + 1},
+                        {"column", doubt.Column + 1},
+                        {"endColumn", doubt.EndColumn + 1},
+                        {"what", Score::ToUtf8(doubt.What)},
+                        {"try", Score::ToUtf8(doubt.Try)}});
+    return list;
+}
+
+} // namespace
+
+std::string JsonText(const Conversion& conversion, std::span<const std::string> files) {
+    const ScoreModel& model = conversion.GetMusic();
+    Json json{{"file", conversion.Source},
+              {"taken", true},
+              {"title", conversion.Title},
+              {"instrument", Score::ToUtf8(model.InstrumentName)},
+              {"tuning", TuningJson(model)},
+              {"rhythms", model.HasRhythms},
+              {"barCount", model.Bars.size()},
+              {"notesStruck", Score::SoundingNotes(model).size()},
+              {"chords", ChordsJson(model)},
+              {"labels", LabelsJson(model)},
+              {"timeSignatures", SignaturesJson(model)}};
+    if (const TabText::TabReading* reading = conversion.GetReading()) {
+        json["bars"] = BarsJson(*reading);
+        json["warnings"] = WarningsJson(*reading);
+        json["doubts"] = DoubtsJson(conversion.GetDoubts());
+    }
+    json["files"] = files;
+    return Dumped(json);
+}
+
+std::string RefusalJson(std::string_view source, std::string_view reason) {
+    return Dumped({{"file", source}, {"taken", false}, {"reason", reason}});
+}
+
+} // namespace Formats

@@ -1,0 +1,173 @@
+#include "Projects/ReferenceHost/Converter.h"
+
+#include "Projects/Explain/Explanation.h"
+#include "Projects/Explain/WhyNot.h"
+#include "Projects/Formats/Formats.h"
+#include "Projects/Formats/Json.h"
+#include "Projects/ReferenceHost/Opening.h"
+#include "Projects/ReferenceHost/ScoreFile.h"
+#include "Projects/ReferenceHost/Summary.h"
+#include "Projects/ReferenceHost/Terminal.h"
+
+namespace ReferenceHost {
+
+namespace fs = std::filesystem;
+
+using Status = JobResult::Status;
+using Printing = CommandLine::Printing;
+
+Converter::Converter(const CommandLine& line, const Plugin& plugin, fs::path configFolder,
+                     const RunFolder& folder, bool showsProgress)
+    : m_Line(line), m_Plugin(plugin), m_ConfigFolder(std::move(configFolder)), m_Folder(folder),
+      m_ShowsProgress(showsProgress) {}
+
+JobResult Converter::Convert(const Input& input, const std::vector<Target>& targets) const {
+    std::optional<TemporaryTab> name;
+    const Opened opened = Open(input, name);
+    if (!opened.Conversion)
+        return TellRefusal(input, opened);
+    JobResult result;
+    if (m_Line.Verbose)
+        for (const std::string& message : opened.Messages)
+            result.Errors += input.Path.string() + ": " + message + "\n";
+    const std::vector<std::string> files = WriteTargets(*opened.Conversion, targets, result);
+    if (m_Line.IsStrict)
+        result.IsDoubtful = !opened.Conversion->GetDoubts().empty();
+    (m_Line.WritesToStandardOutput() ? result.Errors : result.Output) += Printed(input, opened, files);
+    return result;
+}
+
+Converter::Opened Converter::Open(const Input& input, std::optional<TemporaryTab>& name) const {
+    switch (input.What) {
+    case Input::Kind::Score:
+        return OpenScore(input.Path);
+    case Input::Kind::OtherText:
+        name = TemporaryTab::NameFor(m_Folder, input.Path);
+        return OpenTab(name->Path(), input.Path);
+    case Input::Kind::Stream: {
+        const auto bytes = ReadWholeFile(input.IsStandardInput() ? fs::path("/dev/stdin") : input.Path);
+        if (!bytes)
+            return Opened(Status::Refused, "cannot be read");
+        name = TemporaryTab::Write(m_Folder, input.Relative.stem().string(), *bytes);
+        if (name->Path().empty())
+            return Opened(Status::Failed, "no room for a temporary file");
+        return OpenTab(name->Path(), input.Path);
+    }
+    default:
+        return OpenTab(fs::absolute(input.Path), input.Path);
+    }
+}
+
+Converter::Opened Converter::OpenScore(const fs::path& file) const {
+    const std::optional<std::string> bytes = ReadWholeFile(file);
+    if (!bytes)
+        return Opened(Status::Refused, "cannot be read");
+    Opened opened;
+    std::string why;
+    opened.Conversion = Formats::Conversion::Of(*bytes, file, why);
+    if (!opened.Conversion) {
+        opened.Ended = Status::Refused;
+        opened.Reason = "the score cannot be read: " + why;
+    }
+    return opened;
+}
+
+Converter::Opened Converter::OpenTab(const fs::path& tab, const fs::path& source) const {
+    OpeningResult result = Opening(m_ShowsProgress).Open(m_Plugin, tab);
+    Opened opened;
+    opened.Messages = std::move(result.Messages);
+    if (result.Cancelled) {
+        opened.Ended = Status::Cancelled;
+        opened.Reason = "cancelled, no score was kept";
+    } else if (!result.Score) {
+        opened.Ended = Status::Refused;
+        opened.Reason = result.Taken ? Explain::WhyNoScore(tab) : Explain::WhyNotTaken(tab);
+    } else {
+        std::string why;
+        opened.Conversion = Formats::Conversion::Of(std::move(*result.Score), source, why);
+        opened.Ended = opened.Conversion ? Status::Done : Status::Failed;
+        opened.Reason = "its score cannot be read: " + why;
+    }
+    if (opened.Conversion)
+        opened.Conversion->Tab = {tab, m_ConfigFolder};
+    return opened;
+}
+
+JobResult Converter::TellRefusal(const Input& input, const Opened& opened) const {
+    JobResult result;
+    result.Ended = opened.Ended;
+    result.Reason = opened.Reason;
+    for (const std::string& message : opened.Messages)
+        result.Errors += input.Path.string() + ": " + message + "\n";
+    result.Errors += Terminal::Complaint(input.Path.string() + ": " + opened.Reason);
+    if (m_Line.Prints == Printing::Json)
+        result.Output = Formats::RefusalJson(input.Path.string(), opened.Reason) + "\n";
+    return result;
+}
+
+std::vector<std::string> Converter::WriteTargets(const Formats::Conversion& conversion,
+                                                 const std::vector<Target>& targets,
+                                                 JobResult& result) const {
+    std::vector<std::string> files;
+    for (const Target& target : targets) {
+        std::error_code failure;
+        if (m_Line.KeepsExisting && !target.File.empty() && fs::exists(target.File, failure)) {
+            result.Errors += target.File.string() + " is there already and stays as it is\n";
+            continue;
+        }
+        std::string why;
+        std::string bytes = target.Format->Write(conversion, why);
+        if (!why.empty()) {
+            why =
+                conversion.Source + " cannot be written as " + std::string(target.Format->Name) + ": " + why;
+        } else if (target.File.empty()) {
+            result.Output += bytes;
+        } else {
+            why = WriteWholeFile(target.File, bytes);
+            files.push_back(target.File.string());
+        }
+        if (why.empty())
+            continue;
+        result.Ended = Status::Failed;
+        result.Reason = why;
+        result.Errors += Terminal::Complaint(why);
+        files.resize(files.size() -
+                     (target.File.empty() || files.empty() || files.back() != target.File ? 0 : 1));
+    }
+    return files;
+}
+
+std::string Converter::Printed(const Input& input, const Opened& opened,
+                               const std::vector<std::string>& files) const {
+    const Formats::Conversion& conversion = *opened.Conversion;
+    switch (m_Line.Prints) {
+    case Printing::Nothing:
+        return {};
+    case Printing::Tree:
+        return std::string(conversion.Tree->ToText().View());
+    case Printing::Json:
+        return Formats::JsonText(conversion, files) + "\n";
+    case Printing::Explanation:
+        if (const TabText::TabReading* reading = conversion.GetReading())
+            return Explain::ExplanationText(Explain::Explanation::Of(*reading), Terminal::HasColour());
+        return input.Path.string() +
+               ": only a tab can be explained, a finished score no longer knows its text\n";
+    case Printing::Summary:
+        break;
+    }
+    std::string text = Terminal::Bold(input.Path.string()) + "\n";
+    if (input.What == Input::Kind::OtherText)
+        text += SummaryLine("Opened as", "a tab, whatever its extension says");
+    text += SummaryText(conversion.GetMusic());
+    if (!m_Line.Verbose)
+        text += MessageSummary(opened.Messages);
+    text += DoubtSummary(conversion.GetDoubts(), m_Line.TellsDoubts);
+    std::string name = "Written";
+    for (const std::string& file : files) {
+        text += SummaryLine(name, file);
+        name.clear();
+    }
+    return text;
+}
+
+} // namespace ReferenceHost

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Projects/Formats/Conversion.h"
+#include "Projects/ReferenceHost/CommandLine.h"
+#include "Projects/ReferenceHost/Inputs.h"
+#include "Projects/ReferenceHost/JobResult.h"
+#include "Projects/ReferenceHost/Plugin.h"
+#include "Projects/ReferenceHost/RunFolder.h"
+#include "Projects/ReferenceHost/Targets.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ReferenceHost {
+
+/// Opens things one by one as a command line says, writes what is to be written of them, and says what came
+/// of it. Borrows everything, which must outlive it. Nothing throws but a failed allocation.
+class Converter {
+public:
+    /// The plug-in must be loaded; the options that it uses lie in `configFolder`.
+    Converter(const CommandLine& line, const Plugin& plugin, std::filesystem::path configFolder,
+              const RunFolder& folder, bool showsProgress);
+
+    /// One input with its targets.
+    JobResult Convert(const Input& input, const std::vector<Target>& targets) const;
+
+    /// One line of --json-lines: {"id":...,"text":...}. The output is the line for it, also when something is
+    /// wrong.
+    JobResult ConvertLine(std::string_view line) const;
+
+private:
+    /// What came of opening one file: a conversion, or why not.
+    struct Opened {
+        Opened() = default;
+        Opened(JobResult::Status ended, std::string reason) : Ended(ended), Reason(std::move(reason)) {}
+
+        std::optional<Formats::Conversion> Conversion;
+        std::vector<std::string> Messages;
+        JobResult::Status Ended = JobResult::Status::Done;
+        std::string Reason;
+    };
+
+    Opened Open(const Input& input, std::optional<TemporaryTab>& name) const;
+    Opened OpenScore(const std::filesystem::path& file) const;
+    Opened OpenTab(const std::filesystem::path& tab, const std::filesystem::path& source) const;
+    JobResult TellRefusal(const Input& input, const Opened& opened) const;
+    /// Gives the names of the files written.
+    std::vector<std::string> WriteTargets(const Formats::Conversion& conversion,
+                                          const std::vector<Target>& targets, JobResult& result) const;
+    std::string Printed(const Input& input, const Opened& opened,
+                        const std::vector<std::string>& files) const;
+
+    const CommandLine& m_Line;
+    const Plugin& m_Plugin;
+    std::filesystem::path m_ConfigFolder;
+    const RunFolder& m_Folder;
+    bool m_ShowsProgress;
+};
+
+} // namespace ReferenceHost

@@ -1,0 +1,127 @@
+#include "Projects/ReferenceHost/JsonLines.h"
+
+#include "Projects/Formats/Formats.h"
+#include "Projects/Formats/Json.h"
+#include "Projects/ReferenceHost/Converter.h"
+
+#include <nlohmann/json.hpp>
+
+#include <array>
+#include <cerrno>
+#include <poll.h>
+#include <unistd.h>
+
+namespace ReferenceHost {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr std::size_t kBlockSize = 65536;
+constexpr const char* kDefaultName = "tab";
+
+std::string Base64(std::string_view bytes) {
+    static constexpr std::string_view kDigits =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    constexpr std::size_t kGroup = 3;
+    std::string text;
+    text.reserve((bytes.size() + 2) / kGroup * 4);
+    for (std::size_t i = 0; i < bytes.size(); i += kGroup) {
+        std::uint32_t group = 0;
+        for (std::size_t k = 0; k < kGroup; ++k)
+            group = group << 8 | (i + k < bytes.size() ? static_cast<unsigned char>(bytes[i + k]) : 0U);
+        for (std::size_t k = 0; k <= kGroup; ++k)
+            text += i + k <= bytes.size() ? kDigits[group >> (18 - 6 * k) & 63] : '=';
+    }
+    return text;
+}
+
+std::string Dumped(const Json& json) {
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+JobResult Refused(const Json& id, const std::string& reason) {
+    JobResult result;
+    result.Ended = JobResult::Status::Refused;
+    result.Reason = reason;
+    result.Output = Dumped({{"id", id}, {"taken", false}, {"reason", reason}});
+    return result;
+}
+
+} // namespace
+
+bool StandardInputLines::IsReady() {
+    while (!HasLine() && !m_IsAtEnd) {
+        pollfd descriptor{STDIN_FILENO, POLLIN, 0};
+        if (poll(&descriptor, 1, 0) <= 0)
+            return false;
+        FillOnce();
+    }
+    return true;
+}
+
+int StandardInputLines::Descriptor() const {
+    return STDIN_FILENO;
+}
+
+bool StandardInputLines::Next(std::string& job) {
+    for (;;) {
+        while (!HasLine() && !m_IsAtEnd)
+            FillOnce();
+        const std::size_t end = HasLine() ? m_LineEnd : m_Bytes.size();
+        job = m_Bytes.substr(m_Start, end - m_Start);
+        if (!HasLine() && job.empty())
+            return false;
+        m_Start = std::min(end + 1, m_Bytes.size());
+        m_LineEnd = m_Bytes.find('\n', m_Start);
+        if (job.find_first_not_of(" \t\r") != std::string::npos)
+            return true;
+    }
+}
+
+void StandardInputLines::FillOnce() {
+    m_Bytes.erase(0, m_Start);
+    m_Start = 0;
+    std::array<char, kBlockSize> block{};
+    const ssize_t count = read(STDIN_FILENO, block.data(), block.size());
+    if (count < 0 && errno == EINTR)
+        return;
+    m_IsAtEnd = count <= 0;
+    const std::size_t before = m_Bytes.size();
+    if (count > 0)
+        m_Bytes.append(block.data(), static_cast<std::size_t>(count));
+    m_LineEnd = m_Bytes.find('\n', before);
+}
+
+JobResult Converter::ConvertLine(std::string_view line) const {
+    const Json request = Json::parse(line, nullptr, false);
+    if (!request.is_object() || !request.contains("text") || !request["text"].is_string())
+        return Refused(request.is_object() && request.contains("id") ? request["id"] : Json(nullptr),
+                       R"(the line is no JSON object {"id":...,"text":...})");
+    const Json id = request.contains("id") ? request["id"] : Json(nullptr);
+    const auto text = request["text"].get<std::string>();
+    const TemporaryTab tab = TemporaryTab::Write(m_Folder, kDefaultName, text);
+    if (tab.Path().empty())
+        return Refused(id, "no room for a temporary file");
+    const Opened opened = OpenTab(tab.Path(), kDefaultName);
+    if (!opened.Conversion) {
+        JobResult result = Refused(id, opened.Reason);
+        result.Ended = opened.Ended;
+        return result;
+    }
+    Json answer{{"id", id}, {"taken", true}};
+    if (m_Line.Prints == CommandLine::Printing::Json)
+        answer["score"] = Json::parse(Formats::JsonText(*opened.Conversion, {}));
+    for (const Formats::Format* format : m_Line.ToFormats) {
+        std::string why;
+        const std::string bytes = format->Write(*opened.Conversion, why);
+        if (!why.empty())
+            return Refused(id, why);
+        answer[std::string(format->Name)] = format->IsText ? bytes : Base64(bytes);
+    }
+    JobResult result;
+    result.Output = Dumped(answer);
+    return result;
+}
+
+} // namespace ReferenceHost

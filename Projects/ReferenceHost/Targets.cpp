@@ -1,0 +1,141 @@
+#include "Projects/ReferenceHost/Targets.h"
+
+#include "Projects/Formats/Formats.h"
+#include "Projects/ReferenceHost/Help.h"
+
+#include <map>
+#include <set>
+#include <stdexcept>
+
+namespace ReferenceHost {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class Mistake : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+const Formats::Format* ScoreFormat() {
+    return Formats::FindFormat("nvf");
+}
+
+fs::path Renamed(fs::path name, const Formats::Format& format) {
+    return name.replace_extension(fs::path(format.Extension));
+}
+
+fs::path Normal(const fs::path& path) {
+    std::error_code failure;
+    const fs::path real = fs::weakly_canonical(path, failure);
+    return failure ? fs::absolute(path).lexically_normal() : real;
+}
+
+/// Plans for one command line.
+class Planner {
+public:
+    Planner(const CommandLine& line, const std::vector<Input>& inputs) : m_Line(line), m_Inputs(inputs) {}
+
+    std::vector<std::vector<Target>> Plan() {
+        std::vector<std::vector<Target>> plan;
+        for (const Input& input : m_Inputs)
+            m_Sources.insert(Normal(input.Path));
+        for (const Input& input : m_Inputs) {
+            plan.push_back(TargetsOf(input));
+            for (const Target& target : plan.back())
+                Check(target, input);
+        }
+        return plan;
+    }
+
+private:
+    std::vector<Target> TargetsOf(const Input& input) const {
+        if (m_Line.Outputs.empty())
+            return BesideInput(input);
+        std::vector<Target> targets;
+        for (const Destination& output : m_Line.Outputs) {
+            if (output.IsStandardOutput())
+                targets.push_back({m_Line.ToFormats.front(), {}});
+            else if (output.IsFolder())
+                AddInFolder(output.Name, input, targets);
+            else
+                targets.push_back({FormatOf(output.Name), output.Name});
+        }
+        return targets;
+    }
+
+    std::vector<Target> BesideInput(const Input& input) const {
+        std::vector<Target> targets;
+        const fs::path place = input.IsStandardInput() ? input.Relative : input.Path;
+        for (const Formats::Format* format : m_Line.ToFormats)
+            targets.push_back({format, Renamed(place, *format)});
+        const bool isFile = input.What == Input::Kind::Tab || input.What == Input::Kind::OtherText;
+        if (targets.empty() && isFile && !m_Line.OnlyLooks())
+            targets.push_back({ScoreFormat(), Renamed(place, *ScoreFormat())});
+        return targets;
+    }
+
+    void AddInFolder(const fs::path& folder, const Input& input, std::vector<Target>& targets) const {
+        const auto add = [&](const Formats::Format& format) {
+            targets.push_back({&format, folder / Renamed(input.Relative, format)});
+        };
+        for (const Formats::Format* format : m_Line.ToFormats)
+            add(*format);
+        if (m_Line.ToFormats.empty())
+            add(*ScoreFormat());
+    }
+
+    const Formats::Format* FormatOf(const fs::path& file) const {
+        if (m_Line.ToFormats.size() == 1 && m_Line.Outputs.size() == 1)
+            return m_Line.ToFormats.front();
+        if (!m_Line.ToFormats.empty())
+            throw Mistake("several formats go into a folder/, not into the file " + file.string());
+        if (const Formats::Format* format = Formats::FindFormatByExtension(file.extension().string()))
+            return format;
+        throw Mistake(file.string() + ": its extension names no format (there are " + FormatNames() +
+                      "; --to FORMAT says which)");
+    }
+
+    void Check(const Target& target, const Input& input) {
+        if (target.File.empty()) {
+            if (m_Inputs.size() > 1)
+                throw Mistake("several files cannot go to standard output");
+            return;
+        }
+        const fs::path place = Normal(target.File);
+        std::error_code failure;
+        const bool isDevice = fs::exists(place, failure) && !fs::is_regular_file(place, failure);
+        if (isDevice)
+            return;
+        if (m_Sources.count(place) != 0)
+            throw Mistake(target.File.string() + " is both read and written");
+        const auto [former, isNew] = m_Taken.emplace(place, &input);
+        if (isNew)
+            return;
+        if (former->second == &input)
+            throw Mistake(target.File.string() + " is named twice as a target");
+        throw Mistake("both " + former->second->Path.string() + " and " + input.Path.string() +
+                      " would be written to " + target.File.string() +
+                      (m_Line.Outputs.empty() ? "" : " (a name with a slash at its end is a folder)"));
+    }
+
+    const CommandLine& m_Line;
+    const std::vector<Input>& m_Inputs;
+    std::set<fs::path> m_Sources;
+    std::map<fs::path, const Input*> m_Taken;
+};
+
+} // namespace
+
+std::vector<std::vector<Target>> PlanTargets(const CommandLine& line, const std::vector<Input>& inputs,
+                                             std::string& mistake) {
+    try {
+        return Planner(line, inputs).Plan();
+    } catch (const Mistake& wrong) {
+        mistake = wrong.what();
+        return {};
+    }
+}
+
+} // namespace ReferenceHost
