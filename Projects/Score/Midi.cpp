@@ -1,5 +1,7 @@
 #include "Projects/Score/Midi.h"
 
+#include "Projects/Score/MidiPlaying.h"
+#include "Projects/Score/PlayedOut.h"
 #include "Projects/Score/Timeline.h"
 
 #include <algorithm>
@@ -13,13 +15,22 @@ namespace {
 
 constexpr int kDrumChannel = 9;
 constexpr int kLastChannel = 15;
-constexpr int kVelocity = 90;
-/// Microseconds of a crotchet: 120 to the minute.
-constexpr int kTempo = 500000;
+constexpr int kMicrosecondsPerMinute = 60000000;
+/// Crotchets a minute where nobody says.
+constexpr int kUsualTempo = 120;
 constexpr int kClocksPerCrotchet = 24;
 constexpr int kThirtySecondsPerCrotchet = 8;
 
-enum Status : int { kNoteOff = 0x80, kNoteOn = 0x90, kProgramChange = 0xC0, kMeta = 0xFF };
+enum Status : int {
+    kNoteOff = 0x80,
+    kNoteOn = 0x90,
+    kControlChange = 0xB0,
+    kProgramChange = 0xC0,
+    kPitchBend = 0xE0,
+    kMeta = 0xFF
+};
+/// Controllers that choose a parameter and set it; the parameter 0 is the range of the pitch wheel.
+enum Controller : int { kDataCoarse = 6, kDataFine = 38, kParameterFine = 100, kParameterCoarse = 101 };
 enum MetaKind : int {
     kTrackName = 0x03,
     kMarker = 0x06,
@@ -79,7 +90,9 @@ std::string TimeSignatureBytes(const ModelTimeSignature& time) {
 }
 
 std::string ConductorTrack(const ScoreModel& score, const std::vector<int>& starts) {
-    std::vector<TimedBytes> events{{0, 0, Meta(kSetTempo, BigEndian(kTempo, 3))}};
+    const int tempo = score.Heading.Tempo > 0 ? score.Heading.Tempo : kUsualTempo;
+    const auto beat = static_cast<std::uint32_t>(kMicrosecondsPerMinute / tempo);
+    std::vector<TimedBytes> events{{0, 0, Meta(kSetTempo, BigEndian(beat, 3))}};
     if (score.Bars.empty() || !score.Bars.front().TimeSignature)
         events.push_back({0, 1, TimeSignatureBytes(score.FirstTimeSignature)});
     for (std::size_t bar = 0; bar < score.Bars.size(); ++bar) {
@@ -97,19 +110,39 @@ int ChannelOf(int string) {
     return std::min(string < kDrumChannel ? string : string + 1, kLastChannel);
 }
 
+void AppendBendRange(std::vector<TimedBytes>& events, int channel) {
+    const std::pair<Controller, int> kSettings[] = {
+        {kParameterCoarse, 0}, {kParameterFine, 0}, {kDataCoarse, kBendRange}, {kDataFine, 0}};
+    for (const auto& [controller, value] : kSettings)
+        events.push_back({0, 0, {Byte(kControlChange | channel), Byte(controller), Byte(value)}});
+}
+
+/// The wheel rests at the middle of fourteen bits, of which the low seven come first.
+std::string BendBytes(int channel, int value) {
+    constexpr int kMiddle = 0x2000;
+    const int wheel = kMiddle + value;
+    return {Byte(kPitchBend | channel), Byte(wheel & 0x7F), Byte(wheel >> 7)};
+}
+
 std::string NoteTrack(const ScoreModel& score, int end) {
     std::vector<TimedBytes> events{{0, 0, Meta(kTrackName, score.InstrumentName)}};
     const int strings = score.CountStrings();
     for (int string = 0; string < strings; ++string)
         events.push_back({0, 0, {Byte(kProgramChange | ChannelOf(string)), Byte(score.Program)}});
-    for (const SoundingNote& note : SoundingNotes(score)) {
+    const Playing playing = PlayNotes(SoundingNotes(score), score.Heading.Capo);
+    if (!playing.Bends.empty())
+        for (int string = 0; string < strings; ++string)
+            AppendBendRange(events, ChannelOf(string));
+    for (const PlayedNote& note : playing.Notes) {
         const int channel = ChannelOf(note.String);
         if (note.End <= note.Start)
             continue;
-        events.push_back({note.Start, 2, {Byte(kNoteOn | channel), Byte(note.Midi), Byte(kVelocity)}});
-        events.push_back({note.End, 1, {Byte(kNoteOff | channel), Byte(note.Midi), Byte(0)}});
+        events.push_back({note.Start, 2, {Byte(kNoteOn | channel), Byte(note.Pitch), Byte(note.Velocity)}});
+        events.push_back({note.End, 1, {Byte(kNoteOff | channel), Byte(note.Pitch), Byte(0)}});
         end = std::max(end, note.End);
     }
+    for (const PitchBend& bend : playing.Bends)
+        events.push_back({bend.Time, 1, BendBytes(ChannelOf(bend.String), bend.Value)});
     events.push_back({end, 3, Meta(kEndOfTrack, {})});
     return Track(std::move(events));
 }
@@ -120,9 +153,12 @@ std::string MidiBytes(const ScoreModel& score) {
     constexpr std::uint32_t kHeaderLength = 6;
     constexpr std::uint32_t kFormat = 1;
     constexpr std::uint32_t kTracks = 2;
-    const std::vector<int> starts = BarStarts(score);
+    const std::optional<ScoreModel> playedOut = PlayedOut(score);
+    const ScoreModel& played = playedOut ? *playedOut : score;
+    const std::vector<int> starts = BarStarts(played);
     return "MThd" + BigEndian(kHeaderLength, 4) + BigEndian(kFormat, 2) + BigEndian(kTracks, 2) +
-           BigEndian(kUnitsPerCrotchet, 2) + ConductorTrack(score, starts) + NoteTrack(score, starts.back());
+           BigEndian(kUnitsPerCrotchet, 2) + ConductorTrack(played, starts) +
+           NoteTrack(played, starts.back());
 }
 
 } // namespace Score

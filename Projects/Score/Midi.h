@@ -10,6 +10,9 @@ namespace Score {
 /// the section labels as markers, and a track with the notes, ties joined. Each string has a channel of its
 /// own, the drum channel left out, so that nothing done to one string could touch another. Strings beyond the
 /// fifteenth share the last channel. A crotchet has 256 ticks.
+///
+/// Where the tab's text was joined to the score, repeats are played out, techniques as MidiPlaying.h says, at
+/// the tempo and with the capo of the text. Without that, 120 crotchets a minute, all notes equally loud.
 std::string MidiBytes(const ScoreModel& score);
 
 } // namespace Score

@@ -46,7 +46,8 @@ std::vector<SoundingNote> SoundingNotes(const ScoreModel& score) {
                     if (last != nullptr)
                         last->End = std::min(last->End, start);
                     string.LastNote = static_cast<int>(notes.size());
-                    notes.push_back({start, start + event.Duration, note.String, note.Midi});
+                    notes.push_back(
+                        {start, start + event.Duration, note.String, note.Midi, note.Fret, &note.Techniques});
                 }
                 string.IsTied = note.TiedToNext;
             }

@@ -12,6 +12,10 @@ struct SoundingNote {
     int End = 0;
     int String = 0;
     int Midi = 0;
+    int Fret = 0;
+    /// Of the note that is struck: of a tied chain, the first. The score's; never null in what SoundingNotes
+    /// gives.
+    const std::vector<ModelTechnique>* Techniques = nullptr;
 };
 
 /// Where each bar of a score begins, and one more entry: where the last one ends. A bar takes as long as its

@@ -57,8 +57,11 @@ void PrintEvent(const ScoreModel& score, const ModelEvent& event) {
 }
 
 void PrintBar(const ScoreModel& score, std::size_t index) {
-    std::cout << "bar " << index + 1 << '\n';
     const ModelBar& bar = score.Bars[index];
+    std::cout << "bar " << index + 1 << (bar.Repeats.IsStart ? " [" : "");
+    if (bar.Repeats.IsEnd)
+        std::cout << " ]" << bar.Repeats.Times;
+    std::cout << '\n';
     for (const ModelEvent& event : bar.Events) {
         for (const ModelText& chord : bar.ChordSymbols)
             if (chord.Position == event.Position)
@@ -83,6 +86,8 @@ int main(int argc, char** argv) {
         const TabText::TabReading reading(argv[2], argv[3]);
         TabText::JoinMarkings(reading, TabText::ReadMarkings(reading), *score);
     }
+    if (score->Heading.Capo > 0)
+        std::cout << "capo " << score->Heading.Capo << '\n';
     for (std::size_t bar = 0; bar < score->Bars.size(); ++bar)
         PrintBar(*score, bar);
     return 0;

@@ -23,8 +23,12 @@ const marks = (n) => (techniques(n) ? `=${techniques(n)}` : '');
 // Its strings count from 1 at the lowest, and its pitches have the capo in them.
 const note = (n) => `${strings + 1 - n.string}:${n.fret}:${n.realValue - staff.capo}${n.isTieOrigin ? '~' : ''}${marks(n)}`;
 
+const repeats = (master) =>
+    (master.isRepeatStart ? ' [' : '') + (master.repeatCount > 0 ? ` ]${master.repeatCount}` : '');
+
+if (staff.capo > 0) console.log(`capo ${staff.capo}`);
 for (const bar of staff.bars) {
-    console.log(`bar ${bar.index + 1}`);
+    console.log(`bar ${bar.index + 1}${repeats(bar.masterBar)}`);
     for (const beat of bar.voices[0].beats) {
         if (beat.isEmpty) continue;
         if (beat.chord) console.log(`chord ${beat.chord.name}`);

@@ -33,9 +33,14 @@ function note(entry) {
     return `${technical(entry, 'string')}:${technical(entry, 'fret')}:${midi}${ties.some((t) => t.type === 'start') ? '~' : ''}${marks(entry)}`;
 }
 
+const repeats = (measure) =>
+    (measure.barlines ?? [])
+        .map((b) => (b.repeat?.direction === 'forward' ? ' [' : b.repeat ? ` ]${b.repeat.times}` : ''))
+        .join('');
+
 const score = parse(readFileSync(process.argv[2], 'utf8'));
 score.parts[0].measures.forEach((measure, index) => {
-    console.log(`bar ${index + 1}`);
+    console.log(`bar ${index + 1}${repeats(measure)}`);
     let event = null;
     const flush = () => {
         if (event) console.log(`${event.duration} ${event.notes.length ? event.notes.sort((a, b) => parseInt(a) - parseInt(b)).join(' ') : 'rest'}`);

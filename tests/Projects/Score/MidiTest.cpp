@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 using namespace Score;
@@ -84,6 +86,81 @@ TEST(Midi, PlaysTheScoreEventForEvent) {
         "384: 9/0 42 90", "1408: 8/0 42 0",       "1408: meta 47 ",
     };
     EXPECT_EQ(expected, PlainReader(bytes).Read());
+}
+
+/// The notes and bends of the note track, in order.
+std::vector<std::string> PlayedLines(const ScoreModel& score) {
+    std::vector<std::string> lines;
+    const std::string bytes = MidiBytes(score);
+    for (const std::string& line : PlainReader(bytes).Read())
+        if (line.find(": 9/") != std::string::npos || line.find(": 8/") != std::string::npos ||
+            line.find(": 14/") != std::string::npos)
+            lines.push_back(line);
+    return lines;
+}
+
+TEST(Midi, PlaysTechniques) {
+    const struct {
+        Technique Kind;
+        std::vector<std::string> Lines;
+    } kRows[] = {
+        {Technique::Dead, {"0: 9/1 57 55", "32: 8/1 57 0", "256: 9/1 59 90", "512: 8/1 59 0"}},
+        {Technique::Ghost, {"0: 9/1 57 45", "256: 8/1 57 0", "256: 9/1 59 90", "512: 8/1 59 0"}},
+        {Technique::PalmMute, {"0: 9/1 57 90", "128: 8/1 57 0", "256: 9/1 59 90", "512: 8/1 59 0"}},
+        {Technique::HammerOn, {"0: 9/1 57 90", "256: 8/1 57 0", "256: 9/1 59 70", "512: 8/1 59 0"}},
+        {Technique::NaturalHarmonic, {"0: 9/1 57 90", "256: 8/1 57 0", "256: 9/1 59 90", "512: 8/1 59 0"}},
+        {Technique::ArtificialHarmonic, {"0: 9/1 69 90", "256: 8/1 69 0", "256: 9/1 59 90", "512: 8/1 59 0"}},
+    };
+    ScoreModel score = TestSupport::SmallScore();
+    score.Bars.pop_back();
+    for (const auto& row : kRows) {
+        score.Bars[0].Events = {{0, 256, {{1, 12, 57, 33, false, {{row.Kind, 0}}}}},
+                                {256, 256, {{1, 14, 59, 34, false}}}};
+        EXPECT_EQ(row.Lines, PlayedLines(score)) << static_cast<int>(row.Kind);
+    }
+    score.Bars[0].Events = {{0, 256, {{1, 7, 52, 30, false, {{Technique::NaturalHarmonic, 0}}}}}};
+    EXPECT_EQ("0: 9/1 64 90", PlayedLines(score)[0]) << "an octave and a fifth above the open string";
+    score.Heading.Capo = 2;
+    EXPECT_EQ("0: 9/1 66 90", PlayedLines(score)[0]);
+}
+
+TEST(Midi, BendsTheStringOfABendOrSlide) {
+    ScoreModel score = TestSupport::SmallScore();
+    score.Bars.pop_back();
+    score.Bars[0].Events = {{0, 256, {{1, 12, 57, 33, false, {{Technique::Bend, 4}}}}}};
+    const std::vector<std::string> bend = PlayedLines(score);
+    ASSERT_EQ(11U, bend.size());
+    EXPECT_EQ("16: 14/1 42 65", bend[1]) << "an eighth of 1365 above 8192";
+    EXPECT_EQ("128: 14/1 85 74", bend[8]) << "a sixth of the range, after half of the note";
+    EXPECT_EQ("256: 14/1 0 64", bend[10]) << "and none after it";
+    const std::string bytes = MidiBytes(score);
+    const std::vector<std::string> all = PlainReader(bytes).Read();
+    EXPECT_EQ(1, std::count(all.begin(), all.end(), "0: 11/1 6 12")) << "twelve semitones either way";
+
+    score.Bars[0].Events = {{0, 240, {{1, 12, 57, 33, false, {{Technique::Slide, 0}}}}},
+                            {240, 256, {{1, 10, 55, 32, false}}}};
+    const std::vector<std::string> slide = PlayedLines(score);
+    EXPECT_EQ("170: 14/1 86 62", slide[1]) << "down, in the last third";
+    EXPECT_EQ("240: 14/1 0 64", slide[10]) << "back before the next note";
+    EXPECT_EQ("240: 9/1 55 70", slide[11]);
+}
+
+TEST(Midi, PlaysRepeatsOutAtTheTempo) {
+    ScoreModel score = TestSupport::SmallScore();
+    score.Heading.Tempo = 60;
+    score.Bars = {ModelBar(), ModelBar(), ModelBar()};
+    for (int bar = 0; bar < 3; ++bar)
+        score.Bars[static_cast<std::size_t>(bar)].Events = {{0, 1024, {{0, bar, 40 + bar, 23, false}}}};
+    score.Bars[1].Repeats = {true, true, 3};
+    std::string pitches;
+    for (const std::string& line : PlayedLines(score))
+        if (line.find(": 9/") != std::string::npos)
+            pitches += line.substr(line.find(' ') + 5, 2) + " ";
+    EXPECT_EQ("40 41 41 41 42 ", pitches);
+    const std::string bytes = MidiBytes(score);
+    EXPECT_EQ("0: meta 81 15 66 64 ", PlainReader(bytes).Read()[1]) << "a second a crotchet";
+    score.Bars[1].Repeats = {false, true, 2000000000};
+    EXPECT_EQ(6U, PlayedLines(score).size()) << "nobody has so much time";
 }
 
 TEST(Timeline, ABarTakesItsLengthOrAsLongAsItsNotes) {
