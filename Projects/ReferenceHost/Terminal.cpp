@@ -80,7 +80,8 @@ void SayWhatIsAskedFor(const std::string& file, std::size_t more) {
     std::cout << "Rhythms of " << file;
     if (more != 0)
         std::cout << " and " << more << (more == 1 ? " more file" : " more files");
-    std::cout << ":\n" << std::flush;
+    // The dialog has the screen to itself: there the window's title says it.
+    std::cout << ":\n\x1b]2;Rhythms of " << file << "\x1b\\" << std::flush;
 }
 
 } // namespace ReferenceHost::Terminal

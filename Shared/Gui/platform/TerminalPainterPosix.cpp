@@ -62,11 +62,22 @@ std::string TerminalPainter::Paint(const DialogState& state, DialogExtent screen
         DrawControl(canvas, control, state.IsChecked(control.Id),
                     static_cast<int>(place) == state.GetFocus());
     }
+    const auto place = static_cast<std::size_t>(std::max(state.GetFocus(), 0));
+    const DialogControl focused =
+        place < m_Layout.Controls.size() ? m_Layout.Controls[place] : DialogControl();
+    const int width = static_cast<int>(TextWithoutMark(TextOf(focused, false)).size());
+    const int focusColumn = ColumnOf(focused.X);
+    const int focusRow = RowOf(focused.Y);
+    const int columns = std::min(m_Extent.Width, screen.Width - left);
+    const int rows = std::min(m_Extent.Height, screen.Height - top);
+    const int firstColumn = FirstShown(m_Extent.Width, columns, focusColumn, focusColumn + width);
+    const int firstRow = FirstShown(m_Extent.Height, rows, focusRow, focusRow + 1);
     std::string out = "\x1b[0m\x1b[2J";
-    for (int row = 0; row < m_Extent.Height && top + row < screen.Height; ++row) {
+    for (int row = 0; row < rows; ++row) {
         out += MoveCursor(left, top + row);
-        for (int column = 0; column < m_Extent.Width && left + column < screen.Width; ++column) {
-            const Cell& cell = canvas[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+        for (int column = 0; column < columns; ++column) {
+            const Cell& cell = canvas[static_cast<std::size_t>(firstRow + row)]
+                                     [static_cast<std::size_t>(firstColumn + column)];
             if (cell.Underlined)
                 out += "\x1b[4m";
             if (cell.Inverted)
@@ -77,6 +88,12 @@ std::string TerminalPainter::Paint(const DialogState& state, DialogExtent screen
         }
     }
     return out;
+}
+
+int TerminalPainter::FirstShown(int length, int shown, int start, int end) {
+    // A cell of what stands beside it shows that there is more.
+    const int wanted = end + kFrame > shown ? std::min(start - kFrame, end + kFrame - shown) : 0;
+    return std::clamp(wanted, 0, std::max(length - shown, 0));
 }
 
 void TerminalPainter::DrawFrame(Canvas& canvas) const {

@@ -18,7 +18,7 @@ public:
     DialogExtent GetExtent() const { return m_Extent; }
 
     /// What to send to the terminal so that the dialog stands at `left`, `top` of a screen that holds nothing
-    /// else. What does not fit into the screen is cut off.
+    /// else. What does not fit into the screen is cut off; the part that is shown is the one with the focus.
     std::string Paint(const DialogState& state, DialogExtent screen, int left, int top) const;
 
 private:
@@ -29,6 +29,9 @@ private:
     };
     using Canvas = std::vector<std::vector<Cell>>;
 
+    /// The first cell of a stretch of `length` to be shown in so many cells, so that those from `start` up to
+    /// the one before `end` are among them.
+    static int FirstShown(int length, int shown, int start, int end);
     void DrawFrame(Canvas& canvas) const;
     void DrawControl(Canvas& canvas, const DialogControl& control, bool ticked, bool focused) const;
 

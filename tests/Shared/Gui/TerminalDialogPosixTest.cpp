@@ -124,6 +124,23 @@ INSTANTIATE_TEST_SUITE_P(
                     KeysCase{"na\r", 7, "underlined letters"}, KeysCase{"\x1bn\r", 3, "with Alt"},
                     KeysCase{"aa\x1b[1;5Q?\r", 1, "twice is off again; unknown keys do nothing"}));
 
+TEST(TerminalDialog, ASmallTerminalShowsWhereTheFocusIs) {
+    constexpr int kFewCells = 16;
+    constexpr int kFewRows = 4;
+    TerminalPerson person(kFewCells, kFewRows, AskPlainly);
+    ASSERT_TRUE(person.WaitFor("(*) Yes"));
+    EXPECT_LT(person.RowOf("Cancel"), 0);
+    person.Type("\t\t");
+    ASSERT_TRUE(person.WaitFor("<  Cancel  >"));
+    EXPECT_LT(person.RowOf("Yes"), 0);
+    person.Type("\t");
+    ASSERT_TRUE(person.WaitFor("<* OK *>"));
+    person.Type("\t");
+    ASSERT_TRUE(person.WaitFor("(*) Yes"));
+    person.Type("\x1b");
+    EXPECT_EQ(kEnded, person.WaitForEnd());
+}
+
 TEST(TerminalDialog, DrawsWhatItAsks) {
     TerminalPerson person(80, 24, AskPlainly);
     ASSERT_TRUE(person.WaitFor("<* OK *>"));
