@@ -1,5 +1,5 @@
 // Chord symbols and rhythm lines as strings: the input is the line above a stave of three bars. Properties:
-// chords ascend and end behind their start, columns have ascending positions.
+// chords ascend and end after their start, columns have ascending positions.
 
 #include "Projects/Fretline/shell/FretlineOptions.h"
 #include "Projects/Fretline/stave/TabBar.h"

@@ -39,7 +39,7 @@ std::unique_ptr<TreeNodeRoot> ReadFrom(int kind, const std::string& text) {
     return std::unique_ptr<TreeNodeRoot>(TreeNode::LoadFromFile(file.Path().c_str()));
 }
 
-/// The form joins a label to an unlabelled node behind it, and has no place for a node that is empty
+/// The form joins a label to an unlabelled node after it, and has no place for a node that is empty
 /// altogether.
 bool HasLabelsOnly(const TreeNode& root) {
     std::vector<const TreeNode*> open{&root};

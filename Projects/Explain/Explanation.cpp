@@ -60,7 +60,7 @@ private:
         }
     }
 
-    /// Columns are absolute; `end` is the first one behind the stretch.
+    /// Columns are absolute; `end` is the first one after the stretch.
     void Mark(int line, int start, int end, Recognised kind) {
         std::vector<Recognised>& marks = m_Explanation.Lines[static_cast<std::size_t>(line)].Marks;
         for (int column = std::max(start, 0); column < std::min(end, static_cast<int>(marks.size()));

@@ -8,12 +8,12 @@ namespace Score {
 namespace {
 
 struct KindRow {
-    /// What stands behind the root, brackets left out.
+    /// What stands after the root, brackets left out.
     std::string_view Written;
     std::string_view Kind;
 };
 
-/// Looked up by the longest beginning; what is left behind it is read as degrees.
+/// Looked up by the longest beginning; what is left after it is read as degrees.
 constexpr std::array<KindRow, 38> kKinds{{
     {"", "major"},
     {"maj", "major"},

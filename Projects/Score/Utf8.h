@@ -9,7 +9,7 @@ namespace Score {
 /// can be shown on a terminal and stand in XML.
 std::string ToUtf8(std::string_view bytes);
 
-/// `text` with `number` in decimal behind it.
+/// `text` with `number` in decimal after it.
 std::string Numbered(std::string_view text, long long number);
 
 } // namespace Score

@@ -40,7 +40,7 @@ public:
     /// Always false.
     bool GetReservedFlag() override;
 
-    // Behind the operations of the base, whose order is settled.
+    // After the operations of the base, whose order is settled.
     virtual ~PluginOutput();
 
     int GetMessageCount() const { return m_MessageCount; }

@@ -15,7 +15,7 @@ namespace {
 
 /// The function of that name that this program stands in front of.
 template <class Function>
-Function* Behind(const char* name) {
+Function* Real(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
@@ -33,7 +33,7 @@ extern "C" {
 
 // The name under which files of any size are opened; the product asks for those.
 [[gnu::visibility("default")]] int open64(const char* path, int flags, ...) {
-    static auto* const real = Behind<int(const char*, int, ...)>("open64");
+    static auto* const real = Real<int(const char*, int, ...)>("open64");
     mode_t mode = 0;
     if ((flags & O_CREAT) != 0) {
         std::va_list arguments;
@@ -47,22 +47,22 @@ extern "C" {
 }
 
 [[gnu::visibility("default")]] std::FILE* fopen64(const char* path, const char* mode) {
-    static auto* const real = Behind<std::FILE*(const char*, const char*)>("fopen64");
+    static auto* const real = Real<std::FILE*(const char*, const char*)>("fopen64");
     return IsFailureDue() ? nullptr : real(path, mode);
 }
 
 [[gnu::visibility("default")]] ssize_t read(int file, void* bytes, std::size_t count) {
-    static auto* const real = Behind<ssize_t(int, void*, std::size_t)>("read");
+    static auto* const real = Real<ssize_t(int, void*, std::size_t)>("read");
     return IsFailureDue() ? -1 : real(file, bytes, count);
 }
 
 [[gnu::visibility("default")]] ssize_t write(int file, const void* bytes, std::size_t count) {
-    static auto* const real = Behind<ssize_t(int, const void*, std::size_t)>("write");
+    static auto* const real = Real<ssize_t(int, const void*, std::size_t)>("write");
     return IsFailureDue() ? -1 : real(file, bytes, count);
 }
 
 [[gnu::visibility("default")]] ssize_t writev(int file, const iovec* parts, int count) {
-    static auto* const real = Behind<ssize_t(int, const iovec*, int)>("writev");
+    static auto* const real = Real<ssize_t(int, const iovec*, int)>("writev");
     return IsFailureDue() ? -1 : real(file, parts, count);
 }
 
@@ -73,21 +73,21 @@ extern "C" {
 }
 
 [[gnu::visibility("default")]] int close(int file) {
-    static auto* const real = Behind<int(int)>("close");
+    static auto* const real = Real<int(int)>("close");
     const bool fails = IsFailureDue();
     const int result = real(file);
     return fails ? -1 : result;
 }
 
 [[gnu::visibility("default")]] int fclose(std::FILE* file) {
-    static auto* const real = Behind<int(std::FILE*)>("fclose");
+    static auto* const real = Real<int(std::FILE*)>("fclose");
     const bool fails = IsFailureDue();
     const int result = real(file);
     return fails ? EOF : result;
 }
 
 [[gnu::visibility("default")]] int rename(const char* from, const char* to) noexcept {
-    static auto* const real = Behind<int(const char*, const char*)>("rename");
+    static auto* const real = Real<int(const char*, const char*)>("rename");
     return IsFailureDue() ? -1 : real(from, to);
 }
 }

@@ -113,7 +113,7 @@ TEST_F(FoundationFaults, ListsAndTablesStayAsTheyWere) {
 TEST_F(FoundationFaults, ReportsAndMessagesDoNotThrow) {
     const Nvr::Exception exception("a message");
     AllocationFaults.FailAfter(1);
-    EXPECT_EQ(exception.what(), exception.GetMessage().CStr()) << "the message itself, for want of a copy";
+    EXPECT_EQ(exception.what(), exception.GetMessage().CStr()) << "the message itself, as there is no copy";
     AllocationFaults.Stop();
     CopyingSink sink;
     Nvr::LogSink* const former = Nvr::SetLogSink(&sink);

@@ -20,7 +20,7 @@ public:
 
     /// One line a call:
     ///     create TITLE|0|100|30    update 20    message CONVERTER|FILE|4|-2|-2|TEXT    load    destroy
-    /// An update with a text shows it behind the percent.
+    /// An update with a text shows it after the percent.
     std::vector<std::string> Calls;
     /// Runs inside of each call, which is the last line of Calls. May throw; gives the answer to an update.
     std::function<int()> Answer;

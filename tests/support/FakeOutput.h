@@ -39,7 +39,7 @@ public:
     std::vector<Progress> ProgressCalls;
     /// The progress call, counted from 1, at which the user cancels; 0 for never.
     int CancelAt = 0;
-    /// Runs behind each progress call; may throw.
+    /// Runs after each progress call; may throw.
     std::function<void(int percent)> OnProgress;
 
     void SetConverterName(Nvr::String name) override { m_ConverterName = name; }

@@ -23,7 +23,7 @@ TreeNode* AddItem(TreeNode* parent, const char* kind) {
     return AddTypedChild(parent, String(), kind, false);
 }
 
-/// An item of the lead-in bar, which stands behind every position and belongs to all voices.
+/// An item of the lead-in bar, which stands after every position and belongs to all voices.
 TreeNode* AddLeadInItem(TreeNode* items, const char* kind) {
     TreeNode* const item = AddItem(items, kind);
     WriteItemHeader(item, kPositionBehindBar, kAllVoices, 0, 0);

@@ -13,7 +13,7 @@ namespace Fretline {
 
 /// Sorts before every position of a bar.
 constexpr int kPositionBeforeBar = -1;
-/// Sorts behind every position of a bar.
+/// Sorts after every position of a bar.
 constexpr int kPositionBehindBar = 32512;
 /// Bit mask of all four voices.
 constexpr int kAllVoices = 15;

@@ -11,7 +11,7 @@ constexpr int kLogWholeNote = 10;
 constexpr int kUnitsPerWholeNote = 1 << kLogWholeNote;
 constexpr int kUnitsPerCrotchet = kUnitsPerWholeNote / 4;
 constexpr int kUnitsPerQuaver = kUnitsPerWholeNote / 8;
-/// Sums of time stop growing here: far behind any music, and low enough for every later sum and rounding.
+/// Sums of time stop growing here: far beyond any music, and low enough for every later sum and rounding.
 constexpr int kLongestTime = 1 << 30;
 
 /// The sum of two times of 0 and up, at most kLongestTime.

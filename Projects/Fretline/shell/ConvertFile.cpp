@@ -18,7 +18,7 @@ using Nvr::String;
 
 namespace {
 
-/// A name that nobody can foretell is taken only by somebody who watches the folder and is quick.
+/// A name that nobody can predict is taken only by somebody who watches the folder and is quick.
 constexpr int kReservationTries = 10;
 
 /// Makes the score file: the name of the reserved file with another extension. The path stays empty when that

@@ -20,7 +20,7 @@ struct PluginState {
     void* ParentWindow = nullptr;
     /// Path of the folder with the options file; empty until the host has named one.
     std::array<char, 512> ConfigFolder{};
-    /// From a successful start to the end. A conversion holds it too, should the end come in the midst of it.
+    /// From a successful start to the end. A conversion holds it too, should the end come during it.
     std::shared_ptr<Nvr::PluginOutput> Output;
     /// 1 while a conversion runs: turns away an open from inside of it.
     int ConversionInProgress = 0;

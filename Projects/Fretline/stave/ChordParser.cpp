@@ -14,7 +14,7 @@ namespace Fretline {
 
 namespace {
 
-// A symbol may go on behind so many blanks.
+// A symbol may go on after so many blanks.
 constexpr int kMostBlanksInAChord = 3;
 
 enum class CharacterClass { Other, NumberLike, Alphabetic, Blank };
@@ -59,7 +59,7 @@ bool IsLiteral(std::string_view token) {
     return startsRight && std::ranges::all_of(token.substr(1), Nvr::Ascii::IsDigit);
 }
 
-/// The state machine behind ParseChordSymbol: one function a state, and one for blanks in any state.
+/// The state machine of ParseChordSymbol: one function a state, and one for blanks in any state.
 struct ChordReader {
     enum class State { Root, Suffix, Bass };
 
@@ -103,14 +103,14 @@ void ChordReader::Read(int endColumn) {
             ReadSuffix(c, characterClass);
         else
             ReadBass(c);
-        // Behind a note with an accidental the class is that of its letter, the character the accidental.
+        // After a note with an accidental the class is that of its letter, the character the accidental.
         m_ClassBefore = characterClass;
         m_CharBefore = CharAt(m_Column);
         ++m_Column;
     }
 }
 
-// The letter and the accidental behind it, if there is one, also where that lies behind the end column.
+// The letter and the accidental after it, if there is one, also where that lies after the end column.
 std::string ChordReader::TakeNote(char letter) {
     std::string note(1, letter);
     if (const char next = CharAt(m_Column + 1); IsAccidental(next)) {
@@ -157,7 +157,7 @@ void ChordReader::ReadSlash() {
         m_Token += '/';
         return;
     }
-    // The bass counts also behind a token that is none; only that token is lost.
+    // The bass counts also after a token that is none; only that token is lost.
     static_cast<void>(EndToken());
     m_State = State::Bass;
 }

@@ -13,7 +13,7 @@ class TabFile;
 /// what follows belongs to it as long as it makes sense. Columns are absolute.
 
 /// The next symbol on the line between `column` and `endColumn`, or null when there is none. `column` moves
-/// behind the last character that the symbol has accepted, so that what was read further and rejected is
+/// after the last character that the symbol has accepted, so that what was read further and rejected is
 /// looked at again. A token that still waits when the end column is reached is not taken.
 std::unique_ptr<TabChord> ParseChordSymbol(const TabFile& file, int line, int& column, int endColumn);
 

@@ -31,7 +31,7 @@ int NoteLengthOf(char letter);
 
 /// A rhythm line of note-length letters. Each letter is one note, in its own column; times are the running
 /// sum of the lengths, and the bar is as long as they add up to, whatever the time signature says. Dots
-/// behind a letter lengthen it; "x", "+" or "-" right before it ties it to the note before.
+/// after a letter lengthen it; "x", "+" or "-" right before it ties it to the note before.
 class NoteLengths : public Rhythms {
 public:
     /// Reads `width` columns of the line from the absolute `startColumn` on; letters inside words count too.

@@ -7,7 +7,7 @@
 
 namespace Fretline {
 
-/// What a part of a chord symbol behind its root means.
+/// What a part of a chord symbol after its root means.
 enum class ChordTokenKind : int {
     Major = 0,
     Minor = 1,
@@ -34,12 +34,12 @@ struct ChordToken {
 struct TabChord {
     /// Column of the root letter.
     int m_Start = 0;
-    /// The column behind the last character that the symbol has accepted.
+    /// The column after the last character that the symbol has accepted.
     int m_End = 0;
-    /// "A" to "G", with "#" or "b" behind it if written.
+    /// "A" to "G", with "#" or "b" after it if written.
     std::string m_Root;
     std::vector<ChordToken> m_Tokens;
-    /// The note behind a slash, spelled as the root is, or empty.
+    /// The note after a slash, spelled as the root is, or empty.
     std::string m_Bass;
 };
 

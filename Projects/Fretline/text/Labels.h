@@ -18,7 +18,7 @@ inline constexpr std::array<std::string_view, 11> kLabelKeywords = {
 /// A stretch of a line. Columns are absolute.
 struct LabelExtent {
     int m_StartColumn;
-    /// The column behind the last character.
+    /// The column after the last character.
     int m_EndColumn;
 };
 

@@ -12,7 +12,7 @@ struct RiffLabel {
     int m_Line;
     /// The label's first column.
     int m_StartColumn;
-    /// The column behind its last character.
+    /// The column after its last character.
     int m_EndColumn;
     /// The keyword that found it.
     Nvr::String m_Keyword;

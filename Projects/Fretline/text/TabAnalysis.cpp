@@ -34,10 +34,10 @@ TabAnalysis::TabAnalysis(TabFile& file) : m_File(file) {
 TabAnalysis::~TabAnalysis() = default;
 
 bool TabAnalysis::IsStaveLine(int line) const {
-    const auto behind = std::upper_bound(
+    const auto after = std::upper_bound(
         m_Staves.begin(), m_Staves.end(), line,
         [](int wanted, const std::unique_ptr<TabStave>& stave) { return wanted < stave->GetFirstLine(); });
-    return behind != m_Staves.begin() && line < (*(behind - 1))->GetEndLine();
+    return after != m_Staves.begin() && line < (*(after - 1))->GetEndLine();
 }
 
 bool TabAnalysis::HasRhythms() const {

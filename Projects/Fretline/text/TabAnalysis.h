@@ -69,7 +69,7 @@ private:
     void CollectReadableBars();
     void FindTimeSignatures();
     void AssignTimeSignatures();
-    /// To the bars of one stave. `topLine` is the line behind the stave above, or 0.
+    /// To the bars of one stave. `topLine` is the line after the stave above, or 0.
     void AssignTimeSignaturesOf(const TabStave& stave, int topLine, const TabTimeSignature*& current,
                                 int length);
     void FindLabels();

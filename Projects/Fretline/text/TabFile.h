@@ -25,7 +25,7 @@ class TabAnalysis;
 class TabFile {
 public:
     /// Reads the whole file. One that cannot be opened leaves a grid without lines, and nothing is reported.
-    /// CR, LF, CR LF and LF CR each end a line; what stands behind the last line end is a line too, also when
+    /// CR, LF, CR LF and LF CR each end a line; what stands after the last line end is a line too, also when
     /// that is nothing. A failed allocation passes through.
     TabFile(const Nvr::String& path, const FretlineOptions* options, Nvr::ConverterOutput* output);
     TabFile(const TabFile&) = delete;
@@ -73,7 +73,7 @@ private:
     void FillLineTable(std::size_t lineEnds);
 
     Nvr::ByteBuffer m_Text;
-    /// The offset in m_Text behind the last character of each line: of its line feed, and for the last line
+    /// The offset in m_Text after the last character of each line: of its line feed, and for the last line
     /// the size of m_Text.
     std::vector<int> m_LineEnds;
     int m_MaxLineLength = 0;

@@ -34,7 +34,7 @@ TabStave::~TabStave() = default;
 
 void TabStave::FindBarlines() {
     const int width = m_File.GetMaxLineLength();
-    // The column behind the longest line is still looked at: its barline ends the last bar of the text.
+    // The column after the longest line is still looked at: its barline ends the last bar of the text.
     for (int column = 0; column < width && column <= m_Length; ++column) {
         if (!IsBarlineColumn(column))
             continue;
@@ -62,7 +62,7 @@ void TabStave::MakeBars() {
         MakeBar(start, barline.m_Column);
         start = barline.GetEndColumn();
     }
-    // When the file has a longer line, a barline has been found behind this stave's longest, and behind that
+    // When the file has a longer line, a barline has been found after this stave's longest, and after that
     // one follow barlines only.
     const int width = m_File.GetMaxLineLength();
     MakeBar(start, m_Length < width ? start : width);
@@ -77,11 +77,11 @@ void TabStave::MakeBar(int startColumn, int endColumn) {
 
 void TabStave::AttachLabel(const RiffLabel* label) {
     const int middle = (label->m_StartColumn + label->m_EndColumn) / 2;
-    const auto behind = std::upper_bound(
+    const auto after = std::upper_bound(
         m_Bars.begin(), m_Bars.end(), middle,
         [](int column, const std::unique_ptr<TabBar>& bar) { return column < bar->GetStartColumn(); });
-    // The first bar starts at column 0, so there is one in front of `behind`.
-    TabBar& bar = **(behind - 1);
+    // The first bar starts at column 0, so there is one in front of `after`.
+    TabBar& bar = **(after - 1);
     if (middle < bar.GetStartColumn() + bar.GetWidth())
         bar.SetLabel(label);
 }

@@ -16,7 +16,7 @@ struct TabBarline {
     /// Its first column.
     int m_Column;
 
-    /// The first column behind it.
+    /// The first column after it.
     int GetEndColumn() const { return m_Column + 1 + m_Double; }
 };
 
@@ -27,11 +27,11 @@ struct TabBarline {
 ///
 /// A column is a barline column when all lines of the stave have the same character there and it is neither a
 /// dash nor a fret character; two neighbours make a double barline. The grid is as wide as the longest line
-/// of the file and holds 0 beyond the end of a line, so behind the end of all lines of a stave every column
+/// of the file and holds 0 beyond the end of a line, so after the end of all lines of a stave every column
 /// is a barline column, and every bar there is 0 columns wide. Such a bar never holds a dash, a label or a
 /// time signature, and one very long line elsewhere in the file would give thousands of them to every stave.
 /// Barlines and bars therefore end here with the first barline that reaches beyond the stave's own longest
-/// line, and the bar of width 0 behind it. What is kept is what the whole grid gives, up to there.
+/// line, and the bar of width 0 after it. What is kept is what the whole grid gives, up to there.
 class TabStave {
 public:
     /// Finds barlines, bars and tuning of the `lineCount` lines from `firstLine` on (1 to 6 lines), in time
@@ -43,7 +43,7 @@ public:
 
     int GetFirstLine() const { return m_FirstLine; }
     int GetLineCount() const { return m_LineCount; }
-    /// The first line behind the stave.
+    /// The first line after the stave.
     int GetEndLine() const { return m_FirstLine + m_LineCount; }
     const std::vector<TabBarline>& GetBarlines() const { return m_Barlines; }
     /// Left to right, one more than there are barlines; bars without a dash, also of width 0, among them.

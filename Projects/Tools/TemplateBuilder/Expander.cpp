@@ -105,10 +105,10 @@ void Expander::MakeChildren(Nvr::TreeNode& parent, const Nvr::TreeNode& pattern,
 void Expander::Obey(Nvr::TreeNode& parent, const Nvr::TreeNode& directive, const Scope& scope, int depth) {
     const std::string_view name = directive.GetLabel().View();
     const std::string_view argument = directive.GetValue().View();
-    // A list without a label belongs to the node before it: behind a directive that has no children of its
+    // A list without a label belongs to the node before it: after a directive that has no children of its
     // own it would be lost without a word.
     if (directive.GetChildCount() != 0 && IsWithoutChildren(name))
-        scope.Fail("the list behind " + std::string(name) + " \"" + std::string(argument) +
+        scope.Fail("the list after " + std::string(name) + " \"" + std::string(argument) +
                    "\" belongs to nothing");
     if (name == "~include")
         Include(parent, directive, scope, depth);

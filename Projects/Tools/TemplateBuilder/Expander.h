@@ -19,7 +19,7 @@ namespace TemplateBuilder {
 ///     ~include "PATH"        the children of the root of PATH.txt, with the names known here
 ///     ~rows "TABLE SCHEMA"   the root of schemas/SCHEMA.txt, once for each row of tables/TABLE.txt
 ///     ~row "TABLE KEY"       its own children, with the columns of the row whose first field is KEY
-///     ~each "COLUMN"         its own children, once for each entry of a list parted by commas
+///     ~each "COLUMN"         its own children, once for each entry of a list separated by commas
 ///     ~if "COLUMN"           its own children, when the column is not empty
 ///     ~if "COLUMN=TEXT"      its own children, when the column is that text
 ///     ~unless                its own children, when ~if would make nothing

@@ -8,7 +8,7 @@
 namespace TemplateBuilder {
 
 /// The value that a rule makes of its arguments, or nothing when there is no such rule or the arguments do
-/// not suit it. All numbers are decimal; lists are parted by commas.
+/// not suit it. All numbers are decimal; lists are separated by commas.
 ///
 ///     count LIST                  how many entries it has; 0 for an empty one
 ///     yes MARK                    "true" for the mark "yes", "false" for "no" and an empty one

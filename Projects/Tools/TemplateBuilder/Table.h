@@ -11,8 +11,8 @@ namespace TemplateBuilder {
 /// A compact table of records, read from text.
 ///
 /// Lines that start with `#` are comments and blank lines are skipped. The first other line names the
-/// columns; every further one is a row. Fields are parted by `|`, and blanks around them do not count. There
-/// is no quoting: a field holds no `|`. Text is in the system code page. A table owns all its text.
+/// columns; every further one is a row. Fields are separated by `|`, and blanks around them do not count.
+/// There is no quoting: a field holds no `|`. Text is in the system code page. A table owns all its text.
 class Table {
 public:
     /// Reads a table. `file` names it in messages. Throws BuildError for a table without a header or with an

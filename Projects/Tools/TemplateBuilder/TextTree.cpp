@@ -39,7 +39,7 @@ public:
 private:
     void TakeToken(char c) {
         if (m_Finished)
-            throw BuildError(m_File, m_Line, "a second node stands behind the one that a file may hold");
+            throw BuildError(m_File, m_Line, "a second node stands after the one that a file may hold");
         if (c == '{')
             OpenList();
         else if (c == '}')

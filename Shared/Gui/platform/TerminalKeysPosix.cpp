@@ -10,7 +10,7 @@ constexpr char kControlD = 4;
 /// A terminal sends the bytes of one key faster than this, in milliseconds.
 constexpr int kPauseBehindEscape = 50;
 
-/// Behind "ESC [" or "ESC O": parameters, then the letter that names the key.
+/// After "ESC [" or "ESC O": parameters, then the letter that names the key.
 TerminalKey ReadNamedKey(const TerminalMode& terminal) {
     char byte = 0;
     do {

@@ -14,7 +14,7 @@
 
 namespace Nvr {
 
-/// One read of the binary form, behind its two opening bytes. Borrows the reader.
+/// One read of the binary form, after its two opening bytes. Borrows the reader.
 ///
 /// The document's strings are interned as they come, and kept by index for the references to them. A
 /// reference to an index that no string has is the empty string. Of a string that the source cuts off what is

@@ -22,7 +22,7 @@ constexpr std::string_view kOpeningUtf16("\0\2", 2);
 
 constexpr unsigned kBitsOfByte = 8;
 
-// All of these write at `place` and give the place behind.
+// All of these write at `place` and give the place after.
 char* PutByte(char* place, unsigned byte) {
     *place = static_cast<char>(static_cast<unsigned char>(byte));
     return place + 1;

@@ -152,7 +152,7 @@ void TreeNodePool::PageSet::Remove(std::uintptr_t page) noexcept {
     std::size_t hole = HomeOf(page);
     while (m_Slots[hole] != page)
         hole = (hole + 1) & mask;
-    // What stands behind the hole moves into it, unless its home lies behind the hole itself.
+    // What stands after the hole moves into it, unless its home lies after the hole itself.
     for (std::size_t slot = (hole + 1) & mask; m_Slots[slot] != 0; slot = (slot + 1) & mask) {
         const std::size_t wayFromHome = (slot - HomeOf(m_Slots[slot])) & mask;
         if (wayFromHome >= ((slot - hole) & mask)) {

@@ -56,7 +56,7 @@ bool TreeNodeTextParser::ParseNodeHead() {
     return false;
 }
 
-// An end mark behind label or text is left for the list in which the node stands: there it takes the place of
+// An end mark after label or text is left for the list in which the node stands: there it takes the place of
 // the right brace that is missed.
 bool TreeNodeTextParser::ParseBehindLabel() {
     switch (NextToken()) {

@@ -14,7 +14,7 @@
 
 namespace Nvr {
 
-/// One read of the text form, behind its byte order mark if it has one. Borrows the reader.
+/// One read of the text form, after its byte order mark if it has one. Borrows the reader.
 ///
 /// A document is one node: an optional label, an optional text in double quotes, an optional list of nodes in
 /// braces. Labels are letters, digits and -./\_~; a double quote in a text is doubled; white space separates.
@@ -36,7 +36,7 @@ public:
 private:
     enum class Token { Label = 0, Text = 1, LeftBrace = 2, RightBrace = 3, EndMark = 4, Nothing = 5 };
 
-    /// Reads label and text of the last open node; true when its list begins behind them.
+    /// Reads label and text of the last open node; true when its list begins after them.
     bool ParseNodeHead();
     bool ParseBehindLabel();
     bool ParseBehindText(const char* rightBraceMessage);
@@ -58,7 +58,7 @@ private:
     int ReadCharacter() { return m_IsUnicode ? ReadUtf16Character() : Read8BitCharacter(); }
     int Read8BitCharacter();
     int ReadUtf16Character();
-    /// Gives back the character behind a token, by which its end was seen.
+    /// Gives back the character after a token, by which its end was seen.
     void SkipBackCharacter() { m_Reader.SkipBack(m_CharacterSize); }
     void Append(int character) { m_TokenText.AppendByte(static_cast<std::uint8_t>(character)); }
     String TokenText() const { return String(m_TokenText.View()); }

@@ -114,7 +114,7 @@ TreeNodeTextParser::Token TreeNodeTextParser::ReadLabelToken(int first) {
 }
 
 TreeNodeTextParser::Token TreeNodeTextParser::EndOfStream() {
-    // What a stream gives behind its end is no character of a list.
+    // What a stream gives after its end is no character of a list.
     if (m_IsInList)
         RaiseError("Expected ~ _ or alpha numeric character");
     return Token::Nothing;

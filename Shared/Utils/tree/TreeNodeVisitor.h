@@ -10,7 +10,7 @@ public:
     virtual ~TreeNodeVisitor() = default;
     /// Before the node's children, which may still be changed here. False passes over them.
     virtual bool EnterNode(TreeNode& node, int depth) = 0;
-    /// Behind the node's children, or in their place.
+    /// After the node's children, or in their place.
     virtual void LeaveNode(TreeNode& node, int depth) = 0;
 };
 

@@ -31,7 +31,7 @@ TEST(NvrString, IsMadeUpToTheFirstZero) {
         {String("abc", 2), "ab", "a length cuts"},
         {String("abc", 10), "abc", "a zero before the length ends the text"},
         {String("abc", -1), "abc", "a negative length means up to the zero"},
-        {String("a\0c", 3), "a", "bytes behind the first zero are lost"},
+        {String("a\0c", 3), "a", "bytes after the first zero are lost"},
         {String(std::string_view("a\0c", 3)), "a", "the same for a view"},
         {String('-', 4), "----", "a character repeated"},
     };
@@ -97,7 +97,7 @@ TEST(NvrString, SearchesGiveAnIndexOrMinusOne) {
         const char* Why;
     } rows[] = {
         {text.Find(1, "ab"), 3, "from a start on"},
-        {text.Find(4, "ab"), -1, "behind the last"},
+        {text.Find(4, "ab"), -1, "after the last"},
         {text.Find(7, ""), -1, "a start at the end finds nothing at all"},
         {text.Find(-1, "ab"), -1, "a start before the text"},
         {text.FindChar(99, 'a'), -1, "a start past the end"},

@@ -61,7 +61,7 @@ public:
     std::string Music(const char* label) const {
         return ChildrenText(*Root.FindChild("Music")->FindChild(label));
     }
-    /// The bars of the system stave behind the lead-in, each on a line.
+    /// The bars of the system stave after the lead-in, each on a line.
     std::string SystemBars() const {
         const TreeNode* const bars = Root.FindChild("Music")->FindChild("SystemStave")->FindChild("Bars");
         std::string text;

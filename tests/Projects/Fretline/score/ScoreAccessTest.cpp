@@ -23,8 +23,7 @@ TEST(ScoreAccess, TypedChildrenAreReusedOnlyByLabel) {
         {"a record is new unless reuse is asked for", "B", "New", false,
          "A(X=1) B(Type=Old Y=2) B(Type=New)"},
         {"its type changes in place", "B", "New", true, "A(X=1) B(Type=New Y=2)"},
-        {"a missing type goes behind the other children", "A", "New", true,
-         "A(X=1 Type=New) B(Type=Old Y=2)"},
+        {"a missing type goes after the other children", "A", "New", true, "A(X=1 Type=New) B(Type=Old Y=2)"},
     };
     for (const auto& row : cases) {
         TreeNode parent;

@@ -27,7 +27,7 @@ TEST_F(OpenFileTest, GoesTheWholeWayInOrder) {
     EXPECT_EQ(loaded.extension(), ".nvf");
     EXPECT_EQ(loaded.parent_path(), Temp.Path());
     EXPECT_EQ(loaded.filename().string().substr(0, 2), "nv");
-    EXPECT_FALSE(std::filesystem::exists(Host.LoadedPath)) << "deleted behind the load";
+    EXPECT_FALSE(std::filesystem::exists(Host.LoadedPath)) << "deleted after the load";
     EXPECT_EQ(Fretline::GetPluginState().Output->GetFileName(), "a b%20.tab");
     EXPECT_EQ(Fretline::GetPluginState().Output->GetConverterName(), "Fretline Import");
 }
@@ -207,7 +207,7 @@ TEST_F(OpenFileTest, ATextWithoutAStaveEndsWithItsMessages) {
                      "update 10", "update 20", "update 100", "destroy"}));
 }
 
-TEST_F(OpenFileTest, AnEndInTheMidstCancelsAndAnotherStartGoesOn) {
+TEST_F(OpenFileTest, AnEndDuringAConversionCancelsAndAnotherStartGoesOn) {
     const std::string tab = Tabs.Write("a.tab", kTwoBars);
     Host.Answer = [&] {
         if (IsLastCall(3))

@@ -32,7 +32,7 @@ TEST(PluginState, TheFolderHasRoomFor511Bytes) {
 TEST(PluginState, ThreeWordsOfTheInfoRecordAreWritten) {
     struct Guarded {
         PluginInfoRecord Info;
-        unsigned char Behind[64];
+        unsigned char After[64];
     };
     Guarded guarded;
     std::memset(&guarded, 0xA5, sizeof guarded);
@@ -41,7 +41,7 @@ TEST(PluginState, ThreeWordsOfTheInfoRecordAreWritten) {
     const auto isUntouched = [](unsigned char byte) { return byte == 0xA5; };
     EXPECT_TRUE(
         std::all_of(std::begin(guarded.Info.NotTouched), std::end(guarded.Info.NotTouched), isUntouched));
-    EXPECT_TRUE(std::all_of(std::begin(guarded.Behind), std::end(guarded.Behind), isUntouched));
+    EXPECT_TRUE(std::all_of(std::begin(guarded.After), std::end(guarded.After), isUntouched));
     EXPECT_EQ(guarded.Info.Eight, 8);
     ASSERT_EQ(guarded.Info.FileTypeCount, 3);
     const char* const rows[][2] = {{"ASCII Tab", "tab"}, {"ASCII Bass Tab", "btab"}, {"ASCII Chord", "crd"}};

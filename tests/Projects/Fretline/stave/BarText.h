@@ -47,7 +47,7 @@ std::string ItemsOf(const TabBar& bar);
 /// The chords read, in text order.
 std::string ChordsOf(const TabBar& bar);
 
-/// Appends a word, behind a blank unless the text is empty.
+/// Appends a word, after a blank unless the text is empty.
 void AppendWord(std::string& text, const std::string& word);
 
 TabTimeSignature MakeTimeSignature(int numerator, int denominator);

@@ -32,9 +32,9 @@ TEST(Chords, AreParsed) {
         {"C#m7/G# ", "C#m7/G#", "accidentals of root and bass"},
         {"Dsus4add9 ", "Dsus4add9", "tokens end where the class of character changes"},
         {"C#9 ", "C#9", "the sharp belongs to the root"},
-        {"C #9 ", "C#9", "or to the number behind a blank"},
+        {"C #9 ", "C#9", "or to the number after a blank"},
         {"C6/9 ", "C6/9", "six-nine is no bass"},
-        {"Cm6/9 ", "Cm6/9", "nor behind another token"},
+        {"Cm6/9 ", "Cm6/9", "nor after another token"},
         {"C16/9 ", "C", "sixteen-nine is nothing"},
         {"C(#9) ", "C(#9)", "an altered note in them"},
         {"C(add9 ", "C", "cut back before the open bracket"},
@@ -51,7 +51,7 @@ TEST(Chords, AreParsed) {
         {"Am7G ", "Am7 G", "the root ends the chord before it"},
         {"Cm   7 ", "Cm7", "three blanks do not end a chord"},
         {"C    m ", "C", "four do"},
-        {"C m m m m ", "Cmmmm", "blanks are counted afresh behind each character"},
+        {"C m m m m ", "Cmmmm", "blanks are counted afresh after each character"},
         {"C\xE9 ", "C", "a letter beyond ASCII fails like any other sign"},
         {"Am", "A", "the token at the right edge is lost"},
     };
@@ -85,7 +85,7 @@ TEST(Chords, AttachToTheNearestColumn) {
         const char *Chords, *Notes, *Items, *Why;
     } rows[] = {
         {"  C ", "0---1-----------", "| 0+128 1:0 C, 128+128 1:1", "half way goes left"},
-        {"            C ", "0---1-----------", "| 0+128 1:0, 128+128 1:1 C", "behind the last"},
+        {"            C ", "0---1-----------", "| 0+128 1:0, 128+128 1:1 C", "after the last"},
         {" Gmaj7 ", "0--1------------", "| 0+128 1:0, 128+128 1:1 Gmaj7", "the middle of the symbol counts"},
         {"      C   D ", "--------5-------", "| 0+128 1:5 D", "as far: the later one"},
         {"       Am    G ", "--------5-------", "| 0+128 1:5 G", "the later begins nearer"},

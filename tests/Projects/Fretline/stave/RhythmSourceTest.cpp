@@ -37,7 +37,7 @@ TEST(NoteLengths, GiveTimes) {
         {"X........", 0, 16, 31, {0}, "0+31", "terms of nothing"},
         {"Q..", 0, 1, 448, {0}, "0+448", "dots are read past the end of the bar"},
         {"Q .", 0, 16, 256, {0}, "0+256", "a dot apart is none"},
-        {"Q-Q", 0, 16, 512, {0, 1, 2}, "0+256 256+256t 256+256t", "column 1 takes the letter behind it"},
+        {"Q-Q", 0, 16, 512, {0, 1, 2}, "0+256 256+256t 256+256t", "column 1 takes the letter after it"},
         {"Q---Q---", 0, 8, 512, {4}, "256+256t", "a dash before the letter ties, whatever it meant"},
         {"xQ +Q -Q", 0, 16, 768, {1, 4, 7}, "0+256t 256+256t 512+256t", "the three marks"},
         {"--Q", 2, 1, 256, {0}, "0+256t", "the mark may stand left of the bar"},

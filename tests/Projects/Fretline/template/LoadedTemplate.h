@@ -58,7 +58,7 @@ inline int IntOf(const Nvr::TreeNode& node, const char* label) {
     return child == nullptr ? 0 : child->GetValueAsInt();
 }
 
-/// The labels of all children, each with a comma behind it.
+/// The labels of all children, each with a comma after it.
 inline std::string LabelsOf(const Nvr::TreeNode& node) {
     std::string labels;
     for (int i = 0; i < node.GetChildCount(); ++i)
@@ -66,7 +66,7 @@ inline std::string LabelsOf(const Nvr::TreeNode& node) {
     return labels;
 }
 
-/// The values of all children, parted by commas.
+/// The values of all children, separated by commas.
 inline std::string ValuesOf(const Nvr::TreeNode& node) {
     std::string values;
     for (int i = 0; i < node.GetChildCount(); ++i) {

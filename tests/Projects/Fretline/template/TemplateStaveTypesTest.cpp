@@ -8,7 +8,7 @@ namespace {
 
 constexpr const char* kTabCategory = "2";
 
-/// In list order, which decides between rows with the same strings: the Id behind "stafftype.tab.", the
+/// In list order, which decides between rows with the same strings: the Id after "stafftype.tab.", the
 /// pitches, "*" when rhythms are shown.
 constexpr const char* kTabRows =
     "3.balalaika.alto:104,128,138 3.balalaika.bass:80,114,124 3.balalaika.contrabass:56,90,100 "

@@ -26,7 +26,7 @@ TEST(TabFile, LaysBytesOutAsLines) {
         const char* Why;
     } cases[] = {
         {"", {""}, "an empty file has one empty line"},
-        {"a\n", {"a", ""}, "what stands behind the last line end is a line too"},
+        {"a\n", {"a", ""}, "what stands after the last line end is a line too"},
         {"a\n\rb", {"a", "b"}, "LF CR is one line end"},
         {"a\rb", {"a", "b"}, "CR is one line end"},
         {"a\rb\nc", {"a", "b", "c"}, "and so is LF in the next line"},
@@ -73,7 +73,7 @@ TEST(TabFile, FindsCharacters) {
         {0, 0, '\0', 4, "which can be found"},
         {0, 11, '\0', -1, "up to the length of the longest line"},
         {1, 0, '\0', -1, "which has none itself"},
-        {2, 1, '\0', 2, "the space behind the line"},
+        {2, 1, '\0', 2, "the space after the line"},
         {1, 100, 'l', -1, "a start beyond all lines"},
     };
     for (const auto& row : cases)

@@ -42,7 +42,7 @@ std::string BarlinesOf(const TabStave& stave) {
     return text.str();
 }
 
-/// Start column, "+" and width of each bar, "-" behind one that has a dash.
+/// Start column, "+" and width of each bar, "-" after one that has a dash.
 std::string BarsOf(const TabStave& stave) {
     std::ostringstream text;
     for (const auto& bar : stave.GetBars())
@@ -67,9 +67,9 @@ TEST(TabStave, CutsItselfIntoBars) {
         Lines Text;
         const char *Barlines, *Bars, *Why;
     } cases[] = {
-        {named, "|1 |5 ", "0+1 2+3- 6+0 ", "names, a bar, and nothing behind the last barline"},
+        {named, "|1 |5 ", "0+1 2+3- 6+0 ", "names, a bar, and nothing after the last barline"},
         {withLongLine(named), "|1 ||5 ", "0+1 2+3- 7+0 ",
-         "behind the end of the lines are barline columns: the last barline pairs with the first of them"},
+         "after the end of the lines are barline columns: the last barline pairs with the first of them"},
         {withLongLine(Strings("---")), "||3 ", "0+3- 5+0 ", "the end of the lines ends the last bar"},
         {withLongLine(Strings(std::string(69, '-'))), "|69 ", "0+69- 70+0 ",
          "one column short of the longest"},
@@ -79,7 +79,7 @@ TEST(TabStave, CutsItselfIntoBars) {
         {Strings("--7x--"), "", "0+6- ", "a fret character is never a barline"},
         {broken, "|5 ", "0+5- 6+2- ", "one line without it: no barline"},
         {staggered, "", "0+8- ", "all lines have one, none in the same column"},
-        {ragged, "|3 ", "0+3- 4+1 ", "a blank is not the space behind a line"},
+        {ragged, "|3 ", "0+3- 4+1 ", "a blank is not the space after a line"},
     };
     for (const auto& row : cases) {
         TabText text(Join(row.Text));
@@ -111,7 +111,7 @@ TEST(TabStave, ReadsItsTuning) {
         {Named("EBGGAE"), {80, 90, 86, 110, 118, 128}, "G on D: seven below, not five above"},
         {Strings("DE-", 6), {76, 76, 100, 100, 100, 124}, "the leftmost of two columns"},
         {Strings(" |E-", 6), {80, 80, 104, 104, 104, 128}, "not the first column"},
-        {lateDash, {80, 80, 104, 104, 104, 128}, "the first dash of one line is behind them"},
+        {lateDash, {80, 80, 104, 104, 104, 128}, "the first dash of one line is after them"},
     };
     for (const auto& row : cases) {
         TabText text(Join(row.Text));

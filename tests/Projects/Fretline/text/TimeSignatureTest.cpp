@@ -50,8 +50,8 @@ TEST(TimeSignature, IsFoundInALine) {
         {"3/42", "", "42 is no note value"},
         {"1/3 4/1 0/4 00/8 3/32 3/0", "", "values that are no time signature"},
         {"3/4 6/8", "3/4@0:0-1-2 6/8@0:4-5-6 ", "several in a line"},
-        {"D/F 3/4", "3/4@0:4-5-6 ", "the search goes on behind a slash without digits"},
-        {"/ 3/4", "", "but not behind one at column 0"},
+        {"D/F 3/4", "3/4@0:4-5-6 ", "the search goes on after a slash without digits"},
+        {"/ 3/4", "", "but not after one at column 0"},
         {"3/4 4/", "3/4@0:0-1-2 ", "one in the last column of all ends it"},
         {"6/8/4", "6/8@0:0-1-2 8/4@0:2-3-4 ", "a digit may belong to two"},
     };

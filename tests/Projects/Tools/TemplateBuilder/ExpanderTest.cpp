@@ -77,7 +77,7 @@ TEST(Expander, SaysWhatIsWrongAndWhere) {
         {"R { ~row \"one\" { A } }", "{}", "template.txt: ~row wants a table and a key"},
         {"R { ~sometimes { A } }", "{}", "template.txt: there is no directive ~sometimes"},
         {"R { ~part \"always\" }", "{}", "template.txt: ~part knows no 'always'"},
-        {"R { ~note \"x\" { A } }", "{}", "template.txt: the list behind ~note \"x\" belongs to nothing"},
+        {"R { ~note \"x\" { A } }", "{}", "template.txt: the list after ~note \"x\" belongs to nothing"},
         {"R { ~include \"template\" }", "{}", "template.txt: the sources draw in each other without an end"},
         {"R { A", "{}", "template.txt:1: the brace that opens here is never closed"},
     };

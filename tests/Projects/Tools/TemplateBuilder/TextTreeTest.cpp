@@ -28,9 +28,9 @@ TEST(TextTree, RefusesWhatAPersonMistyped) {
     } cases[] = {
         {"", "t.txt: the file holds no node"},
         {"R\n{\nA\n{\n}\n", "t.txt:2: the brace that opens here is never closed"},
-        {"R {\n}\n}\n", "t.txt:3: a second node stands behind the one that a file may hold"},
+        {"R {\n}\n}\n", "t.txt:3: a second node stands after the one that a file may hold"},
         {"\n}", "t.txt:2: the brace closes what nothing opened"},
-        {"R { A }\nB", "t.txt:2: a second node stands behind the one that a file may hold"},
+        {"R { A }\nB", "t.txt:2: a second node stands after the one that a file may hold"},
         {"R {\nA \"b\n}\n", "t.txt:2: the quoted text that opens here is never closed"},
         {"R {\nA = b\n}\n", "t.txt:2: '=' may stand in a quoted text only"},
         {deep, "t.txt:1: lists are nested too deeply"},

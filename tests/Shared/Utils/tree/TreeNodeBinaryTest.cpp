@@ -93,7 +93,7 @@ TEST_F(TreeNodeBinaryTest, CarriageReturnsStayOutOfUtf16) {
     EXPECT_EQ(LoadBytes(Written(node, true, false))->GetValue(), "x\r\ny");
     EXPECT_EQ(LoadBytes(Written(node, true, true))->GetValue(), "x\ny");
     EXPECT_EQ(LoadBytes(Bytes("00 02" + kEmpty + "00 00000006 00'x' 000D 00'y'" + kLeaf))->GetValue(), "xy");
-    // Nothing but carriage returns is written as an empty string, which takes no index; the strings behind
+    // Nothing but carriage returns is written as an empty string, which takes no index; the strings after
     // it must still be found.
     node.AddChild(new TreeNode("\r", "\r\r"));
     node.AddChild(new TreeNode("B", "B"));

@@ -62,7 +62,7 @@ TEST_F(TreeNodeReaderTest, AStreamStandsBehindTheDocument) {
     EXPECT_EQ(Outline(firstRead.get()), "First=|1|");
     EXPECT_EQ(Outline(secondRead.get()), "Second=|2|");
     EXPECT_EQ(stream.Get(), 'r');
-    std::istringstream text("A {} behind");
+    std::istringstream text("A {} after");
     Nvr::CInStream textStream(text);
     const std::unique_ptr<TreeNode> textRead(TreeNode::LoadFromStream(textStream));
     EXPECT_EQ(textStream.Tell(), 4);

@@ -22,7 +22,7 @@ TEST_F(TreeNodeTextTest, DocumentsFromMemory) {
         {"\"a b\"", "=|a b|", "a text alone"},
         {"A \"x\" {B C \"y\" {\"z\"} {D}}", "A=|x|(B,C=|y|(=|z|),(D))", "all shapes of a node"},
         {"A\"x\"{B\"y\"}", "A=|x|(B=|y|)", "no white space is needed"},
-        {"A \"x\" @", "null", "the token behind the node is looked at"},
+        {"A \"x\" @", "null", "the token after the node is looked at"},
         {"A {} @", "A", "a right brace needs no look ahead"},
         {"A {\"x\" \"y\" B}", "A(=|x|,=|y|,B)", "texts without labels"},
         {"\t\v\f \r\nA\r\n{\r\n\tB \"c\"\r\n}\r\n", "A(B=|c|)", "all white space"},
