@@ -11,6 +11,7 @@
 #include "Projects/Fretline/text/TabTuning.h"
 #include "Projects/Score/Utf8.h"
 #include "Projects/TabText/Doubts.h"
+#include "Projects/TabText/Markings.h"
 #include "Projects/TabText/Tunings.h"
 #include "Shared/Utils/AsciiChars.h"
 
@@ -44,6 +45,7 @@ public:
         for (const auto& signature : m_Analysis.GetTimeSignatures())
             Mark(signature->m_Line, signature->m_StartColumn, signature->m_EndColumn + 1,
                  Recognised::TimeSignature);
+        ExplainMarkings(TabText::ReadMarkings(m_Reading));
         for (const TabText::Doubt& doubt : TabText::FindDoubts(m_Reading))
             ExplainDoubt(doubt);
         return std::move(m_Explanation);
@@ -149,6 +151,49 @@ private:
         }
     }
 
+    /// The bars of the explanation in the order of the reading's.
+    std::vector<ExplainedBar*> ExplainedBars() {
+        std::vector<ExplainedBar*> bars;
+        for (Explanation::Stave& stave : m_Explanation.Staves)
+            for (ExplainedBar& bar : stave.Bars)
+                bars.push_back(&bar);
+        return bars;
+    }
+
+    void ExplainMarkings(const TabText::Markings& markings) {
+        const std::vector<ExplainedBar*> bars = ExplainedBars();
+        for (const TabText::NoteMark& mark : markings.Notes) {
+            if (mark.What.Kind != Score::Technique::Dead)
+                MarkSign(mark);
+            bars[mark.Bar]->Notes.push_back(Numbered("column ", mark.NoteColumn + 1) +
+                                            Numbered(" of line ", mark.NoteLine + 1) + ": " +
+                                            WhatIsPlayed(mark.What));
+        }
+        for (const TabText::BarMark& mark : markings.Bars) {
+            if (mark.Repeats.IsStart)
+                bars[mark.Bar]->Notes.emplace_back("a repeat begins");
+            if (mark.Repeats.IsEnd)
+                bars[mark.Bar]->Notes.push_back(Numbered("a repeat ends, played ", mark.Repeats.Times) +
+                                                " times");
+        }
+    }
+
+    /// The sign, but not the fret that it may stand around.
+    void MarkSign(const TabText::NoteMark& mark) {
+        for (int column = mark.Column; column < mark.EndColumn; ++column)
+            if (!Nvr::Ascii::IsDigit(m_File.GetChar(mark.Line, column)))
+                Mark(mark.Line, column, column + 1, Recognised::PlayingSign);
+    }
+
+    static std::string WhatIsPlayed(const Score::ModelTechnique& what) {
+        const std::string name = Score::NameOf(what.Kind).Name;
+        if (what.Kind == Score::Technique::Bend)
+            return name + Numbered(" by ", what.Amount) + " quarter tones";
+        if (what.Kind == Score::Technique::Trill && what.Amount > 0)
+            return name + Numbered(" with fret ", what.Amount);
+        return name;
+    }
+
     void ExplainDoubt(const TabText::Doubt& doubt) {
         ExplainedLine& line = m_Explanation.Lines[static_cast<std::size_t>(doubt.Line)];
         const std::size_t end = std::min(line.IsDoubtful.size(), static_cast<std::size_t>(doubt.EndColumn));
@@ -195,6 +240,7 @@ const RecognisedName& NameOf(Recognised kind) {
         {Recognised::Label, "section label", 'L', "1;34", "label"},
         {Recognised::LostLabel, "label over no bar", 'l', "9;34", "lost-label"},
         {Recognised::TimeSignature, "time signature", 'S', "1;36", "time"},
+        {Recognised::PlayingSign, "how it is played", 'P', "1;31", "playing"},
         {Recognised::IgnoredLine, "ignored line", '!', "9;31", "ignored"},
     };
     return *std::find_if(std::begin(kNames), std::end(kNames),

@@ -24,6 +24,8 @@ enum class Recognised {
     /// A label that no bar took.
     LostLabel,
     TimeSignature,
+    /// What players write between the frets, or above them.
+    PlayingSign,
     IgnoredLine,
 };
 

@@ -30,6 +30,7 @@ pre { font: 14px/1.35 "DejaVu Sans Mono", Consolas, monospace; overflow-x: auto;
 .lost-chord { color: var(--chord); text-decoration: line-through; } .label { color: var(--label); font-weight: bold; }
 .lost-label { color: var(--label); text-decoration: line-through; } .time { color: var(--tuning); text-decoration: underline; }
 .ignored { color: var(--ignored); text-decoration: line-through; } .note { color: var(--ignored); }
+.playing { color: var(--chord); }
 .doubt { text-decoration: underline wavy var(--ignored); } .doubt-note { color: var(--ignored); font-style: italic; }
 details { margin: .3rem 0 1rem 3.5rem; } summary { cursor: pointer; } li { margin: .15rem 0; }
 )";

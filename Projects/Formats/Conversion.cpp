@@ -1,7 +1,5 @@
 #include "Projects/Formats/Conversion.h"
 
-#include "Projects/TabText/Markings.h"
-
 namespace Formats {
 
 std::optional<Conversion> Conversion::Of(std::string scoreBytes, const std::filesystem::path& source,
@@ -31,9 +29,17 @@ const TabText::TabReading* Conversion::GetReading() const {
 const Score::ScoreModel& Conversion::GetMusic() const {
     if (!m_IsJoined)
         if (const TabText::TabReading* reading = GetReading())
-            TabText::JoinMarkings(*reading, TabText::ReadMarkings(*reading), m_Music);
+            TabText::JoinMarkings(*reading, GetMarkings(), m_Music);
     m_IsJoined = true;
     return m_Music;
+}
+
+const TabText::Markings& Conversion::GetMarkings() const {
+    if (!m_Markings) {
+        const TabText::TabReading* reading = GetReading();
+        m_Markings = reading == nullptr ? TabText::Markings() : TabText::ReadMarkings(*reading);
+    }
+    return *m_Markings;
 }
 
 const std::vector<TabText::Doubt>& Conversion::GetDoubts() const {

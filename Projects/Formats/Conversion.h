@@ -2,6 +2,7 @@
 
 #include "Projects/Score/ScoreModel.h"
 #include "Projects/TabText/Doubts.h"
+#include "Projects/TabText/Markings.h"
 #include "Projects/TabText/TabReading.h"
 #include "Shared/Utils/tree/TreeNode.h"
 
@@ -45,6 +46,10 @@ struct Conversion {
     /// this is first asked for.
     const Score::ScoreModel& GetMusic() const;
 
+    /// What the players wrote between the frets and around the staves; nothing for a finished score. Read
+    /// when first asked for.
+    const TabText::Markings& GetMarkings() const;
+
     /// What of the text was read and is probably not meant so; nothing for a finished score. Found when first
     /// asked for.
     const std::vector<TabText::Doubt>& GetDoubts() const;
@@ -53,6 +58,7 @@ private:
     mutable Score::ScoreModel m_Music;
     mutable bool m_IsJoined = false;
     mutable std::unique_ptr<TabText::TabReading> m_Reading;
+    mutable std::optional<TabText::Markings> m_Markings;
     mutable std::optional<std::vector<TabText::Doubt>> m_Doubts;
 };
 

@@ -115,6 +115,39 @@ Json DoubtsJson(const std::vector<TabText::Doubt>& doubts) {
     return list;
 }
 
+Json MarksJson(const TabText::TabReading& reading, const TabText::Markings& markings) {
+    Json list = Json::array();
+    for (const TabText::NoteMark& mark : markings.Notes)
+        list.push_back({{"kind", Score::NameOf(mark.What.Kind).Id},
+                        {"amount", mark.What.Amount},
+                        {"bar", reading.GetBars()[mark.Bar].FirstScoreBar + 1},
+                        {"line", mark.NoteLine + 1},
+                        {"column", mark.NoteColumn + 1}});
+    return list;
+}
+
+Json RepeatsJson(const ScoreModel& model) {
+    return OfBars(model, [](const ModelBar& bar, std::size_t number, Json& list) {
+        if (bar.Repeats.IsStart || bar.Repeats.IsEnd)
+            list.push_back({{"bar", number},
+                            {"start", bar.Repeats.IsStart},
+                            {"end", bar.Repeats.IsEnd},
+                            {"times", bar.Repeats.IsEnd ? Json(bar.Repeats.Times) : Json(nullptr)}});
+    });
+}
+
+/// What the text says of the piece; null for what it does not say.
+Json HeadingJson(const Score::ModelHeading& heading) {
+    const auto text = [](const std::string& value) {
+        return value.empty() ? Json(nullptr) : Json(Score::ToUtf8(value));
+    };
+    return {{"title", text(heading.Title)},
+            {"artist", text(heading.Artist)},
+            {"tempo", heading.Tempo > 0 ? Json(heading.Tempo) : Json(nullptr)},
+            {"capo", heading.Capo},
+            {"swung", heading.IsSwung}};
+}
+
 } // namespace
 
 std::string JsonText(const Conversion& conversion, std::span<const std::string> files) {
@@ -132,6 +165,9 @@ std::string JsonText(const Conversion& conversion, std::span<const std::string> 
               {"timeSignatures", SignaturesJson(model)}};
     if (const TabText::TabReading* reading = conversion.GetReading()) {
         json["bars"] = BarsJson(*reading);
+        json["heading"] = HeadingJson(model.Heading);
+        json["repeats"] = RepeatsJson(model);
+        json["techniques"] = MarksJson(*reading, conversion.GetMarkings());
         json["warnings"] = WarningsJson(*reading);
         json["doubts"] = DoubtsJson(conversion.GetDoubts());
     }

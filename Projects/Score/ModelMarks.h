@@ -37,6 +37,14 @@ enum class Technique {
     UpStroke,
 };
 
+/// What a technique is called: `Id` for programs, `Name` for people.
+struct TechniqueName {
+    Technique Kind;
+    const char* Id;
+    const char* Name;
+};
+const TechniqueName& NameOf(Technique kind);
+
 struct ModelTechnique {
     Technique Kind = Technique::Vibrato;
     int Amount = 0;

@@ -30,9 +30,11 @@ public:
         const int string = reading.Bar->GetFirstLine() + reading.Bar->GetLineCount() - 1 - mark.NoteLine;
         auto note = std::find_if(event->Notes.begin(), event->Notes.end(),
                                  [&](const ModelNote& other) { return other.String == string; });
-        if (note == event->Notes.end() && mark.What.Kind == Technique::Dead)
-            note = AddDeadNote(*event, *reading.Bar, string);
-        if (note != event->Notes.end())
+        const bool isDead = mark.What.Kind == Technique::Dead;
+        // A string that sounds a fret at that time is not dead.
+        if (isDead && note == event->Notes.end())
+            AddTechnique(*AddDeadNote(*event, *reading.Bar, string), mark.What);
+        else if (!isDead && note != event->Notes.end())
             AddTechnique(*note, mark.What);
     }
 

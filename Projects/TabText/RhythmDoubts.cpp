@@ -81,16 +81,15 @@ bool CountsBeats(std::string_view text) {
     return last != 0;
 }
 
+/// Empty where the line counts time, and where there is none.
 std::string WhyNoRhythmLine(const TabBar& bar) {
-    const std::string_view text = RhythmTextOver(bar);
-    switch (bar.GetRhythmLine().m_Kind) {
-    case RhythmLineKind::NoteLengths:
-        return HasOtherLetters(text) ? "letters of other words or chords were read as note lengths" : "";
-    case RhythmLineKind::BeatPositions:
-        return CountsBeats(text) ? "" : "signs that count no beats were read as points in time";
-    default:
+    const RhythmLineKind kind = bar.GetRhythmLine().m_Kind;
+    if (kind == RhythmLineKind::None)
         return {};
-    }
+    const std::string_view text = RhythmTextOver(bar);
+    if (kind == RhythmLineKind::NoteLengths)
+        return HasOtherLetters(text) ? "letters of other words or chords were read as note lengths" : "";
+    return CountsBeats(text) ? "" : "signs that count no beats were read as points in time";
 }
 
 } // namespace

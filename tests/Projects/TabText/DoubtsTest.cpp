@@ -134,9 +134,11 @@ TEST(Doubts, OfRhythms) {
         {With("|-0-1-2-3-|", "  1 3 2 4\n"), "1:2 rhythm-line", "fingers"},
         {With("|-0--1--2--3-|", "  E5 E6 E5 E6\n"), "1:2 rhythm-line", "chords"},
     });
-    ExpectDoubts({{With("|-0--1--2--3-|"), "1:2 uneven-lengths", "twelve columns for four crotchets"},
-                  {With("|-0---1---2---3---|"), "", "sixteen"}},
-                 Fretline::kRhythmsAlways);
+    ExpectDoubts(
+        {{With("|-0--1--2--3-|"), "1:2 uneven-lengths", "twelve columns for four crotchets"},
+         {With("|-0---1---2---3---|"), "", "sixteen"},
+         {With("|-0-1-2-3-|-0---1---|", "  v ^ v ^\n"), "1:2 rhythm-line", "and a bar without such a line"}},
+        Fretline::kRhythmsAlways);
 }
 
 TEST(Doubts, OfSymbols) {
