@@ -1,0 +1,24 @@
+# Completion of fretline for bash. Options and formats are asked of the program, so that nothing here goes stale.
+_fretline() {
+    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
+    local help
+    help=$("${COMP_WORDS[0]}" --help 2>/dev/null)
+    case $before in
+        -t | --to)
+            local begun=${word%"${word##*,}"}
+            mapfile -t COMPREPLY < <(compgen -P "$begun" -W "$(sed -n 's/^ \{26\}\([a-z]*\)  .*/\1/p' <<<"$help")" -- "${word##*,}")
+            return
+            ;;
+        --rhythms)
+            mapfile -t COMPREPLY < <(compgen -W "never indicated always" -- "$word")
+            return
+            ;;
+    esac
+    if [[ $word == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$(grep -oE '^  (-[a-z], )?--[a-z-]+' <<<"$help" | grep -oE -- '--[a-z-]+')" -- "$word")
+    else
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -f -- "$word")
+    fi
+}
+complete -F _fretline fretline
