@@ -5,6 +5,7 @@
 #include "Shared/Utils/NvrString.h"
 #include "Shared/Utils/platform/FileServices.h"
 
+#include <cassert>
 #include <memory>
 #include <string>
 
@@ -28,8 +29,11 @@ public:
     explicit SafeFileWriter(const String& path);
     ~SafeFileWriter();
 
-    /// Where to write; owned here, and of no use after `Commit`.
-    OutStream& Stream() { return *m_Stream; }
+    /// Where to write; owned here. REQUIRES: `Commit` has not been called.
+    OutStream& Stream() {
+        assert(!m_Done);
+        return *m_Stream;
+    }
 
     /// Flushes, closes, and puts the new file in its place. False when anything has failed since the opening,
     /// a full disk and the close included. To be called once; later calls give false.

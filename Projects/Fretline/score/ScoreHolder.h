@@ -15,7 +15,6 @@ public:
 
     /// False for null, which puts the holder's own empty node in place.
     bool SetRoot(Nvr::TreeNode* node);
-    Nvr::TreeNode* GetRoot() const { return m_Root; }
     /// The root's child "Music", or null.
     Nvr::TreeNode* Music() const;
     /// Writes the binary form with UTF-16 strings; false, with a report, when that fails.

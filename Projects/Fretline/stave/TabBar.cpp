@@ -7,6 +7,7 @@
 #include "Projects/Fretline/text/TabFile.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace Fretline {
 
@@ -80,6 +81,8 @@ void TabBar::ImportToScore(Nvr::TreeNode* bars, Nvr::TreeNode*& lastNoteRest) {
 }
 
 void TabBar::ReadBar(Nvr::TreeNode* lastNoteRest) {
+    assert(!m_HasBeenRead);
+    m_HasBeenRead = true;
     // Columns must be timed before chords attach to them, and the rhythm line must be known before chords are
     // read, lest it be taken for a chord line.
     FindRhythmSource();

@@ -60,12 +60,13 @@ public:
     TabBar& operator=(const TabBar&) = delete;
 
     /// Reads the bar and appends its score bars to the section `bars` of the score's stave. `lastNoteRest`
-    /// is the last NoteRest written so far, null before the first; left alone when none was written. Once a
-    /// bar, and not after ReadBar.
+    /// is the last NoteRest written so far, null before the first; left alone when none was written.
+    /// REQUIRES: the bar has not been read, and the analysis is complete.
     void ImportToScore(Nvr::TreeNode* bars, Nvr::TreeNode*& lastNoteRest);
 
     /// The reading half of ImportToScore: everything is known afterwards, and nothing written. Only a tie at
-    /// the start of the bar reaches out, to the notes of `lastNoteRest`, which may be null. Once a bar.
+    /// the start of the bar reaches out, to the notes of `lastNoteRest`, which may be null.
+    /// REQUIRES: as ImportToScore.
     void ReadBar(Nvr::TreeNode* lastNoteRest);
 
     void SetTimeSignature(const TabTimeSignature* timeSignature) { m_TimeSignature = timeSignature; }
@@ -90,6 +91,7 @@ public:
     /// Open strings as Chrom2, lowest first.
     const std::vector<int>& GetTuning() const { return m_Tuning; }
 
+    bool HasBeenRead() const { return m_HasBeenRead; }
     /// What reading has found. All of it is empty before; the pointers live as long as the bar.
     ///
     /// The columns that are timed, by bar-relative column.
@@ -151,6 +153,8 @@ private:
     ColumnMap m_Columns;
     bool m_HasDash = false;
     const std::vector<int>& m_Tuning;
+    /// In score units. Input and output: the analysis sets it, 0 stands for nothing set, and reading puts the
+    /// length of the rhythm line, or of the columns without rhythms, in its place.
     int m_BarLength = 0;
     const TabTimeSignature* m_TimeSignature = nullptr;
     TabStave& m_Stave;
@@ -158,11 +162,13 @@ private:
     const RiffLabel* m_Label = nullptr;
     std::unique_ptr<Rhythms> m_Rhythm;
     std::vector<std::unique_ptr<TabChord>> m_Chords;
-    /// Of a NoteLengths line, from m_FirstLine; otherwise 0.
+    /// Of a NoteLengths line, counted from m_FirstLine; 0, which is a line of the stave, for none.
     int m_RhythmLineOffset = 0;
     bool m_HasRhythms = false;
     RhythmLine m_RhythmLine;
+    /// The line of the file; -1 for none.
     int m_ChordLine = -1;
+    bool m_HasBeenRead = false;
 };
 
 /// Ties every note of a written NoteRest to the next. A rest does not change.

@@ -66,10 +66,6 @@ Nvr::String RiffLabel::GetText() const {
     return Nvr::String(text);
 }
 
-bool RiffLabel::IsSamePlaceAs(const RiffLabel& other) const {
-    return m_Line == other.m_Line && m_StartColumn == other.m_StartColumn && m_EndColumn == other.m_EndColumn;
-}
-
 LabelExtents::LabelExtents(std::string_view line) : m_Length(static_cast<int>(line.size())) {
     for (int column = 0; column < m_Length; ++column) {
         const char c = line[static_cast<std::size_t>(column)];

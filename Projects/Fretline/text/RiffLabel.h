@@ -20,8 +20,6 @@ struct RiffLabel {
     /// The label as written, up to a zero byte, without ASCII white space at either end. No code page is
     /// applied.
     Nvr::String GetText() const;
-    /// True for the same line and extent.
-    bool IsSamePlaceAs(const RiffLabel& other) const;
 };
 
 } // namespace Fretline

@@ -47,13 +47,6 @@ public:
     /// one. `line` is one of the run.
     bool IsRealStaveLine(int line) const;
 
-    int GetLargestHyphenCount() const { return m_LargestHyphenCount; }
-    /// Rounded down.
-    long long GetAverageBlankCount() const { return m_AverageBlankCount; }
-    int GetHyphenCount(int line) const { return At(line).m_Hyphens; }
-    int GetBlankCount(int line) const { return At(line).m_Blanks; }
-    bool IsLetterLine(int line) const { return At(line).m_HasLetter; }
-
 private:
     struct LineCounts {
         int m_Hyphens = 0;

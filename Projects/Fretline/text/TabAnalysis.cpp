@@ -9,6 +9,7 @@
 #include "Projects/Fretline/text/TimeSignatures.h"
 
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 namespace Fretline {
@@ -46,6 +47,8 @@ bool TabAnalysis::HasRhythms() const {
 }
 
 int TabAnalysis::ScoreBarCount() {
+    assert(std::all_of(m_ReadableBars.begin(), m_ReadableBars.end(),
+                       [](const TabBar* bar) { return bar->HasBeenRead(); }));
     int count = 0;
     m_BarOfScoreBar.clear();
     for (std::size_t index = 0; index < m_ReadableBars.size(); ++index)

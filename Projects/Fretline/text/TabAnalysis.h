@@ -49,7 +49,7 @@ public:
     /// True when some readable bar has real durations.
     bool HasRhythms() const;
 
-    /// Numbers the score bars from 1 and gives their count. Call it once all bars have been read; the four
+    /// Numbers the score bars from 1 and gives their count. REQUIRES: all bars have been read. The four
     /// queries below take a number that it has given, and raise std::out_of_range for any other.
     int ScoreBarCount();
     /// In score units; 1024 where the bar has none.

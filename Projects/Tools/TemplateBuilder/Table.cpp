@@ -93,10 +93,6 @@ void Table::ReadRow(std::string_view line, int number) {
     m_Rows.push_back({number, std::move(fields)});
 }
 
-bool Table::HasColumn(std::string_view name) const {
-    return std::find(m_Columns.begin(), m_Columns.end(), name) != m_Columns.end();
-}
-
 const std::string* Table::Field(std::size_t row, std::string_view column) const {
     const auto found = std::find(m_Columns.begin(), m_Columns.end(), column);
     if (found == m_Columns.end())

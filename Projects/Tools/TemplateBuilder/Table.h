@@ -22,7 +22,6 @@ public:
 
     const std::string& File() const { return m_File; }
     std::size_t RowCount() const { return m_Rows.size(); }
-    bool HasColumn(std::string_view name) const;
     /// The field of a row, which must exist; null when the table has no such column.
     const std::string* Field(std::size_t row, std::string_view column) const;
     /// The line of the file that the row stands on, counted from 1.

@@ -5,6 +5,7 @@
 #include "Shared/Utils/tree/TreeNodeList.h"
 
 #include <algorithm>
+#include <cassert>
 #include <string_view>
 #include <vector>
 
@@ -54,6 +55,8 @@ void TreeNodeBinaryWriter::Write(const TreeNode& root) {
         const TreeNodeList* Children;
         int NextChild;
     };
+    assert(!m_HasWritten);
+    m_HasWritten = true;
     m_Output.Append(m_IsUnicode ? kOpeningUtf16 : kOpening8Bit);
     std::vector<Written> path;
     const TreeNode* node = &root;

@@ -21,7 +21,7 @@ public:
     /// ConvertToUtf16.
     TreeNodeBinaryWriter(TreeNodeOutput& output, bool unicode, int encoding);
 
-    /// Stops when the output's stream has failed. The tree must not change meanwhile.
+    /// Stops when the output's stream has failed. REQUIRES: called once; the tree does not change meanwhile.
     void Write(const TreeNode& root);
 
 private:
@@ -35,6 +35,7 @@ private:
     TreeNodeOutput& m_Output;
     bool m_IsUnicode;
     int m_Encoding;
+    bool m_HasWritten = false;
     TreeNodeStringIndexes m_Indexes;
     // Kept from string to string.
     std::u16string m_Units;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 
 namespace Nvr {
 
@@ -45,6 +46,8 @@ TreeNodeReader::TreeNodeReader(const void* memory, std::size_t size)
     : TreeNodeReader(SourceKind::Memory, memory, size) {}
 
 TreeNodeRoot* TreeNodeReader::Read(const String& stopLabel, int stopMode) {
+    assert(!m_HasRead);
+    m_HasRead = true;
     if (m_Kind == SourceKind::String && m_Text.IsEmpty())
         return new TreeNodeRoot;
     std::unique_ptr<TreeNodeRoot> root;

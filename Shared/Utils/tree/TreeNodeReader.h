@@ -51,7 +51,7 @@ public:
     /// With a stop label the read ends at the first node of that label: in mode 0 with a
     /// TreeNodeLabelFoundException as soon as its value is read, in mode 1 with a
     /// TreeNodeSubTreeFoundException as soon as its children are. In text the first needs a value and the
-    /// second a pair of braces to fire.
+    /// second a pair of braces to fire. REQUIRES: called once.
     TreeNodeRoot* Read(const String& stopLabel = String(), int stopMode = kStopAtValue);
 
     /// Whether the source is used up. A stream shows that only after a read has found too few bytes, which
@@ -116,6 +116,7 @@ private:
     const std::uint8_t* m_Cursor;
     const std::uint8_t* m_WindowEnd;
     bool m_EndSeen = false;
+    bool m_HasRead = false;
 };
 
 } // namespace Nvr

@@ -41,9 +41,9 @@ bool TreeNodeTextParser::ParseNodeHead() {
     switch (NextToken()) {
     case Token::Label:
         m_Open.back()->SetLabel(TokenText());
-        return ParseBehindLabel();
+        return ParseAfterLabel();
     case Token::Text:
-        return ParseBehindText("Unexpected right brace parsing text with no label - no parent node");
+        return ParseAfterText("Unexpected right brace parsing text with no label - no parent node");
     case Token::LeftBrace:
         return true;
     case Token::RightBrace:
@@ -56,40 +56,29 @@ bool TreeNodeTextParser::ParseNodeHead() {
     return false;
 }
 
-// An end mark after label or text is left for the list in which the node stands: there it takes the place of
-// the right brace that is missed.
-bool TreeNodeTextParser::ParseBehindLabel() {
-    switch (NextToken()) {
-    case Token::Label:
-        PushBack();
-        return false;
-    case Token::Text:
-        return ParseBehindText("Unexpected right brace parsing text after label - no parent node");
-    case Token::LeftBrace:
-        return true;
-    case Token::RightBrace:
-        return EndNodeAtRightBrace("Unexpected right brace parsing after label - no parent node");
-    case Token::EndMark:
-        PushBack();
-        break;
-    case Token::Nothing:
-        break;
-    }
-    return false;
+bool TreeNodeTextParser::ParseAfterLabel() {
+    const Token next = NextToken();
+    if (next == Token::Text)
+        return ParseAfterText("Unexpected right brace parsing text after label - no parent node");
+    return EndHead(next, "Unexpected right brace parsing after label - no parent node");
 }
 
-bool TreeNodeTextParser::ParseBehindText(const char* rightBraceMessage) {
+bool TreeNodeTextParser::ParseAfterText(const char* rightBraceMessage) {
     m_Open.back()->SetValue(TokenText());
     CheckValueStop();
-    switch (NextToken()) {
-    case Token::Label:
-    case Token::Text:
-        PushBack();
-        return false;
+    return EndHead(NextToken(), rightBraceMessage);
+}
+
+// An end mark after label or text is left for the list in which the node stands: there it takes the place of
+// the right brace that is missed.
+bool TreeNodeTextParser::EndHead(Token next, const char* rightBraceMessage) {
+    switch (next) {
     case Token::LeftBrace:
         return true;
     case Token::RightBrace:
         return EndNodeAtRightBrace(rightBraceMessage);
+    case Token::Label:
+    case Token::Text:
     case Token::EndMark:
         PushBack();
         break;

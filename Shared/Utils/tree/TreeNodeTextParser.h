@@ -38,8 +38,10 @@ private:
 
     /// Reads label and text of the last open node; true when its list begins after them.
     bool ParseNodeHead();
-    bool ParseBehindLabel();
-    bool ParseBehindText(const char* rightBraceMessage);
+    bool ParseAfterLabel();
+    bool ParseAfterText(const char* rightBraceMessage);
+    /// By the first token after label or text.
+    bool EndHead(Token next, const char* rightBraceMessage);
     bool EndNodeAtRightBrace(const char* messageWithoutParent);
     /// In a list: whether a further child begins; its first token is then pushed back.
     bool FindNextChild();

@@ -124,3 +124,9 @@ TEST_F(TreeNodeReaderTest, NothingIsReadWhereNothingIsLeft) {
     EXPECT_TRUE(stream.Eof());
     EXPECT_TRUE(TreeNodeReader(stream).AtEnd()) << "seen by another read before";
 }
+
+TEST(TreeNodeReaderDeathTest, ReadsOneDocument) {
+    Nvr::TreeNodeReader reader(String("A"));
+    EXPECT_EQ(Outline(std::unique_ptr<TreeNode>(reader.Read()).get()), "A");
+    EXPECT_DEBUG_DEATH(std::unique_ptr<TreeNode>(reader.Read()).reset(), "m_HasRead");
+}
