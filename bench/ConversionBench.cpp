@@ -47,7 +47,7 @@ void ConvertSmallTab(benchmark::State& state) {
 }
 BENCHMARK(ConvertSmallTab)->Unit(benchmark::kMillisecond);
 
-/// What every conversion has to do, and what a small tab is measured by.
+// What every conversion has to do, and what a small tab is measured by.
 void LoadAndSaveTemplate(benchmark::State& state) {
     const TestSupport::ScratchFolder folder;
     const Nvr::String path((folder.Path() / "template.nvf").string().c_str());
@@ -68,7 +68,7 @@ void ConvertBook(benchmark::State& state) {
 }
 BENCHMARK(ConvertBook)->Unit(benchmark::kMillisecond);
 
-/// With a chord over each bar and rhythm lines of one kind.
+// With a chord over each bar and rhythm lines of one kind.
 void ConvertRichBook(benchmark::State& state, int rhythmLine) {
     TabBookStyle style;
     style.HasChords = true;
@@ -78,7 +78,7 @@ void ConvertRichBook(benchmark::State& state, int rhythmLine) {
 BENCHMARK_CAPTURE(ConvertRichBook, letters, 1)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(ConvertRichBook, beats, 2)->Unit(benchmark::kMillisecond);
 
-/// The text alone, into its grid of characters.
+// The text alone, into its grid of characters.
 void ReadText(benchmark::State& state) {
     const std::string text = TestSupport::MakeTabBook(kBook, {}, 1);
     const TestSupport::ScratchFolder folder;

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A line of the process's status, in kilobytes; negative when there is none.
+// A line of the process's status, in kilobytes; negative when there is none.
 double StatusLine(const std::string& name) {
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);) {

@@ -21,12 +21,12 @@
 namespace {
 
 constexpr std::array<int, 4> kSizes{1, 10, 100, 1000};
-/// The least of so many runs is what a conversion costs.
+// The least of so many runs is what a conversion costs.
 constexpr int kRuns = 9;
 constexpr int kRunsOfLargest = 3;
-/// Makes a tab of any text that follows: what a file must show to be taken for one.
+// Makes a tab of any text that follows: what a file must show to be taken for one.
 constexpr const char* kOpening = "|-1--2--3--4--|\n|-------------|\n|-------------|\n|-------------|\n\n";
-/// A cost that is less than this part of an empty tab's is lost in the noise of that: no part of the fit.
+// A cost that is less than this part of an empty tab's is lost in the noise of that: no part of the fit.
 constexpr double kLeastOfEmpty = 0.3;
 
 Cost ConversionCost(const std::string& text, int runs) {
@@ -47,8 +47,8 @@ Cost ConversionCost(const std::string& text, int runs) {
     return least;
 }
 
-/// Least squares in the double logarithm, over the sizes whose net cost is more than noise; no number where
-/// fewer than two are.
+// Least squares in the double logarithm, over the sizes whose net cost is more than noise; no number where
+// fewer than two are.
 double Exponent(const std::array<double, kSizes.size()>& net, double least) {
     double count = 0;
     double sumX = 0;

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// `count` times the text, in which "%" stands for the number of the time.
+// `count` times the text, in which "%" stands for the number of the time.
 std::string Repeat(int count, std::string_view text) {
     std::string all;
     for (int number = 0; number < count; ++number) {
@@ -20,7 +20,7 @@ std::string Repeat(int count, std::string_view text) {
     return all;
 }
 
-/// A stave of six lines, `width` times the piece wide.
+// A stave of six lines, `width` times the piece wide.
 std::string Stave(int width, std::string_view piece) {
     const std::string line = "|" + Repeat(width, piece) + "|\n";
     return line + line + line + line + line + line + "\n";
@@ -82,7 +82,7 @@ std::string BarsOfDistinctValues(int size) {
                              "|-----------|-----------|\n|-----------|-----------|\n\n");
 }
 
-/// Labels of the same length and hash: "Aa" and "BB" in the pattern of their number.
+// Labels of the same length and hash: "Aa" and "BB" in the pattern of their number.
 std::string LabelsOfEqualHashes(int size) {
     constexpr unsigned kLabels = 50;
     constexpr unsigned kPairs = 16;

@@ -19,10 +19,10 @@
 
 namespace {
 
-/// What is allocated may differ by a few strings that the last conversion left in a cache; one byte lost in
-/// each would be 99,000.
+// What is allocated may differ by a few strings that the last conversion left in a cache; one byte lost in
+// each would be 99,000.
 constexpr std::size_t kMostBytesMore = 4096;
-/// Resident memory goes up and down with how the allocator finds room.
+// Resident memory goes up and down with how the allocator finds room.
 constexpr long kMostKilobytesMore = 2048;
 constexpr int kFirstMilestone = 1000;
 constexpr int kSteadyTabEvery = 10;

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-/// A yardstick: the same tree as XML, read, written and released by a fast library for XML.
+// A yardstick: the same tree as XML, read, written and released by a fast library for XML.
 
 namespace {
 

@@ -54,7 +54,7 @@ void CheckMarks(const TabText::TabReading& reading, const TabText::Markings& mar
         Require(mark.Bar < reading.GetBars().size() && mark.Repeats.Times >= 2, "a repeat lies in a bar");
 }
 
-/// The struck notes of a score, without the dead ones.
+// The struck notes of a score, without the dead ones.
 std::vector<int> PitchesOf(const Score::ScoreModel& score) {
     std::vector<int> pitches;
     for (const Score::ModelBar& bar : score.Bars)

@@ -39,8 +39,8 @@ std::unique_ptr<TreeNodeRoot> ReadFrom(int kind, const std::string& text) {
     return std::unique_ptr<TreeNodeRoot>(TreeNode::LoadFromFile(file.Path().c_str()));
 }
 
-/// The form joins a label to an unlabelled node after it, and has no place for a node that is empty
-/// altogether.
+// The form joins a label to an unlabelled node after it, and has no place for a node that is empty
+// altogether.
 bool HasLabelsOnly(const TreeNode& root) {
     std::vector<const TreeNode*> open{&root};
     while (!open.empty()) {

@@ -22,7 +22,7 @@ using Nvr::TreeNode;
 
 constexpr int kLevels = 3;
 
-/// The kinds of source and of characters that FuzzTextTree tells by its first byte.
+// The kinds of source and of characters that FuzzTextTree tells by its first byte.
 constexpr int kTextKinds = 12;
 
 fs::path InFolder(const fs::path& folder, const char* target, const std::string& name) {

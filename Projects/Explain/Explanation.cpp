@@ -29,7 +29,7 @@ using Fretline::TabBar;
 using Fretline::TabColumn;
 using Fretline::TabStave;
 
-/// Lays what was read over the text.
+// Lays what was read over the text.
 class Explainer {
 public:
     explicit Explainer(const TabText::TabReading& reading)
@@ -62,7 +62,7 @@ private:
         }
     }
 
-    /// Columns are absolute; `end` is the first one after the stretch.
+    // Columns are absolute; `end` is the first one after the stretch.
     void Mark(int line, int start, int end, Recognised kind) {
         std::vector<Recognised>& marks = m_Explanation.Lines[static_cast<std::size_t>(line)].Marks;
         for (int column = std::max(start, 0); column < std::min(end, static_cast<int>(marks.size()));
@@ -151,7 +151,7 @@ private:
         }
     }
 
-    /// The bars of the explanation in the order of the reading's.
+    // The bars of the explanation in the order of the reading's.
     std::vector<ExplainedBar*> ExplainedBars() {
         std::vector<ExplainedBar*> bars;
         for (Explanation::Stave& stave : m_Explanation.Staves)
@@ -178,7 +178,7 @@ private:
         }
     }
 
-    /// The sign, but not the fret that it may stand around.
+    // The sign, but not the fret that it may stand around.
     void MarkSign(const TabText::NoteMark& mark) {
         for (int column = mark.Column; column < mark.EndColumn; ++column)
             if (!Nvr::Ascii::IsDigit(m_File.GetChar(mark.Line, column)))

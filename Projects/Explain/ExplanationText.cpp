@@ -44,7 +44,7 @@ std::string TrimEnd(std::string text) {
     return text;
 }
 
-/// A sign below each character that was recognised; empty where there is none.
+// A sign below each character that was recognised; empty where there is none.
 std::string Signs(const ExplainedLine& line) {
     std::string signs;
     for (const Recognised mark : line.Marks)
@@ -52,7 +52,7 @@ std::string Signs(const ExplainedLine& line) {
     return TrimEnd(std::move(signs));
 }
 
-/// The same for what is doubtful.
+// The same for what is doubtful.
 std::string DoubtSigns(const ExplainedLine& line) {
     std::string signs;
     for (const bool isDoubtful : line.IsDoubtful)

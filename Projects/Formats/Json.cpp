@@ -27,7 +27,7 @@ Json TuningJson(const ScoreModel& model) {
             {"strings", Score::TuningLetters(model.Tuning)}};
 }
 
-/// Gives `add` each bar with its number, counted from 1.
+// Gives `add` each bar with its number, counted from 1.
 template <typename Add>
 Json OfBars(const ScoreModel& model, Add add) {
     Json list = Json::array();
@@ -136,7 +136,7 @@ Json RepeatsJson(const ScoreModel& model) {
     });
 }
 
-/// What the text says of the piece; null for what it does not say.
+// What the text says of the piece; null for what it does not say.
 Json HeadingJson(const Score::ModelHeading& heading) {
     const auto text = [](const std::string& value) {
         return value.empty() ? Json(nullptr) : Json(Score::ToUtf8(value));

@@ -25,8 +25,8 @@ std::filesystem::path UserConfigFolder() {
     return std::filesystem::temp_directory_path() / "fretline";
 }
 
-/// Beside the program's own place: installed in lib/fretline of the same prefix, or in the root of the build
-/// folder.
+// Beside the program's own place: installed in lib/fretline of the same prefix, or in the root of the build
+// folder.
 std::filesystem::path PluginOfProgram() {
     std::error_code failure;
     const auto folder = std::filesystem::read_symlink("/proc/self/exe", failure).parent_path();
@@ -36,7 +36,7 @@ std::filesystem::path PluginOfProgram() {
     return folder.parent_path().parent_path() / "libFretline.so";
 }
 
-/// What the parser gives before it is understood.
+// What the parser gives before it is understood.
 struct Words {
     std::vector<std::string> Outputs;
     std::vector<std::string> Formats;
@@ -52,7 +52,7 @@ std::string UnknownFormat(const std::string& name) {
     return "there is no format " + name + " (there are " + FormatNames() + ")";
 }
 
-/// Empty, or a sentence that says what is wrong.
+// Empty, or a sentence that says what is wrong.
 std::string TakeFormats(const Words& words, CommandLine& line) {
     for (const std::string& name : words.Formats) {
         line.ToFormats.push_back(Formats::FindFormat(name));
@@ -82,7 +82,7 @@ std::string TakePrinting(const Words& words, CommandLine& line) {
     return {};
 }
 
-/// Mistakes that only several arguments together make.
+// Mistakes that only several arguments together make.
 std::string CheckTogether(const CommandLine& line) {
     const auto isEmpty = [](const auto& word) { return word.empty(); };
     if (std::any_of(line.Inputs.begin(), line.Inputs.end(), isEmpty))
@@ -98,7 +98,7 @@ std::string CheckTogether(const CommandLine& line) {
     return {};
 }
 
-/// What CLI11 calls it, in words of people.
+// What CLI11 calls it, in words of people.
 std::string MistakeText(const CLI::ParseError& mistake) {
     if (dynamic_cast<const CLI::ExtrasError*>(&mistake) == nullptr)
         return mistake.what();

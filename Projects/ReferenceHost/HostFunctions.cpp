@@ -53,7 +53,7 @@ HOST_EXPORT void NVR_CREATEPROGRESSDIALOG_2(void* /*context*/, const char* title
         ReferenceHost::g_listener->OnProgressBegin(ReferenceHost::TextOrEmpty(title));
 }
 
-/// No tab asks for transposing instruments: nothing to choose.
+// No tab asks for transposing instruments: nothing to choose.
 HOST_EXPORT intptr_t NVR_CHOOSETRANSPOSINGINSTRUMENTS(intptr_t /*1*/, intptr_t /*2*/, intptr_t /*3*/,
                                                       intptr_t /*4*/, intptr_t /*5*/, intptr_t /*6*/,
                                                       intptr_t /*7*/, intptr_t /*8*/) {

@@ -19,7 +19,7 @@ namespace {
 
 using Status = JobResult::Status;
 
-/// The numbers of the inputs from some number on, as jobs.
+// The numbers of the inputs from some number on, as jobs.
 class InputNumbers : public JobSource {
 public:
     InputNumbers(std::size_t first, std::size_t end) : m_Next(first), m_End(end) {}
@@ -38,7 +38,7 @@ private:
     std::size_t m_End;
 };
 
-/// What came of a run over many files.
+// What came of a run over many files.
 struct Totals {
     std::size_t Done = 0;
     std::vector<std::string> Refusals;
@@ -86,7 +86,7 @@ private:
         return kExitUsage;
     }
 
-    /// Somebody is there, and nothing has been said about rhythms.
+    // Somebody is there, and nothing has been said about rhythms.
     bool Asks() const {
         const auto isTab = [](const Input& input) {
             return input.What == Input::Kind::Tab || input.What == Input::Kind::OtherText;
@@ -108,8 +108,8 @@ private:
         return m_Plugin.Load(m_Line.Plugin, m_Folder.Path(), false);
     }
 
-    /// The first tab is opened with the dialog; what was answered holds for the rest. False when nothing more
-    /// is to be done.
+    // The first tab is opened with the dialog; what was answered holds for the rest. False when nothing more
+    // is to be done.
     bool ConvertFirstWithDialog() {
         std::error_code failure;
         const fs::path folder = fs::absolute(m_Line.ConfigFolder);
@@ -183,7 +183,7 @@ private:
 
     bool Tell(const JobResult& result) { return Tell(result, m_Inputs.front().Path.string()); }
 
-    /// False when the run is to end.
+    // False when the run is to end.
     bool Tell(const JobResult& result, const std::string& name) {
         std::cerr << result.Errors;
         std::cout << result.Output << std::flush;

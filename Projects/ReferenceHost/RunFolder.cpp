@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Every process has its own, so that workers don't meet.
+// Every process has its own, so that workers don't meet.
 fs::path TemporaryName(const RunFolder& folder, const std::string& stem) {
     std::error_code failure;
     const fs::path own = folder.Path() / std::to_string(getpid());

@@ -31,7 +31,7 @@ bool WriteAll(int file, const std::string& bytes) {
     return fsync(file) == 0 || errno == EINVAL;
 }
 
-/// Gives a new file that mkstemp made the rights that any other new file would get.
+// Gives a new file that mkstemp made the rights that any other new file would get.
 void GiveUsualRights(int file) {
     const mode_t mask = umask(0);
     umask(mask);

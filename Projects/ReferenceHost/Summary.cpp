@@ -38,7 +38,7 @@ std::string TuningText(const ScoreModel& score) {
     return name.empty() ? letters : name + " (" + letters + ")";
 }
 
-/// The message with "#" for each number, which is what messages of one kind have in common.
+// The message with "#" for each number, which is what messages of one kind have in common.
 std::string KindOf(const std::string& message) {
     std::string kind;
     for (const char c : message) {

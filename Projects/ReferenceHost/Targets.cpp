@@ -32,7 +32,7 @@ fs::path Normal(const fs::path& path) {
     return failure ? fs::absolute(path).lexically_normal() : real;
 }
 
-/// Plans for one command line.
+// Plans for one command line.
 class Planner {
 public:
     Planner(const CommandLine& line, const std::vector<Input>& inputs) : m_Line(line), m_Inputs(inputs) {}

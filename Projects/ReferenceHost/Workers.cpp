@@ -18,7 +18,7 @@ namespace ReferenceHost {
 
 namespace {
 
-/// How far jobs may be ahead of the first one that has not ended, for each process.
+// How far jobs may be ahead of the first one that has not ended, for each process.
 constexpr std::size_t kJobsAhead = 16;
 
 bool WriteAll(int file, const void* bytes, std::size_t size) {
@@ -62,10 +62,10 @@ bool ReadText(int file, std::string& text) {
     return ReadAll(file, text.data(), text.size());
 }
 
-/// One process and the two pipes to it.
+// One process and the two pipes to it.
 class Worker {
 public:
-    /// The new process sees nothing of the others: it must not hold their pipes open.
+    // The new process sees nothing of the others: it must not hold their pipes open.
     Worker(const JobFunction& work, const std::list<Worker>& others) {
         int jobs[2];
         int results[2];
@@ -107,7 +107,7 @@ public:
         m_IsBusy = true;
         return WriteText(m_Jobs, job);
     }
-    /// False when the process has died.
+    // False when the process has died.
     bool Take(JobResult& result) {
         m_IsBusy = false;
         std::string bytes;
@@ -117,7 +117,7 @@ public:
         return true;
     }
     void Interrupt() const { kill(m_Process, SIGINT); }
-    /// Waits for a process that has died; a few words on how.
+    // Waits for a process that has died; a few words on how.
     std::string WaitForDeath() {
         int status = 0;
         waitpid(m_Process, &status, 0);
@@ -154,7 +154,7 @@ private:
     std::size_t m_JobNumber = 0;
 };
 
-/// The caller's side: hands out jobs, and tells results in order.
+// The caller's side: hands out jobs, and tells results in order.
 class Foreman {
 public:
     Foreman(JobSource& source, int processes, const JobFunction& work, const ResultFunction& tell)
@@ -232,7 +232,7 @@ private:
             StartWorker();
     }
 
-    /// False when the worker has died.
+    // False when the worker has died.
     bool TakeResult(Worker& worker) {
         JobResult& result = m_Results[worker.JobNumber()];
         if (worker.Take(result))
@@ -261,7 +261,7 @@ private:
     const JobFunction& m_Work;
     const ResultFunction& m_Tell;
     std::list<Worker> m_Workers;
-    /// By number: those that wait for an earlier one.
+    // By number: those that wait for an earlier one.
     std::map<std::size_t, JobResult> m_Results;
     std::size_t m_NextJob = 0;
     std::size_t m_NextResult = 0;

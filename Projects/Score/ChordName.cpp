@@ -8,12 +8,12 @@ namespace Score {
 namespace {
 
 struct KindRow {
-    /// What stands after the root, brackets left out.
+    // What stands after the root, brackets left out.
     std::string_view Written;
     std::string_view Kind;
 };
 
-/// Looked up by the longest beginning; what is left after it is read as degrees.
+// Looked up by the longest beginning; what is left after it is read as degrees.
 constexpr std::array<KindRow, 38> kKinds{{
     {"", "major"},
     {"maj", "major"},
@@ -60,7 +60,7 @@ struct ImpliedDegree {
     ChordDegree Degree;
 };
 
-/// Degrees that a writing says beyond the kind that it is given above.
+// Degrees that a writing says beyond the kind that it is given above.
 constexpr std::array<ImpliedDegree, 9> kImplied{{
     {"6/9", {9, 0, ChordDegree::Change::Add}},
     {"m6/9", {9, 0, ChordDegree::Change::Add}},
@@ -77,7 +77,7 @@ bool IsDigit(char character) {
     return character >= '0' && character <= '9';
 }
 
-/// Takes a pitch name off the front of `text`.
+// Takes a pitch name off the front of `text`.
 std::optional<PitchName> TakePitch(std::string_view& text) {
     if (text.empty() || text.front() < 'A' || text.front() > 'G')
         return std::nullopt;
@@ -97,12 +97,12 @@ bool TakeWord(std::string_view& text, std::string_view word) {
     return true;
 }
 
-/// A fifth and a ninth of the chord's own can only be altered; other degrees are added.
+// A fifth and a ninth of the chord's own can only be altered; other degrees are added.
 ChordDegree::Change HowOf(int value, int alter) {
     return value == 5 && alter != 0 ? ChordDegree::Change::Alter : ChordDegree::Change::Add;
 }
 
-/// Takes one degree such as "add9", "#11" or "b5" off the front of `text`.
+// Takes one degree such as "add9", "#11" or "b5" off the front of `text`.
 std::optional<ChordDegree> TakeDegree(std::string_view& text) {
     const bool added = TakeWord(text, "add");
     int alter = 0;
@@ -122,7 +122,7 @@ std::optional<ChordDegree> TakeDegree(std::string_view& text) {
     return ChordDegree{value, alter, added ? ChordDegree::Change::Add : HowOf(value, alter)};
 }
 
-/// The row whose writing is the longest beginning of `suffix` that does not cut a number in two.
+// The row whose writing is the longest beginning of `suffix` that does not cut a number in two.
 const KindRow& LongestKind(std::string_view suffix) {
     const KindRow* best = &kKinds.front();
     for (const KindRow& row : kKinds) {
@@ -144,7 +144,7 @@ std::string WithoutBrackets(std::string_view text) {
     return plain;
 }
 
-/// Where a bass note's slash stands: the last slash that a letter from A to G follows.
+// Where a bass note's slash stands: the last slash that a letter from A to G follows.
 std::size_t FindBass(std::string_view text) {
     const std::size_t slash = text.rfind('/');
     const bool isBass = slash != std::string_view::npos && slash + 1 < text.size() &&

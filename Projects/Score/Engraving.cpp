@@ -25,8 +25,8 @@ double LeadOf(const ModelBar& bar) {
     return kRoomBeforeFirstNote + (bar.TimeSignature ? kRoomForTimeSignature : 0);
 }
 
-/// Wide enough for the shortest event to have its room, within reason, and for the chord symbols side by
-/// side.
+// Wide enough for the shortest event to have its room, within reason, and for the chord symbols side by
+// side.
 double NaturalWidth(const ModelBar& bar) {
     double notes = kRoomForEvent * static_cast<double>(bar.Events.size() + 1);
     double symbols = 0;

@@ -16,7 +16,7 @@ namespace {
 constexpr int kDrumChannel = 9;
 constexpr int kLastChannel = 15;
 constexpr int kMicrosecondsPerMinute = 60000000;
-/// Crotchets a minute where nobody says.
+// Crotchets a minute where nobody says.
 constexpr int kUsualTempo = 120;
 constexpr int kClocksPerCrotchet = 24;
 constexpr int kThirtySecondsPerCrotchet = 8;
@@ -29,7 +29,7 @@ enum Status : int {
     kPitchBend = 0xE0,
     kMeta = 0xFF
 };
-/// Controllers that choose a parameter and set it; the parameter 0 is the range of the pitch wheel.
+// Controllers that choose a parameter and set it; the parameter 0 is the range of the pitch wheel.
 enum Controller : int { kDataCoarse = 6, kDataFine = 38, kParameterFine = 100, kParameterCoarse = 101 };
 enum MetaKind : int {
     kTrackName = 0x03,
@@ -39,7 +39,7 @@ enum MetaKind : int {
     kTimeSignature = 0x58
 };
 
-/// An event at its time. Of two at the same time the one with the lower rank comes first.
+// An event at its time. Of two at the same time the one with the lower rank comes first.
 struct TimedBytes {
     int Time;
     int Rank;
@@ -57,7 +57,7 @@ std::string BigEndian(std::uint32_t value, int bytes) {
     return text;
 }
 
-/// Seven bits a byte, all but the last with the top bit set.
+// Seven bits a byte, all but the last with the top bit set.
 std::string VariableLength(std::uint32_t value) {
     std::string text(1, Byte(static_cast<int>(value & 0x7F)));
     for (value >>= 7; value != 0; value >>= 7)
@@ -105,7 +105,7 @@ std::string ConductorTrack(const ScoreModel& score, const std::vector<int>& star
     return Track(std::move(events));
 }
 
-/// The lowest string has the first channel.
+// The lowest string has the first channel.
 int ChannelOf(int string) {
     return std::min(string < kDrumChannel ? string : string + 1, kLastChannel);
 }
@@ -117,7 +117,7 @@ void AppendBendRange(std::vector<TimedBytes>& events, int channel) {
         events.push_back({0, 0, {Byte(kControlChange | channel), Byte(controller), Byte(value)}});
 }
 
-/// The wheel rests at the middle of fourteen bits, of which the low seven come first.
+// The wheel rests at the middle of fourteen bits, of which the low seven come first.
 std::string BendBytes(int channel, int value) {
     constexpr int kMiddle = 0x2000;
     const int wheel = kMiddle + value;

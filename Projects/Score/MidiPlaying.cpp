@@ -14,7 +14,7 @@ constexpr int kAccented = 115;
 constexpr int kLedTo = 70;
 constexpr int kDead = 55;
 constexpr int kGhost = 45;
-/// In score units: a dead note is a click, a demisemiquaver long.
+// In score units: a dead note is a click, a demisemiquaver long.
 constexpr int kDeadLength = 32;
 constexpr int kHighestMidiNote = 127;
 constexpr int kSemitonesPerOctave = 12;
@@ -47,7 +47,7 @@ int EndOf(const SoundingNote& note) {
     return Has(note, Technique::PalmMute) ? note.Start + (length + 1) / 2 : note.End;
 }
 
-/// Above the open string, where a finger touches it over a fret; an octave above the fret elsewhere.
+// Above the open string, where a finger touches it over a fret; an octave above the fret elsewhere.
 int RiseOfHarmonic(int fret) {
     static constexpr std::pair<int, int> kNodes[] = {{12, 12}, {7, 19}, {19, 19}, {5, 24},
                                                      {4, 28},  {9, 28}, {16, 28}};
@@ -65,20 +65,20 @@ int PitchOf(const SoundingNote& note, int capo) {
     return std::clamp(pitch, 0, kHighestMidiNote);
 }
 
-/// Value of the pitch wheel for a bend in quarter tones.
+// Value of the pitch wheel for a bend in quarter tones.
 int BendValue(int quarterTones) {
     constexpr int kRange = kBendRange * kQuarterTonesPerSemitone;
     return std::clamp(quarterTones, -kRange, kRange) * kGreatestBend / kRange;
 }
 
-/// From 0 to the whole bend between two times, in equal steps.
+// From 0 to the whole bend between two times, in equal steps.
 void AddRamp(std::vector<PitchBend>& bends, int string, int start, int end, int quarterTones) {
     for (int step = 1; step <= kStepsOfABend; ++step)
         bends.push_back({start + (end - start) * step / kStepsOfABend, string,
                          BendValue(quarterTones) * step / kStepsOfABend});
 }
 
-/// A slide takes the last third of its note, a bend the first half.
+// A slide takes the last third of its note, a bend the first half.
 void AddBends(std::vector<PitchBend>& bends, const SoundingNote& note, const SoundingNote* next) {
     const int length = note.End - note.Start;
     const ModelTechnique* bend = FindTechnique(*note.Techniques, Technique::Bend);

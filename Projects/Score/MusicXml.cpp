@@ -42,7 +42,7 @@ void Set(xml_node node, const char* attribute, const std::string& value) {
     node.append_attribute(attribute).set_value(value.c_str());
 }
 
-/// The written name of a power-of-two duration in score units.
+// The written name of a power-of-two duration in score units.
 const char* NoteType(int duration) {
     // From one score unit up: a whole note has 1024.
     static constexpr std::array<const char*, 14> kTypes{"1024th", "512th", "256th",  "128th",   "64th",
@@ -52,7 +52,7 @@ const char* NoteType(int duration) {
     return kTypes[static_cast<std::size_t>(std::min(exponent, static_cast<int>(kTypes.size()) - 1))];
 }
 
-/// Writes one score; keeps what goes from bar to bar.
+// Writes one score; keeps what goes from bar to bar.
 class Writer {
 public:
     explicit Writer(const ScoreModel& score) : m_Score(score) {}
@@ -280,7 +280,7 @@ private:
         }
     }
 
-    /// What stands between root and bass: readers write root and bass themselves.
+    // What stands between root and bass: readers write root and bass themselves.
     static std::string SuffixOf(const std::string& text, const ChordName& name) {
         if (name.Kind == "none")
             return text;
@@ -291,7 +291,7 @@ private:
 
     const ScoreModel& m_Score;
     MusicXmlMarks m_Marks;
-    /// String and pitch of the notes that are tied into the next event.
+    // String and pitch of the notes that are tied into the next event.
     std::set<std::pair<int, int>> m_OpenTies;
 };
 

@@ -17,7 +17,7 @@ constexpr const char* kContainer = R"(<?xml version="1.0" encoding="UTF-8"?>
   </rootfiles>
 </container>
 )";
-/// 1980-01-01, the oldest date that the container can hold: the same score gives the same bytes.
+// 1980-01-01, the oldest date that the container can hold: the same score gives the same bytes.
 constexpr time_t kFixedTime = 315532800;
 
 struct CloseArchive {

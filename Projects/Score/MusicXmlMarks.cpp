@@ -23,7 +23,7 @@ bool LeadsToTheNext(Technique kind) {
     return kind == Technique::HammerOn || kind == Technique::PullOff || kind == Technique::Slide;
 }
 
-/// One end of what leads from a note to the next on its string.
+// One end of what leads from a note to the next on its string.
 void WriteConnection(xml_node notations, xml_node technical, Technique kind, const char* type) {
     switch (kind) {
     case Technique::HammerOn:
@@ -38,7 +38,7 @@ void WriteConnection(xml_node notations, xml_node technical, Technique kind, con
     }
 }
 
-/// In semitones, which may be halves: "0.5".
+// In semitones, which may be halves: "0.5".
 std::string SemitonesText(int quarterTones) {
     return std::to_string(quarterTones / 2) + (quarterTones % 2 == 0 ? "" : ".5");
 }
@@ -57,7 +57,7 @@ struct NamedTechnique {
     const char* Text;
 };
 
-/// Those that MusicXML has no element for.
+// Those that MusicXML has no element for.
 constexpr NamedTechnique kOthers[] = {
     {Technique::Release, "release"},  {Technique::PalmMute, "palm mute"}, {Technique::LetRing, "let ring"},
     {Technique::SlideIn, "slide in"}, {Technique::SlideOut, "slide out"},

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t kMostBars = 100000;
 
-/// Indices of the bars in the order in which they are played; empty when there are too many.
+// Indices of the bars in the order in which they are played; empty when there are too many.
 std::vector<std::size_t> PlayedBars(const ScoreModel& score) {
     std::vector<std::size_t> order;
     std::size_t start = 0;
@@ -30,7 +30,7 @@ std::vector<std::size_t> PlayedBars(const ScoreModel& score) {
     return order;
 }
 
-/// The time signature in force in each bar.
+// The time signature in force in each bar.
 std::vector<ModelTimeSignature> TimesInForce(const ScoreModel& score) {
     std::vector<ModelTimeSignature> times;
     ModelTimeSignature now = score.FirstTimeSignature;

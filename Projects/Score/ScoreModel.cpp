@@ -12,16 +12,16 @@ namespace {
 using Nvr::TreeNode;
 
 constexpr int kTiedFlag = 128;
-/// The exponent of a duration stands in the low four bits of "Durn".
+// The exponent of a duration stands in the low four bits of "Durn".
 constexpr int kDurationExponentBits = 15;
 constexpr int kLongestDurationExponent = 14;
 constexpr int kHighestMidiNote = 127;
-/// More than any stave of a tab gives.
+// More than any stave of a tab gives.
 constexpr int kMostStrings = 16;
 constexpr int kNoFret = -1;
 constexpr const char* kChordSymbolStyle = "text.staff.space.chordsymbol";
 
-/// What makes no sense in a score, as a sentence.
+// What makes no sense in a score, as a sentence.
 class BadScore : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -106,7 +106,7 @@ ModelEvent ReadEvent(const TreeNode& item, const std::vector<int>& tuning) {
     return event;
 }
 
-/// Reads one score, section by section.
+// Reads one score, section by section.
 class Reader {
 public:
     explicit Reader(const TreeNode& score) : m_Music(Need(&score, {"Music"}, "music")) {}

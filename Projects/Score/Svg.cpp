@@ -27,11 +27,11 @@ constexpr double kFlagWidth = 7;
 constexpr double kTextDrop = 4.5;
 constexpr double kChordRise = 12;
 constexpr double kLabelRise = 34;
-/// Exponents of a minim, a crotchet and a quaver in score units.
+// Exponents of a minim, a crotchet and a quaver in score units.
 constexpr int kMinim = 9;
 constexpr int kCrotchet = 8;
 
-/// Colours stand in the classes themselves: not every program that shows pictures knows variables.
+// Colours stand in the classes themselves: not every program that shows pictures knows variables.
 constexpr const char* kStyle = R"(
     .paper { fill: #ffffff; }
     text { font-family: "DejaVu Sans", Verdana, Arial, sans-serif; fill: #1b1b1b; }
@@ -60,7 +60,7 @@ constexpr const char* kStyle = R"(
     }
 )";
 
-/// One decimal is finer than any screen, and the same everywhere.
+// One decimal is finer than any screen, and the same everywhere.
 std::string Number(double value) {
     const long tenths = std::lround(value * 10);
     const std::string whole = std::to_string(tenths / 10);
@@ -100,7 +100,7 @@ std::string NameOf(int midi) {
     return std::string(1, pitch.Step) + sign;
 }
 
-/// Draws one score; keeps the laid-out page and the picture.
+// Draws one score; keeps the laid-out page and the picture.
 class Painter {
 public:
     Painter(const ScoreModel& score, const std::string& title)
@@ -239,8 +239,8 @@ private:
             PaintStem(group, x, event.Duration, bottom);
     }
 
-    /// Tab writes a minim with a short stem, a semibreve with none, and a flag for each halving of the
-    /// crotchet.
+    // Tab writes a minim with a short stem, a semibreve with none, and a flag for each halving of the
+    // crotchet.
     static void PaintStem(xml_node group, double x, int duration, double bottom) {
         const int exponent = ExponentOf(duration);
         if (exponent > kMinim)
@@ -254,7 +254,7 @@ private:
         }
     }
 
-    /// A rest by its length as a fraction of the semibreve.
+    // A rest by its length as a fraction of the semibreve.
     static std::string RestSign(int duration) {
         const int exponent = ExponentOf(duration);
         constexpr int kSemibreve = 10;
@@ -290,7 +290,7 @@ private:
     Engraving m_Page;
     pugi::xml_document m_Document;
     xml_node m_Svg;
-    /// String and pitch of the notes that are tied into the next event.
+    // String and pitch of the notes that are tied into the next event.
     std::vector<std::pair<int, int>> m_Tied;
 };
 

@@ -13,9 +13,9 @@ int LengthOf(const ModelBar& bar) {
     return length;
 }
 
-/// What a string is doing at the present moment of the walk.
+// What a string is doing at the present moment of the walk.
 struct StringState {
-    /// Index of the last note struck on it, -1 before the first.
+    // Index of the last note struck on it, -1 before the first.
     int LastNote = -1;
     bool IsTied = false;
 };

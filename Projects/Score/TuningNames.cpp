@@ -16,9 +16,9 @@ using Fretline::kSemitonesPerOctave;
 
 struct NamedTuning {
     std::string_view Name;
-    /// Lowest string first.
+    // Lowest string first.
     std::vector<int> Strings;
-    /// Also played as a whole higher or lower, and called so.
+    // Also played as a whole higher or lower, and called so.
     bool IsShifted = false;
 };
 

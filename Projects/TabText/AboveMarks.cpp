@@ -14,10 +14,10 @@ namespace TabText {
 
 namespace {
 
-/// As many lines above a stave are looked at.
+// As many lines above a stave are looked at.
 constexpr int kLinesAbove = 3;
 
-/// The stretch of a line that one annotation covers; the end is the column after it.
+// The stretch of a line that one annotation covers; the end is the column after it.
 struct Extent {
     Score::Technique Kind = Score::Technique::PalmMute;
     int Line = 0;
@@ -29,7 +29,7 @@ bool IsPartOfExtent(char c) {
     return c == '-' || c == '.' || c == '_' || c == '~' || c == '=';
 }
 
-/// The sign that begins at this place of a line, as a word of its own; null when there is none.
+// The sign that begins at this place of a line, as a word of its own; null when there is none.
 const Sign* SignAt(std::string_view line, std::size_t at) {
     if (!Nvr::Ascii::IsAlpha(line[at]) || (at > 0 && Nvr::Ascii::IsAlnum(line[at - 1])))
         return nullptr;
@@ -42,7 +42,7 @@ const Sign* SignAt(std::string_view line, std::size_t at) {
     return nullptr;
 }
 
-/// Dashes may stand apart: "P.M. - - - |".
+// Dashes may stand apart: "P.M. - - - |".
 std::size_t EndOfExtent(std::string_view line, std::size_t at) {
     while (at < line.size()) {
         if (IsPartOfExtent(line[at]))
@@ -78,7 +78,7 @@ std::vector<Extent> ExtentsAbove(const TabReading& reading, const Fretline::TabS
     return extents;
 }
 
-/// Marks the notes under the extents, which are ordered by column within each line.
+// Marks the notes under the extents, which are ordered by column within each line.
 void MarkNotesUnder(const std::vector<Extent>& extents, const TabReading& reading, const StaveBars& stave,
                     std::vector<NoteMark>& marks) {
     for (const BarReading& bar : stave.Bars) {

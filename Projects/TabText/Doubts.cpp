@@ -10,7 +10,7 @@ namespace TabText {
 
 namespace {
 
-/// One kind, what a player can try, and who looks for it.
+// One kind, what a player can try, and who looks for it.
 struct DoubtRow {
     DoubtName Name;
     const char* Try;

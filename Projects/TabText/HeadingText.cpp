@@ -18,7 +18,7 @@ using std::string_view;
 constexpr int kSlowest = 20;
 constexpr int kFastest = 400;
 
-/// The first number within reach of a place; 0 for none.
+// The first number within reach of a place; 0 for none.
 int NumberNear(string_view text) {
     constexpr std::size_t kReach = 12;
     text = text.substr(0, kReach);
@@ -29,7 +29,7 @@ int NumberNear(string_view text) {
     return number;
 }
 
-/// The number right before a place, blanks between them or not.
+// The number right before a place, blanks between them or not.
 int NumberBefore(string_view text) {
     while (!text.empty() && text.back() == ' ')
         text.remove_suffix(1);
@@ -62,7 +62,7 @@ bool IsSwung(string_view line) {
     });
 }
 
-/// What a line says after one of these words and a colon; empty when it begins otherwise.
+// What a line says after one of these words and a colon; empty when it begins otherwise.
 std::string ValueOf(string_view line, std::initializer_list<string_view> keys) {
     const std::vector<Word> words = WordsOf(line);
     const std::size_t colon = line.find(':');

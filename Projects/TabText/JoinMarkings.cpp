@@ -17,7 +17,7 @@ using Score::Technique;
 
 constexpr int kChrom2PerSemitone = 2;
 
-/// Puts the marks of one reading on the notes of the score that came from the same text.
+// Puts the marks of one reading on the notes of the score that came from the same text.
 class Joiner {
 public:
     Joiner(const TabReading& reading, Score::ScoreModel& score) : m_Reading(reading), m_Score(score) {}
@@ -54,7 +54,7 @@ public:
 private:
     Score::ModelBar& BarAt(int number) { return m_Score.Bars[static_cast<std::size_t>(number)]; }
 
-    /// The event that begins where the column of the text does; null when the score has none.
+    // The event that begins where the column of the text does; null when the score has none.
     ModelEvent* EventOf(const BarReading& reading, int textColumn) {
         const Fretline::TabColumn* column =
             ColumnOf(*reading.Bar, textColumn - reading.Bar->GetStartColumn());

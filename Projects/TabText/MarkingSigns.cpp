@@ -42,7 +42,7 @@ constexpr std::array kSigns{
     Sign{"ph", SignPlace::Above, Technique::ArtificialHarmonic, "pinched harmonic"},
 };
 
-/// What a legend calls the meanings, and how a sign that has it stands beside its note.
+// What a legend calls the meanings, and how a sign that has it stands beside its note.
 constexpr std::array kLegendSigns{
     Sign{"hammer", SignPlace::Between, Technique::HammerOn, "hammer-on"},
     Sign{"pull", SignPlace::Between, Technique::PullOff, "pull-off"},
@@ -58,7 +58,7 @@ constexpr std::array kLegendSigns{
     Sign{"accent", SignPlace::After, Technique::Accent, "accent"},
 };
 
-/// A line of a legend: a sign, "=" or ":", and what it means.
+// A line of a legend: a sign, "=" or ":", and what it means.
 struct LegendEntry {
     char Sign = 0;
     string_view Meaning;

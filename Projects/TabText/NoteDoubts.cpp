@@ -19,7 +19,7 @@ using Nvr::Ascii::IsDigit;
 
 constexpr int kHighestFretReadAsOneNumber = 22;
 
-/// Digits that touch each other on one line of a bar. Columns are absolute.
+// Digits that touch each other on one line of a bar. Columns are absolute.
 struct DigitRun {
     int Line = 0;
     int Column = 0;
@@ -28,16 +28,16 @@ struct DigitRun {
     int GetEndColumn() const { return Column + static_cast<int>(Digits.size()); }
     bool IsOneDigit(char digit) const { return Digits.size() == 1 && Digits[0] == digit; }
     int GetTwoDigitNumber() const { return (Digits[0] - '0') * 10 + (Digits[1] - '0'); }
-    /// Nobody plays it as one number on one fret.
+    // Nobody plays it as one number on one fret.
     bool IsSurelyGlued() const { return Digits.size() > 2 || (Digits.size() == 2 && Digits[0] == '0'); }
     bool IsDoubledDigit() const { return Digits.size() == 2 && Digits[0] == Digits[1]; }
 };
 
-/// The runs of one line of a bar, left to right, and what they have in common.
+// The runs of one line of a bar, left to right, and what they have in common.
 struct DigitRuns {
     std::vector<DigitRun> All;
     bool HasSurelyGlued = false;
-    /// Those of two digits are not all the same number.
+    // Those of two digits are not all the same number.
     bool HasSeveralHighFrets = false;
 };
 
@@ -69,7 +69,7 @@ DigitRuns GatherRuns(const TabBar& bar, int line) {
     return runs;
 }
 
-/// The column of the reading that covers an absolute column of the text; null when none does.
+// The column of the reading that covers an absolute column of the text; null when none does.
 const TabColumn* ColumnAt(const TabBar& bar, int column) {
     const int relative = column - bar.GetStartColumn();
     // A column begins at its key, or one to the left of it.
@@ -87,7 +87,7 @@ bool WasReadAsOneNumber(const TabBar& bar, const DigitRun& run) {
     return column != nullptr && column == ColumnAt(bar, run.GetEndColumn() - 1);
 }
 
-/// "11" beside a lone "1" on its string, with no other fret of two digits in the bar.
+// "11" beside a lone "1" on its string, with no other fret of two digits in the bar.
 bool RepeatsANeighbour(const DigitRuns& runs, std::size_t index) {
     const DigitRun& run = runs.All[index];
     if (!run.IsDoubledDigit() || runs.HasSeveralHighFrets)
@@ -118,7 +118,7 @@ std::string AndOthers(int count) {
                       : "; so were " + std::to_string(count) + " others of the bar";
 }
 
-/// Said once a bar, at the first of them.
+// Said once a bar, at the first of them.
 void FindGluedDigitsIn(const TabBar& bar, DoubtSink& doubts) {
     std::optional<DigitRun> first;
     int others = 0;
@@ -140,7 +140,7 @@ bool IsBendSign(char c) {
     return c == 'b' || c == 'r' || c == '^';
 }
 
-/// A fret, the sign of a bend or release, and another fret, perhaps in brackets.
+// A fret, the sign of a bend or release, and another fret, perhaps in brackets.
 void FindBendTargetsIn(const TabBar& bar, int line, DoubtSink& doubts) {
     const std::vector<DigitRun> runs = RunsOf(bar, line);
     for (std::size_t index = 1; index < runs.size(); ++index) {
@@ -156,8 +156,8 @@ void FindBendTargetsIn(const TabBar& bar, int line, DoubtSink& doubts) {
     }
 }
 
-/// The notes of a bar that share their string and their time with another, after the first of each. Columns
-/// sound together when each but the last of them lasts no time.
+// The notes of a bar that share their string and their time with another, after the first of each. Columns
+// sound together when each but the last of them lasts no time.
 std::vector<StruckNote> FindSecondNotes(const TabBar& bar) {
     const std::vector<StruckNote> notes = StruckNotesOf(bar);
     std::vector<StruckNote> seconds;
@@ -180,7 +180,7 @@ std::string CountNotes(std::size_t count, const char* one, const char* several) 
     return count == 1 ? std::string("a note ") + one : std::to_string(count) + " notes " + several;
 }
 
-/// The numbers that no column of the reading covers: those that a rhythm line put at the start of the bar.
+// The numbers that no column of the reading covers: those that a rhythm line put at the start of the bar.
 std::vector<DigitRun> FindDroppedNumbers(const TabBar& bar) {
     std::vector<DigitRun> dropped;
     for (int line = bar.GetFirstLine(); line < bar.GetFirstLine() + bar.GetLineCount(); ++line)
@@ -190,7 +190,7 @@ std::vector<DigitRun> FindDroppedNumbers(const TabBar& bar) {
     return dropped;
 }
 
-/// The last notes of a bar when no time is left for them.
+// The last notes of a bar when no time is left for them.
 std::vector<StruckNote> FindNotesAfterTheEnd(const TabBar& bar) {
     std::vector<StruckNote> lost;
     if (bar.GetColumns().empty() || bar.GetColumns().rbegin()->second->m_Duration > 0)

@@ -6,7 +6,7 @@ namespace TabText {
 
 namespace {
 
-/// The line numbers that a message names, in order.
+// The line numbers that a message names, in order.
 std::vector<int> NumbersIn(std::string_view text) {
     std::vector<int> numbers;
     bool inside = false;

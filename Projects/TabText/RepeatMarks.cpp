@@ -19,7 +19,7 @@ bool IsRepeatDot(char c) {
     return c == ':' || c == '*' || c == 'o' || c == 'O';
 }
 
-/// Two dots or more, all in the same column at an edge of the bar: a lone sign is something else.
+// Two dots or more, all in the same column at an edge of the bar: a lone sign is something else.
 bool HasDots(const TabBar& bar, int column) {
     constexpr int kFewestDots = 2;
     int dots = 0;
@@ -28,7 +28,7 @@ bool HasDots(const TabBar& bar, int column) {
     return dots >= kFewestDots;
 }
 
-/// Dots on all lines make a barline of their own, next to the bar; on some they stand in its first column.
+// Dots on all lines make a barline of their own, next to the bar; on some they stand in its first column.
 bool BeginsRepeat(const TabBar& bar) {
     return HasDots(bar, bar.GetStartColumn()) || HasDots(bar, bar.GetStartColumn() - 1);
 }
@@ -38,7 +38,7 @@ bool EndsRepeat(const TabBar& bar) {
     return HasDots(bar, end - 1) || HasDots(bar, end);
 }
 
-/// The times that a word says: "x4", "(2x)", "[x3]"; 0 for any other word.
+// The times that a word says: "x4", "(2x)", "[x3]"; 0 for any other word.
 int TimesOf(std::string_view word) {
     constexpr int kMostTimes = 64;
     const std::string_view bare = WithoutPunctuation({0, word}).Text;
@@ -56,7 +56,7 @@ int TimesOf(std::string_view word) {
     return times >= 2 && times <= kMostTimes ? times : 0;
 }
 
-/// The times in the text from `start` on; 0 where it says none.
+// The times in the text from `start` on; 0 where it says none.
 int TimesIn(std::string_view line, std::size_t start) {
     if (start >= line.size())
         return 0;
@@ -66,7 +66,7 @@ int TimesIn(std::string_view line, std::size_t start) {
     return 0;
 }
 
-/// What is written after the stave's last barline.
+// What is written after the stave's last barline.
 int TimesAfter(const TabFile& file, const Fretline::TabStave& stave) {
     for (int line = stave.GetFirstLine(); line < stave.GetEndLine(); ++line) {
         const std::string_view text = file.GetLine(line);
@@ -79,14 +79,14 @@ int TimesAfter(const TabFile& file, const Fretline::TabStave& stave) {
     return 0;
 }
 
-/// The last line above the stave with words in it, within reach of the stave.
+// The last line above the stave with words in it, within reach of the stave.
 int TimesAbove(const TabReading& reading, const Fretline::TabStave& stave) {
     const int line = stave.GetFirstLine() - 1;
     return line < 0 || reading.GetAnalysis().IsStaveLine(line) ? 0
                                                                : TimesIn(reading.GetFile().GetLine(line), 0);
 }
 
-/// Reads the staves in turn; a repeat that begins in one may end in a later one.
+// Reads the staves in turn; a repeat that begins in one may end in a later one.
 class RepeatReader {
 public:
     explicit RepeatReader(const TabReading& reading) : m_Reading(reading) {}

@@ -18,18 +18,18 @@ using Fretline::TabBar;
 using Nvr::Ascii::IsAlpha;
 using Nvr::Ascii::IsDigit;
 
-/// The length that its time signature gives a bar that keeps one; 0 where there is none.
+// The length that its time signature gives a bar that keeps one; 0 where there is none.
 int MetreOf(const TabBar& bar) {
     return bar.GetTimeSignature() == nullptr ? 0 : bar.GetTimeSignature()->GetLength();
 }
 
-/// A first bar may be a pickup, and the last may lack what that has.
+// A first bar may be a pickup, and the last may lack what that has.
 bool MayBeShort(const std::vector<BarReading>& bars, std::size_t index) {
     return index == 0 ||
            (index + 1 == bars.size() && bars.front().Bar->GetBarLength() < MetreOf(*bars.front().Bar));
 }
 
-/// Two equal distances between neighbouring columns, and two lengths.
+// Two equal distances between neighbouring columns, and two lengths.
 bool HasUnevenLengths(const TabBar& bar) {
     if (!bar.HasRhythms() || bar.GetRhythmLine().m_Kind != RhythmLineKind::None || bar.ScoreBarCount() != 1)
         return false;
@@ -52,7 +52,7 @@ std::string_view RhythmTextOver(const TabBar& bar) {
     return line.substr(start, static_cast<std::size_t>(bar.GetWidth()));
 }
 
-/// A letter of a note-length line with another letter or a number right after it: "E5", "Hey".
+// A letter of a note-length line with another letter or a number right after it: "E5", "Hey".
 bool HasOtherLetters(std::string_view text) {
     for (std::size_t at = 0; at < text.size(); ++at) {
         const bool isTie = text[at] == 'x';
@@ -64,7 +64,7 @@ bool HasOtherLetters(std::string_view text) {
     return false;
 }
 
-/// Numbers that begin anywhere and go up by one, or begin again at one; with other signs between them.
+// Numbers that begin anywhere and go up by one, or begin again at one; with other signs between them.
 bool CountsBeats(std::string_view text) {
     int last = 0;
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -81,7 +81,7 @@ bool CountsBeats(std::string_view text) {
     return last != 0;
 }
 
-/// Empty where the line counts time, and where there is none.
+// Empty where the line counts time, and where there is none.
 std::string WhyNoRhythmLine(const TabBar& bar) {
     const RhythmLineKind kind = bar.GetRhythmLine().m_Kind;
     if (kind == RhythmLineKind::None)

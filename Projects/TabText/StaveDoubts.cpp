@@ -25,13 +25,13 @@ std::string Count(int number, const char* what) {
     return std::to_string(number) + " " + what;
 }
 
-/// The stave is what was left below one of six lines without a gap.
+// The stave is what was left below one of six lines without a gap.
 bool IsRestOfARun(const TabStave* before, const TabStave& stave) {
     return before != nullptr && before->GetEndLine() == stave.GetFirstLine() &&
            stave.GetLineCount() < kMostLinesOfAStave;
 }
 
-/// The number of lines of the run that the stave at `index` ends.
+// The number of lines of the run that the stave at `index` ends.
 int LinesOfRun(const std::vector<std::unique_ptr<TabStave>>& staves, std::size_t index) {
     std::size_t first = index;
     while (first > 0 && staves[first - 1]->GetEndLine() == staves[first]->GetFirstLine())
@@ -44,7 +44,7 @@ bool IsFretBesideDash(std::string_view line, std::size_t at) {
     return isFret && ((at > 0 && line[at - 1] == '-') || (at + 1 < line.size() && line[at + 1] == '-'));
 }
 
-/// The line was drawn as a string: mostly of dashes, with a number or the name of a string.
+// The line was drawn as a string: mostly of dashes, with a number or the name of a string.
 bool LooksLikeAString(std::string_view line) {
     constexpr int kPercentDrawn = 60;
     int drawn = 0;
@@ -66,7 +66,7 @@ bool LooksLikeAString(std::string_view line) {
     return hasStrokes && (hasFret || hasName) && drawn * 100 >= all * kPercentDrawn;
 }
 
-/// Lines that were left out, neighbours as one.
+// Lines that were left out, neighbours as one.
 std::vector<IgnoredLines> BlocksOfIgnoredLines(const TabReading& reading) {
     std::vector<IgnoredLines> lines = reading.GetIgnoredLines();
     std::sort(lines.begin(), lines.end(),
@@ -86,7 +86,7 @@ bool TouchesAStave(const TabReading& reading, const IgnoredLines& block) {
     return (block.First > 0 && analysis.IsStaveLine(block.First - 1)) || analysis.IsStaveLine(block.Last + 1);
 }
 
-/// Reports the blocks that look like strings and touch a stave, or those that touch none.
+// Reports the blocks that look like strings and touch a stave, or those that touch none.
 void FindIgnoredStrings(const TabReading& reading, bool touching, DoubtSink& doubts) {
     const TabFile& file = reading.GetFile();
     for (const IgnoredLines& block : BlocksOfIgnoredLines(reading)) {
@@ -112,7 +112,7 @@ bool IsAnnotation(std::string_view line) {
     });
 }
 
-/// How many lines of the bar have a "|" in each column; such columns are no barlines, or the bar would end.
+// How many lines of the bar have a "|" in each column; such columns are no barlines, or the bar would end.
 std::vector<int> CountStrokes(const TabBar& bar) {
     std::vector<int> strokes(static_cast<std::size_t>(bar.GetWidth()));
     for (int line = bar.GetFirstLine(); line < bar.GetFirstLine() + bar.GetLineCount(); ++line)
@@ -136,7 +136,7 @@ void FindBrokenBarlinesIn(const TabBar& bar, DoubtSink& doubts) {
     }
 }
 
-/// More than the quavers of a common bar, and nobody would have written them without a barline.
+// More than the quavers of a common bar, and nobody would have written them without a barline.
 constexpr std::size_t kMostColumnsOfAPlainBar = 8;
 
 bool LacksBarlines(const StaveBars& stave) {

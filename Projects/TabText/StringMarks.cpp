@@ -19,7 +19,7 @@ using Score::Technique;
 constexpr int kQuarterTonesPerSemitone = 2;
 constexpr int kQuarterTonesPerTone = 4;
 
-/// A fret number or a dead note on one line of a bar. Places count in the bar's text.
+// A fret number or a dead note on one line of a bar. Places count in the bar's text.
 struct Stop {
     std::size_t Start = 0;
     std::size_t End = 0;
@@ -31,7 +31,7 @@ bool IsDead(char c) {
     return c == 'x' || c == 'X';
 }
 
-/// Walks one line of a bar from stop to stop.
+// Walks one line of a bar from stop to stop.
 class StringReader {
 public:
     StringReader(const TabBar& bar, std::size_t barIndex, int line, const SignMeanings& signs,
@@ -94,7 +94,7 @@ private:
             Add(stop, {Technique::NaturalHarmonic, 0}, stop.Start - 1, stop.End + 1);
     }
 
-    /// The signs between the stop before and the next one.
+    // The signs between the stop before and the next one.
     void ReadBefore() {
         const std::size_t end = After() == nullptr ? m_Text.size() : After()->Start;
         std::size_t at = Before() == nullptr ? 0 : Before()->End;
@@ -109,7 +109,7 @@ private:
         return &*std::find_if(signs.begin(), signs.end(), [](const Sign& sign) { return sign.Text == "tr"; });
     }
 
-    /// Gives the place after the sign.
+    // Gives the place after the sign.
     std::size_t ReadSign(const Sign& sign, std::size_t at, std::size_t end) {
         std::size_t after =
             at + (sign.Kind == Technique::Trill && m_Text.substr(at).starts_with("tr") ? 2 : 1);
@@ -144,7 +144,7 @@ private:
         Add(*Before(), {kind, 0}, at, at + 1);
     }
 
-    /// True when the sign at `at` leads on from `stop`, or to it, with no dash and little else between them.
+    // True when the sign at `at` leads on from `stop`, or to it, with no dash and little else between them.
     bool Touches(const Stop& stop, std::size_t at) const {
         constexpr std::size_t kReach = 4;
         const std::size_t start = std::min(stop.End, at);
@@ -169,7 +169,7 @@ private:
             Add(*After(), {Technique::SlideIn, direction}, at, at + 1);
     }
 
-    /// In quarter tones for a bend, as a fret for a trill.
+    // In quarter tones for a bend, as a fret for a trill.
     int AmountOf(Technique kind, std::size_t after, std::size_t end) const {
         const std::size_t bracket = At(after) == '(' ? 1 : 0;
         const bool hasNumber = After() != nullptr && after + bracket == end;
@@ -201,7 +201,7 @@ private:
     const SignMeanings& m_Signs;
     std::vector<NoteMark>& m_Marks;
     std::vector<Stop> m_Stops;
-    /// Index of the stop that comes next.
+    // Index of the stop that comes next.
     std::size_t m_Next = 0;
 };
 

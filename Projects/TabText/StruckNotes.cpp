@@ -14,7 +14,7 @@ namespace {
 using Fretline::TabBar;
 using Fretline::TabColumn;
 
-/// As many values of a fret number as reach a pitch.
+// As many values of a fret number as reach a pitch.
 constexpr int kFretRange = 256;
 
 std::optional<StruckNote> NoteOn(const TabBar& bar, const TabColumn& column, int string) {

@@ -21,10 +21,10 @@ using Fretline::TabFile;
 using Nvr::Ascii::IsAlnum;
 using Nvr::Ascii::IsAlpha;
 
-/// As far as a word is looked at on either side of a place: further than that, none is a symbol.
+// As far as a word is looked at on either side of a place: further than that, none is a symbol.
 constexpr std::size_t kReach = 40;
 
-/// The word of the line in which the column stands, which is no blank.
+// The word of the line in which the column stands, which is no blank.
 Word WordAt(std::string_view line, int column) {
     const auto isBlank = [](char c) { return c == '\0' || Nvr::Ascii::IsSpace(c); };
     const auto place = static_cast<std::size_t>(column);
@@ -37,13 +37,13 @@ Word WordAt(std::string_view line, int column) {
     return {static_cast<int>(start), line.substr(start, end - start)};
 }
 
-/// A chord symbol that reached the score, and the word of the text that it was read from.
+// A chord symbol that reached the score, and the word of the text that it was read from.
 struct WrittenChord {
     const TabChord* Chord = nullptr;
     int Line = 0;
     Word Origin;
 
-    /// All letters and numbers of the word belong to the symbol.
+    // All letters and numbers of the word belong to the symbol.
     bool IsWholeWord() const {
         const auto inside = [&](int column) { return column >= Chord->m_Start && column < Chord->m_End; };
         for (std::size_t at = 0; at < Origin.Text.size(); ++at)
@@ -83,7 +83,7 @@ bool IsLetterAt(const TabFile& file, int line, int column) {
     return column >= 0 && IsAlpha(file.GetChar(line, column));
 }
 
-/// One blank, and then the text goes on: the label was cut there.
+// One blank, and then the text goes on: the label was cut there.
 bool GoesOnAfter(const TabFile& file, int line, int end) {
     return file.GetChar(line, end) == ' ' && IsLetterAt(file, line, end + 1);
 }
@@ -99,7 +99,7 @@ bool TouchesOtherText(const TabFile& file, const Fretline::TabTimeSignature& tim
            file.GetChar(time.m_Line, time.m_EndColumn + 1) == '/';
 }
 
-/// "1/2 step", "3/4 of the way".
+// "1/2 step", "3/4 of the way".
 bool MeasuresSomethingElse(const TabFile& file, const Fretline::TabTimeSignature& time) {
     const std::vector<Word> words =
         WordsOf(file.GetLine(time.m_Line).substr(static_cast<std::size_t>(time.m_EndColumn) + 1, kReach));
@@ -108,7 +108,7 @@ bool MeasuresSomethingElse(const TabFile& file, const Fretline::TabTimeSignature
                                                             "of", "way", "hour", "hours", "times"});
 }
 
-/// A sentence that says nothing of metre.
+// A sentence that says nothing of metre.
 bool IsOtherProse(std::string_view line) {
     constexpr std::ptrdiff_t kWordsOfASentence = 5;
     for (const std::string_view word :
@@ -124,7 +124,7 @@ bool IsOtherProse(std::string_view line) {
 
 } // namespace
 
-/// Said once a line, at the first of them.
+// Said once a line, at the first of them.
 void FindChordsFromWords(const TabReading& reading, DoubtSink& doubts) {
     std::map<int, bool> linesOfChords;
     struct Found {

@@ -19,12 +19,12 @@ using Fretline::TabStave;
 
 constexpr int kChrom2PerSemitone = 2;
 
-/// A stave that begins a stretch of staves whose tuning is not the score's.
+// A stave that begins a stretch of staves whose tuning is not the score's.
 struct OddStave {
     StaveBars Stave;
-    /// The open strings of the score.
+    // The open strings of the score.
     const std::vector<int>* ScoreTuning = nullptr;
-    /// The notes of the stave that lie below these, and the first of them.
+    // The notes of the stave that lie below these, and the first of them.
     int NotesBelow = 0;
     StruckNote FirstBelow;
 };
@@ -42,7 +42,7 @@ void CountNotesBelow(OddStave& odd) {
     }
 }
 
-/// Staves of another size are another doubt.
+// Staves of another size are another doubt.
 std::vector<OddStave> FindOddStaves(const TabReading& reading) {
     std::vector<OddStave> odd;
     const std::vector<StaveBars> staves = StavesWithBars(reading);
@@ -65,7 +65,7 @@ std::string WhatIsOdd(const OddStave& odd) {
            TuningText(*odd.ScoreTuning);
 }
 
-/// The topmost line whose string differs from the score's.
+// The topmost line whose string differs from the score's.
 int FirstOddLine(const OddStave& odd) {
     const std::vector<int>& tuning = odd.Stave.Stave->GetTuning();
     std::size_t string = tuning.size() - 1;
@@ -74,7 +74,7 @@ int FirstOddLine(const OddStave& odd) {
     return odd.Stave.Stave->GetEndLine() - 1 - static_cast<int>(string);
 }
 
-/// The letters of a stave with what is written right after each, from the top; empty without letters.
+// The letters of a stave with what is written right after each, from the top; empty without letters.
 std::string LettersOf(const TabFile& file, const TabStave& stave, int column) {
     std::string letters;
     for (int line = stave.GetFirstLine(); column >= 0 && line < stave.GetEndLine(); ++line) {

@@ -13,7 +13,7 @@ constexpr int kChrom2PerSemitone = 2;
 constexpr int kSemitonesPerOctave = 12;
 constexpr std::size_t kFewestStrings = 4;
 
-/// From A to G.
+// From A to G.
 constexpr std::array<int, 7> kPitchClasses{9, 11, 0, 2, 4, 5, 7};
 
 } // namespace

@@ -30,7 +30,7 @@ void ForEachLineOfWords(const TabReading& reading, Visit visit) {
             visit(line, reading.GetFile().GetLine(line));
 }
 
-/// The pitch classes of the strings of each stave, lowest first.
+// The pitch classes of the strings of each stave, lowest first.
 std::set<std::vector<int>> TuningsRead(const TabReading& reading) {
     std::set<std::vector<int>> tunings;
     for (const StaveBars& entry : StavesWithBars(reading)) {
@@ -42,8 +42,8 @@ std::set<std::vector<int>> TuningsRead(const TabReading& reading) {
     return tunings;
 }
 
-/// A place in a line where a tuning is stated. It was used when some stave has these strings; with one string
-/// given, as its lowest.
+// A place in a line where a tuning is stated. It was used when some stave has these strings; with one string
+// given, as its lowest.
 struct StatedTuning {
     int Column = 0;
     int EndColumn = 0;
@@ -57,7 +57,7 @@ struct StatedTuning {
     }
 };
 
-/// The words from `first` on while they spell strings, read as one: "D A D G A D".
+// The words from `first` on while they spell strings, read as one: "D A D G A D".
 StatedTuning JoinSpelledWords(const std::vector<Word>& words, std::size_t first) {
     constexpr std::size_t kMostStrings = 8;
     StatedTuning stated{words[first].Column, words[first].GetEndColumn(), {}};
@@ -78,7 +78,7 @@ StatedTuning JoinSpelledWords(const std::vector<Word>& words, std::size_t first)
     return stated;
 }
 
-/// "Drop D": the lowest string alone.
+// "Drop D": the lowest string alone.
 std::optional<StatedTuning> FindDropTuning(const std::vector<Word>& words) {
     for (std::size_t index = 0; index + 1 < words.size(); ++index) {
         const Word note = WithoutPunctuation(words[index + 1]);
@@ -91,7 +91,7 @@ std::optional<StatedTuning> FindDropTuning(const std::vector<Word>& words) {
     return std::nullopt;
 }
 
-/// "Tuning: D A D G A D", "tuned to DADGAD": the letters after such a word.
+// "Tuning: D A D G A D", "tuned to DADGAD": the letters after such a word.
 std::optional<StatedTuning> FindSpelledTuning(const std::vector<Word>& words) {
     bool isOfTuning = false;
     for (std::size_t index = 0; index < words.size(); ++index) {
@@ -104,7 +104,7 @@ std::optional<StatedTuning> FindSpelledTuning(const std::vector<Word>& words) {
     return std::nullopt;
 }
 
-/// "Tune down a half step", "all strings down 1/2 step".
+// "Tune down a half step", "all strings down 1/2 step".
 std::optional<StatedTuning> FindShiftedTuning(std::string_view line) {
     const std::size_t down = FindInAnyCase(line, "down");
     const bool isShift = FindInAnyCase(line, "step") != std::string_view::npos ||
@@ -124,7 +124,7 @@ std::optional<StatedTuning> FindStatedTuning(std::string_view line) {
 
 struct Instrument {
     std::string_view Word;
-    /// The stave of so many lines is read as something else; 0 for any.
+    // The stave of so many lines is read as something else; 0 for any.
     int Lines;
 };
 
@@ -141,7 +141,7 @@ bool IsOtherByte(char c) {
     return static_cast<unsigned char>(c) > 0x7F;
 }
 
-/// Bytes of this line reach the score, or were drawn as a stave in other characters.
+// Bytes of this line reach the score, or were drawn as a stave in other characters.
 bool AreBytesRead(const TabReading& reading, int line, const std::set<int>& symbolLines) {
     constexpr std::ptrdiff_t kBytesOfADrawing = 24;
     const std::string_view text = reading.GetFile().GetLine(line);
@@ -150,7 +150,7 @@ bool AreBytesRead(const TabReading& reading, int line, const std::set<int>& symb
                          count >= kBytesOfADrawing);
 }
 
-/// Lines of chords, rhythms and labels that the score has.
+// Lines of chords, rhythms and labels that the score has.
 std::set<int> SymbolLines(const TabReading& reading) {
     std::set<int> lines;
     for (const BarReading& bar : reading.GetBars())

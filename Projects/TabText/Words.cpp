@@ -39,7 +39,7 @@ bool TakeRoot(string_view& text) {
     return true;
 }
 
-/// What may follow the root of a chord, longer spellings first.
+// What may follow the root of a chord, longer spellings first.
 bool TakeQuality(string_view& text) {
     for (const string_view quality :
          {"maj", "Maj", "min", "mi", "m", "M", "sus", "add", "dim", "aug", "alt", "no", "#", "b", "+", "-"})
@@ -58,7 +58,7 @@ bool TakeQuality(string_view& text) {
     return false;
 }
 
-/// Says nothing about whether its line holds chords: a count, a barline, "N.C.", "x4".
+// Says nothing about whether its line holds chords: a count, a barline, "N.C.", "x4".
 bool IsNeutral(string_view word) {
     const string_view bare = WithoutPunctuation({0, word}).Text;
     const bool isCount = !bare.empty() && std::all_of(bare.begin(), bare.end(), [](char c) {

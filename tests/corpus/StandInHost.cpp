@@ -41,7 +41,7 @@ struct Options {
     std::vector<std::string> Files;
 };
 
-/// False when the line cannot be understood.
+// False when the line cannot be understood.
 bool ReadOptions(int count, char** words, Options& options) {
     const struct {
         const char* Word;
@@ -68,7 +68,7 @@ bool ReadOptions(int count, char** words, Options& options) {
     return true;
 }
 
-/// FNV-1a with 64 bits, as hexadecimal digits.
+// FNV-1a with 64 bits, as hexadecimal digits.
 std::string Digest(const std::string& bytes) {
     std::uint64_t digest = 14695981039346656037U;
     for (const char byte : bytes)
@@ -91,7 +91,7 @@ std::string NameOf(const std::string& path) {
     return path.substr(path.find_last_of("/\\") + 1);
 }
 
-/// A host of its own with the library loaded anew, which shows its dialog again; false if it does not start.
+// A host of its own with the library loaded anew, which shows its dialog again; false if it does not start.
 bool OpenAll(const std::vector<std::string>& files, const std::string& config, int level,
              const Options& options) {
     const bool hasLibrary =

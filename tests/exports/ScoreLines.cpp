@@ -24,7 +24,7 @@ namespace {
 using namespace ReferenceHost;
 using namespace Score;
 
-/// The techniques that both reading programs can hold, or one of them.
+// The techniques that both reading programs can hold, or one of them.
 std::string Letters(const ModelNote& note) {
     static constexpr std::pair<Technique, char> kLetters[] = {
         {Technique::HammerOn, 'h'}, {Technique::PullOff, 'h'},         {Technique::Slide, 's'},

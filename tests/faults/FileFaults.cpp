@@ -13,7 +13,7 @@ std::function<void(const char* path)> BeforeNewFile;
 
 namespace {
 
-/// The function of that name that this program stands in front of.
+// The function of that name that this program stands in front of.
 template <class Function>
 Function* Real(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));

@@ -17,8 +17,8 @@
 
 namespace {
 
-/// A template of few nodes, so that every single allocation can have its turn; yet with a part map to
-/// dissolve, a lead-in and a row to make a stave type from.
+// A template of few nodes, so that every single allocation can have its turn; yet with a part map to
+// dissolve, a lead-in and a row to make a stave type from.
 constexpr std::string_view kTemplate =
     "{Music{StaveTypes{{Id\"stafftype.tab.6.rhythms.guitar.standard\" Category\"2\" ShowRhythms\"true\""
     " Pitches{\"80\"}}} BarSpacings{{BarNum{__PartMapDefault\"0\"}}} SystemStave{Bars{{}}} Staves{} "
@@ -28,7 +28,7 @@ const Nvr::Platform::DataResource kData[] = {
 constexpr Nvr::Platform::StringResource kStrings[] = {{102, "Importing Tab file"}};
 const Nvr::Platform::ResourceTable kResources(kStrings, kData);
 
-/// Everything that is read from a tab, and a line that is reported.
+// Everything that is read from a tab, and a line that is reported.
 constexpr const char* kTab = "---- a line of hyphens ----\n\n"
                              "Intro\n"
                              "     Am       F#m7/C#\n"
@@ -48,7 +48,7 @@ constexpr const char* kTab = "---- a line of hyphens ----\n\n"
 constexpr const char* kOldOptions = "{RhythmLevel\"2\" Other\"kept\"}";
 constexpr const char* kNewOptions = "\r\n{\r\n\tRhythmLevel \"2\"\r\n\tOther \"kept\"\r\n}\r\n";
 
-/// What fails once may fail in the handler of that too, and in the handler's own; or is gone from then on.
+// What fails once may fail in the handler of that too, and in the handler's own; or is gone from then on.
 constexpr int kInARow[] = {1, 2, 3, FaultCountdown::kAllLater};
 
 class OpenFileFaults : public testing::Test {
@@ -69,8 +69,8 @@ protected:
         Fretline::OpenFile(m_Tab.c_str());
     }
 
-    /// Opens the tab with each call of a kind failing in turn. Whatever became of it: what was opened is
-    /// closed, no file is left, the options are whole, and the next open is as if nothing had been.
+    // Opens the tab with each call of a kind failing in turn. Whatever became of it: what was opened is
+    // closed, no file is left, the options are whole, and the next open is as if nothing had been.
     int FailEachOf(FaultCountdown& faults, int inARow) {
         m_Config.Write("FretlineOptions.txt", kOldOptions);
         Open();

@@ -16,8 +16,8 @@ using Nvr::TreeNodePool;
 
 namespace {
 
-/// Runs an action with each of its allocations failing in turn, beginning each run with an empty string
-/// table. No run may leave a node behind, nor change the tree that the action is not to change.
+// Runs an action with each of its allocations failing in turn, beginning each run with an empty string
+// table. No run may leave a node behind, nor change the tree that the action is not to change.
 class TreeFaults : public testing::Test {
 protected:
     TreeFaults() {

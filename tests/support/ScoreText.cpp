@@ -11,7 +11,7 @@ namespace {
 
 using Nvr::TreeNode;
 
-/// A child that is expected at its place: its label, and its value unless that may vary.
+// A child that is expected at its place: its label, and its value unless that may vary.
 struct Expected {
     const char* Label;
     const char* Value;
@@ -19,7 +19,7 @@ struct Expected {
 
 constexpr const char* kVaries = nullptr;
 
-/// The values of the children that vary, in order, when the children are exactly those expected.
+// The values of the children that vary, in order, when the children are exactly those expected.
 std::optional<std::vector<std::string>> Match(const TreeNode& node, std::span<const Expected> pattern) {
     if (node.GetChildCount() != static_cast<int>(pattern.size()))
         return std::nullopt;
@@ -165,7 +165,7 @@ std::string SpacingText(const TreeNode& spacing, int number) {
     return values ? (*values)[0] + " units, flags " + (*values)[1] : NodeText(spacing);
 }
 
-/// The stave type that the lead-in bar names, and the row that was made for it, if any.
+// The stave type that the lead-in bar names, and the row that was made for it, if any.
 std::string StaveTypeText(const TreeNode* music, const TreeNode* leadIn, std::vector<int>& tuning) {
     std::string id;
     for (const TreeNode* item : Children(Follow(leadIn, {"Items"})))

@@ -16,7 +16,7 @@ constexpr std::array<const char*, 12> kChords{"Am", "C",     "G7",  "Dm",   "F",
 constexpr std::array<const char*, 6> kLabels{"Intro", "Verse 1", "Chorus", "Bridge", "Solo", "Outro"};
 constexpr std::array<const char*, 4> kSignatures{"4/4", "3/4", "6/8", "2/2"};
 
-/// The lines of one stave and of what stands above it, grown column by column.
+// The lines of one stave and of what stands above it, grown column by column.
 class StaveText {
 public:
     StaveText(const TabBookStyle& style, Dice& dice)
@@ -103,7 +103,7 @@ int CountLines(const std::string& text) {
     return lines;
 }
 
-/// Puts a sign where nobody expects one.
+// Puts a sign where nobody expects one.
 void Disturb(std::string& text, Dice& dice) {
     static constexpr std::string_view kSigns = "-|xX 0123456789hp/\\~b#()EQWHSTm\t/AaGg.+";
     const int count = dice.Roll(12);

@@ -15,14 +15,14 @@ using Nvr::TreeNode;
 
 namespace {
 
-/// The part of the progress bar in which the bars of the text are read.
+// The part of the progress bar in which the bars of the text are read.
 constexpr int kFirstPercentOfBars = 20;
 constexpr int kPercentOfBars = 60;
 
-/// "MakesStaveVisible" of the lead-in bar and of the bars of the system stave.
+// "MakesStaveVisible" of the lead-in bar and of the bars of the system stave.
 constexpr int kBarWithoutMusic = 0;
 
-/// "Flags" of a bar spacing, and those of the bar before a section label.
+// "Flags" of a bar spacing, and those of the bar before a section label.
 constexpr int kSpacingFlags = 7;
 constexpr int kSpacingFlagsBeforeLabel = 6;
 
@@ -30,7 +30,7 @@ constexpr int kNoSharps = 0;
 constexpr int kKeySignatureFlags = 3;
 constexpr int kNoBank = -1;
 
-/// Heights and gaps, in the host's units.
+// Heights and gaps, in the host's units.
 constexpr int kLabelHeight = 32;
 constexpr int kLabelHeightAboveChords = 128;
 constexpr int kGapForLabel = 400;
@@ -60,14 +60,14 @@ Nvr::TVAList<int> CopyOf(const std::vector<int>& tuning) {
     return pitches;
 }
 
-/// What one pass over the score bars leaves for the next.
+// What one pass over the score bars leaves for the next.
 struct FormerBar {
     TreeNode* Spacing = nullptr;
     const TabTimeSignature* TimeSignature = nullptr;
 };
 
-/// Writes one score: the instrument, the stave with its lead-in, the music, and what is known only when all
-/// bars have been read. Borrows everything; what the template lacks is left out.
+// Writes one score: the instrument, the stave with its lead-in, the music, and what is known only when all
+// bars have been read. Borrows everything; what the template lacks is left out.
 class ScoreBuilder {
 public:
     ScoreBuilder(TabAnalysis& analysis, ScoreHolder& score, Nvr::ConverterOutput& output, TreeNode& music)
@@ -75,7 +75,7 @@ public:
         m_StaveIndices.Add(0);
     }
 
-    /// True when the score has a bar. Throws std::out_of_range when the text has none to read.
+    // True when the score has a bar. Throws std::out_of_range when the text has none to read.
     bool Build() {
         AddBoolChild(&m_Music, "ReBeamAll", true);
         const TabBar& firstBar = *m_Analysis.GetReadableBars().at(0);
@@ -96,7 +96,7 @@ private:
         AddBarline(GetSection(&m_Music, SectionBarlines), m_StaveIndices);
     }
 
-    /// The template's own entry stands for the lead-in bar, which takes no time.
+    // The template's own entry stands for the lead-in bar, which takes no time.
     void ClearLeadInSpacing() {
         m_BarSpacings = FindIn(&m_Music, "BarSpacings");
         if (m_BarSpacings != nullptr)
@@ -127,7 +127,7 @@ private:
         }
     }
 
-    /// Puts the stave on a stave type with the tuning of the text, one of the template's or a new one.
+    // Puts the stave on a stave type with the tuning of the text, one of the template's or a new one.
     void ChooseStaveType(const Nvr::TVAList<int>& pitches, bool hasRhythms) {
         String id;
         if (m_Score.FindStaveType(pitches, hasRhythms, id)) {
@@ -174,7 +174,7 @@ private:
                       m_Analysis.BarHasChords(scoreBar) ? kLabelHeightAboveChords : kLabelHeight);
     }
 
-    /// Room for the label and the chords of a bar; 0 for none.
+    // Room for the label and the chords of a bar; 0 for none.
     int GapAbove(int scoreBar) const {
         if (m_Analysis.LabelOf(scoreBar) != nullptr)
             return kGapForLabel;

@@ -16,7 +16,7 @@ namespace {
 constexpr std::array kSectionLabels = {"Bars",        "Items",       "Staves",   "Barlines", "Notes",
                                        "Instruments", "BarSpacings", "Brackets", "MidPoints"};
 
-/// Appends and gives back the child; a failed append frees it.
+// Appends and gives back the child; a failed append frees it.
 TreeNode* Append(TreeNode& parent, std::unique_ptr<TreeNode> child) {
     TreeNode* const added = child.release();
     parent.AddChild(added);
@@ -41,7 +41,7 @@ TreeNode* SetScalarChild(TreeNode* parent, const String& label, Value value) {
 
 using NodeList = std::vector<std::unique_ptr<TreeNode>>;
 
-/// Leaves `node` without children.
+// Leaves `node` without children.
 NodeList TakeChildren(TreeNode& node) {
     NodeList children;
     children.reserve(static_cast<std::size_t>(node.GetChildCount()));
@@ -51,7 +51,7 @@ NodeList TakeChildren(TreeNode& node) {
     return children;
 }
 
-/// A part map becomes the value, or the record, of the full score.
+// A part map becomes the value, or the record, of the full score.
 bool FlattenPartMap(TreeNode* node, TreeNode* /*parent*/, int /*depth*/) {
     static const String kDefault("__PartMapDefault");
     if (node == nullptr)

@@ -11,11 +11,11 @@ using Nvr::TreeNode;
 namespace {
 
 constexpr const char* kInstrumentNameStyle = "text.instrumentname";
-/// "Flags" of a time signature that a conversion writes.
+// "Flags" of a time signature that a conversion writes.
 constexpr int kTimeSignatureFlags = 7;
-/// A system text keeps its height for each of the places where a system may show it.
+// A system text keeps its height for each of the places where a system may show it.
 constexpr int kYPositionCount = 5;
-/// Bits of "MIDIflags".
+// Bits of "MIDIflags".
 constexpr int kNoBankHigh = 1;
 constexpr int kNoBankLow = 2;
 
@@ -23,7 +23,7 @@ TreeNode* AddItem(TreeNode* parent, const char* kind) {
     return AddTypedChild(parent, String(), kind, false);
 }
 
-/// An item of the lead-in bar, which stands after every position and belongs to all voices.
+// An item of the lead-in bar, which stands after every position and belongs to all voices.
 TreeNode* AddLeadInItem(TreeNode* items, const char* kind) {
     TreeNode* const item = AddItem(items, kind);
     WriteItemHeader(item, kPositionBehindBar, kAllVoices, 0, 0);
@@ -50,13 +50,13 @@ int PackTremolo(const NoteRestRecord& record) {
     return (record.TremoloA * 8 + record.TremoloB) * 4 + record.TremoloC;
 }
 
-/// The fields from bit 0 up in the order of the record, the number two bits wide. Conversions leave all at 0.
+// The fields from bit 0 up in the order of the record, the number two bits wide. Conversions leave all at 0.
 int PackNoteRestFlags(const NoteRestRecord& record) {
     return (record.Flag0 ? 1 : 0) | (record.FlagField & 3) << 1 | (record.Flag1 ? 1 << 3 : 0) |
            (record.Flag2 ? 1 << 4 : 0) | (record.Flag3 ? 1 << 5 : 0) | (record.Flag4 ? 1 << 6 : 0);
 }
 
-/// Top and bottom with the host's line mark between them: a backslash, "n" and a backslash, not a line end.
+// Top and bottom with the host's line mark between them: a backslash, "n" and a backslash, not a line end.
 String TimeSignatureText(int top, int logUnitLength) {
     return String::FromInt(top) + "\\n\\" + String::FromInt(kUnitsPerWholeNote >> logUnitLength);
 }

@@ -8,7 +8,7 @@ namespace Fretline {
 
 namespace {
 
-/// Percent of the progress bar at which a stage of the work is done.
+// Percent of the progress bar at which a stage of the work is done.
 constexpr int kTextIsRead = 0;
 constexpr int kAnalysisIsComplete = 10;
 constexpr int kTemplateIsInPlace = 20;
@@ -16,7 +16,7 @@ constexpr int kScoreIsComplete = 80;
 
 constexpr int kSystemCodePage = 0;
 
-/// Frees the analysis before the file that it borrows, also when an exception passes.
+// Frees the analysis before the file that it borrows, also when an exception passes.
 class AnalysisRelease {
 public:
     explicit AnalysisRelease(std::unique_ptr<TabAnalysis>& analysis) : m_Analysis(analysis) {}

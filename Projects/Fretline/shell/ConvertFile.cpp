@@ -18,11 +18,11 @@ using Nvr::String;
 
 namespace {
 
-/// A name that nobody can predict is taken only by somebody who watches the folder and is quick.
+// A name that nobody can predict is taken only by somebody who watches the folder and is quick.
 constexpr int kReservationTries = 10;
 
-/// Makes the score file: the name of the reserved file with another extension. The path stays empty when that
-/// is taken, be it by a link.
+// Makes the score file: the name of the reserved file with another extension. The path stays empty when that
+// is taken, be it by a link.
 void MakeScoreFile(const Nvr::DiskFile& reserved, String& path) {
     Nvr::DiskFile score = reserved;
     score.ChangeExtension("nvf", false, false);

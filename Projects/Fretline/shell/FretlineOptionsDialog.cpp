@@ -14,7 +14,7 @@ constexpr int kAlways = 1000;
 constexpr int kWhenIndicated = 1001;
 constexpr int kNever = 1002;
 
-/// 0 for a level that no button stands for.
+// 0 for a level that no button stands for.
 int ButtonOf(int rhythmLevel) {
     switch (rhythmLevel) {
     case kRhythmsNever:

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t kBlockSize = 65536;
 
-/// Counts what tells a tab from another text; a file of any size takes the same room.
+// Counts what tells a tab from another text; a file of any size takes the same room.
 class TabTextCount {
 public:
     void Add(std::string_view bytes) {

@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kNoContext = -2;
 
-/// What the host's progress dialog is created with.
+// What the host's progress dialog is created with.
 constexpr int kLowestPercent = 0;
 constexpr int kHighestPercent = 100;
 constexpr int kLastDialogNumber = 30;
@@ -35,7 +35,7 @@ void CreateProgressDialog() {
                                               kHighestPercent, kLastDialogNumber);
 }
 
-/// Its answer is not looked at: the dialog has only just come, or is about to go.
+// Its answer is not looked at: the dialog has only just come, or is about to go.
 void UpdateProgressDialog(int percent) {
     const Nvr::HostCallGuard guard;
     if (HostFunctions().UpdateProgressDialog != nullptr)
@@ -54,7 +54,7 @@ void LoadScore(const String& path) {
         HostFunctions().LoadTempFile(path.CStr());
 }
 
-/// A step that must not keep the next one from running, whatever it throws.
+// A step that must not keep the next one from running, whatever it throws.
 template <class Step>
 void RunShielded(Step step) noexcept {
     try {
@@ -64,7 +64,7 @@ void RunShielded(Step step) noexcept {
     }
 }
 
-/// Runs at the end of every open that got past the test of the file.
+// Runs at the end of every open that got past the test of the file.
 class ClosingSequence {
 public:
     ClosingSequence() = default;

@@ -13,7 +13,7 @@ namespace Fretline {
 
 namespace {
 
-/// What the host makes of it is not known here.
+// What the host makes of it is not known here.
 constexpr std::int32_t kLastWordOfInfo = 8;
 
 bool BindAllOrNone() {

@@ -59,7 +59,7 @@ bool IsLiteral(std::string_view token) {
     return startsRight && std::ranges::all_of(token.substr(1), Nvr::Ascii::IsDigit);
 }
 
-/// The state machine of ParseChordSymbol: one function a state, and one for blanks in any state.
+// The state machine of ParseChordSymbol: one function a state, and one for blanks in any state.
 struct ChordReader {
     enum class State { Root, Suffix, Bass };
 

@@ -23,13 +23,13 @@ constexpr int kMostKindsOfBeatSymbol = 3;
 constexpr int kFirstBeatBelowPercent = 25;
 constexpr int kLastBeatAbovePercent = 60;
 
-/// What a line holds over a bar, every digit counting as one symbol.
+// What a line holds over a bar, every digit counting as one symbol.
 struct BeatSymbols {
     std::array<int, 256> m_Counts{};
     int m_Total = 0;
     int m_First = 0;
     int m_Last = 0;
-    /// Two symbols side by side, the right one at column 2 or later, and at column 1.
+    // Two symbols side by side, the right one at column 2 or later, and at column 1.
     bool m_LateAdjacent = false;
     bool m_EarlyAdjacent = false;
 

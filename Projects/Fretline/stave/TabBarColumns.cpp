@@ -14,15 +14,15 @@ namespace {
 // Guitars have hardly more frets; a run of digits of a higher value cannot be one number.
 constexpr int kHighestFretReadAsOneNumber = 22;
 
-/// The fret characters from some column on to the next other character.
+// The fret characters from some column on to the next other character.
 struct FretRun {
     int m_Length;
-    /// It cannot be one number.
+    // It cannot be one number.
     bool m_TooBig;
 };
 
-/// Gives the runs of one line of a bar, from columns asked for in ascending order. What a run holds is
-/// gathered once, so that asking for each of its columns does not cost its length each time.
+// Gives the runs of one line of a bar, from columns asked for in ascending order. What a run holds is
+// gathered once, so that asking for each of its columns does not cost its length each time.
 class FretRunReader {
 public:
     FretRunReader(const TabBar& bar, int line) : m_Bar(bar), m_Line(line) {}

@@ -12,7 +12,7 @@ namespace Fretline {
 
 namespace {
 
-/// The blank that a label does not reach over.
+// The blank that a label does not reach over.
 constexpr std::ptrdiff_t kStoppingBlank = 3;
 
 bool IsLetterAt(const TabFile& file, int line, int column) {
@@ -23,7 +23,7 @@ bool IsPartOfWord(const TabFile& file, int line, int column, int length) {
     return IsLetterAt(file, line, column - 1) || IsLetterAt(file, line, column + length);
 }
 
-/// The labels of one line on their way into the list.
+// The labels of one line on their way into the list.
 class LineLabels {
 public:
     LineLabels(const TabFile& file, int line, std::vector<std::unique_ptr<RiffLabel>>& found)

@@ -11,9 +11,9 @@ namespace Fretline {
 
 namespace {
 
-/// A real stave line has at least this share of the largest hyphen count of its run, in percent,
+// A real stave line has at least this share of the largest hyphen count of its run, in percent,
 constexpr int kShareOfHyphens = 65;
-/// or at most this share of the average blank count.
+// or at most this share of the average blank count.
 constexpr int kShareOfBlanks = 120;
 
 constexpr int kMessageKind = 4;
@@ -22,12 +22,12 @@ bool IsBlank(char c) {
     return c == '\0' || Nvr::Ascii::IsSpace(c);
 }
 
-/// Whole-number arithmetic, as all of the test. Wide enough for any count of characters.
+// Whole-number arithmetic, as all of the test. Wide enough for any count of characters.
 long long PercentOf(long long percent, long long count) {
     return count * percent / 100;
 }
 
-/// As the user counts, from 1.
+// As the user counts, from 1.
 Nvr::String LineNumber(int line) {
     return Nvr::String::FromInt(line + 1);
 }

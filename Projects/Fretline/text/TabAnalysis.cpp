@@ -16,7 +16,7 @@ namespace Fretline {
 
 namespace {
 
-/// A signature takes effect also at a bar that starts this many columns to the right of it.
+// A signature takes effect also at a bar that starts this many columns to the right of it.
 constexpr int kColumnsInFrontOfBar = 2;
 
 } // namespace

@@ -19,7 +19,7 @@ constexpr char kBlank = ' ';
 
 constexpr std::size_t kReadBlockSize = 0x10000;
 
-/// Takes the bytes of the file one by one and lays them out as lines of the grid.
+// Takes the bytes of the file one by one and lays them out as lines of the grid.
 class GridWriter {
 public:
     explicit GridWriter(Nvr::ByteBuffer& text) : m_Text(text) {}
@@ -58,7 +58,7 @@ private:
     Nvr::ByteBuffer& m_Text;
     int m_Column = 0;
     std::size_t m_LineEnds = 0;
-    /// The byte that, coming next, belongs to the line end just stored; 0 when none does.
+    // The byte that, coming next, belongs to the line end just stored; 0 when none does.
     char m_PairOfLineEnd = '\0';
 };
 

@@ -13,14 +13,14 @@ namespace Fretline {
 namespace {
 
 constexpr int kMostStrings = 6;
-/// A letter further above the standard one is meant below it.
+// A letter further above the standard one is meant below it.
 constexpr int kMostSemitonesUp = 4;
 
 using OpenStrings = std::array<int, kMostStrings>;
 
-/// Lowest string first: E2 A2 D3 G3 B3 E4.
+// Lowest string first: E2 A2 D3 G3 B3 E4.
 constexpr OpenStrings kGuitar = {80, 90, 100, 110, 118, 128};
-/// An octave below the guitar: E1 A1 D2 G2.
+// An octave below the guitar: E1 A1 D2 G2.
 constexpr OpenStrings kBass = {56, 66, 76, 86, 94, 104};
 constexpr std::array<char, kMostStrings> kStandardLetters = {'E', 'A', 'D', 'G', 'B', 'E'};
 
@@ -28,7 +28,7 @@ const OpenStrings& StandardTuning(int lineCount) {
     return lineCount == kStringsOfABass ? kBass : kGuitar;
 }
 
-/// Above C.
+// Above C.
 constexpr int SemitonesOf(char letter) {
     switch (letter) {
     case 'C':
@@ -60,7 +60,7 @@ int RightmostFirstDash(const TabFile& file, int firstLine, int lineCount) {
     return rightmost;
 }
 
-/// The letters of the column, bottom line first; empty when a line has none there.
+// The letters of the column, bottom line first; empty when a line has none there.
 std::string LettersIn(const TabFile& file, int firstLine, int lineCount, int column) {
     std::string letters;
     for (int line = firstLine + lineCount - 1; line >= firstLine; --line) {

@@ -12,7 +12,7 @@ namespace Fretline {
 
 namespace {
 
-/// How far a signature reaches from its slash on either side: two digits.
+// How far a signature reaches from its slash on either side: two digits.
 constexpr int kMostDigits = 2;
 
 bool IsDigitAt(const TabFile& file, int line, int column) {
@@ -23,7 +23,7 @@ int DigitAt(const TabFile& file, int line, int column) {
     return file.GetChar(line, column) - '0';
 }
 
-/// The number of one or two digits between the columns, both included.
+// The number of one or two digits between the columns, both included.
 int NumberAt(const TabFile& file, int line, int first, int last) {
     const int units = DigitAt(file, line, last);
     return first == last ? units : DigitAt(file, line, first) * 10 + units;
@@ -44,7 +44,7 @@ TabTimeSignature ReadAround(const TabFile& file, int line, int slash) {
             NumberAt(file, line, slash + 1, end)};
 }
 
-/// True when the signature stands in front of the place, in text order.
+// True when the signature stands in front of the place, in text order.
 bool IsBefore(const TabTimeSignature& signature, int line, int column) {
     return signature.m_Line != line ? signature.m_Line < line : signature.m_Column < column;
 }

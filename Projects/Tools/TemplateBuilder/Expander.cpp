@@ -25,7 +25,7 @@ bool IsWithoutChildren(std::string_view directive) {
            directive == "~note";
 }
 
-/// "COLUMN" or "COLUMN=TEXT": whether the names at hand fulfil it.
+// "COLUMN" or "COLUMN=TEXT": whether the names at hand fulfil it.
 bool Holds(std::string_view condition, const Scope& scope) {
     const std::size_t equals = condition.find('=');
     if (equals == std::string_view::npos)
@@ -33,7 +33,7 @@ bool Holds(std::string_view condition, const Scope& scope) {
     return scope.Get(Trimmed(condition.substr(0, equals))) == Trimmed(condition.substr(equals + 1));
 }
 
-/// Moves value and children of `node` into a default for all parts.
+// Moves value and children of `node` into a default for all parts.
 void TurnIntoPartMap(Nvr::TreeNode& node, bool withOverrides) {
     auto values = std::make_unique<Nvr::TreeNode>("__PartMapDefault", node.GetValue());
     values->CopyChildrenFrom(node);

@@ -22,7 +22,7 @@ std::optional<int> ParseWholeNumber(const std::string& text) {
     return value;
 }
 
-/// "yes" is true; "no" and an empty mark are false; anything else is a slip of the pen.
+// "yes" is true; "no" and an empty mark are false; anything else is a slip of the pen.
 std::optional<bool> ParseMark(const std::string& mark) {
     if (mark == "yes")
         return true;

@@ -17,7 +17,7 @@ bool IsWhite(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-/// Looks a document over before the reader sees it, and complains by line.
+// Looks a document over before the reader sees it, and complains by line.
 class TextTreeCheck {
 public:
     TextTreeCheck(const std::string& file, std::string_view text) : m_File(file), m_Text(text) {}

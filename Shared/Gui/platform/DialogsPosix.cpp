@@ -10,7 +10,7 @@ namespace Nvr::Platform {
 
 namespace {
 
-/// A person can only answer where both what is shown and what is typed are on a terminal.
+// A person can only answer where both what is shown and what is typed are on a terminal.
 bool HasPersonAtTerminal(NativeWindow parent) {
     return parent != nullptr && isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0;
 }

@@ -10,12 +10,12 @@ namespace Nvr::Platform {
 
 namespace {
 
-/// What the dialog is ended with. The system itself gives 0 or -1 for a dialog that it could not make.
+// What the dialog is ended with. The system itself gives 0 or -1 for a dialog that it could not make.
 constexpr INT_PTR kEndedWithFalse = 1;
 constexpr INT_PTR kEndedWithTrue = 2;
 constexpr INT_PTR kEndedByException = 3;
 
-/// A resource's name as the system takes it: a text, or a number in the place of the pointer.
+// A resource's name as the system takes it: a text, or a number in the place of the pointer.
 const char* SystemName(const ResId& id) {
     return id.GetName().Length() != 0 ? id.GetName().CStr() : MAKEINTRESOURCEA(static_cast<WORD>(id.GetId()));
 }
@@ -48,8 +48,8 @@ void ClearGroupOf(HWND control) {
     } while (other != nullptr && !HasStyle(other, WS_GROUP));
 }
 
-/// One run of a dialog of the system. No exception may pass through the system's own frames, so that of a
-/// handler is kept here until the dialog is gone.
+// One run of a dialog of the system. No exception may pass through the system's own frames, so that of a
+// handler is kept here until the dialog is gone.
 class SystemDialog final : public DialogSession {
 public:
     explicit SystemDialog(DialogEvents& events) : m_Events(events) {}
@@ -117,7 +117,7 @@ private:
         }
     }
 
-    /// The default button's id is 1, and 2 is what the system makes of Escape and of closing the window.
+    // The default button's id is 1, and 2 is what the system makes of Escape and of closing the window.
     bool Handle(int controlId) noexcept {
         // A dialog that has been ended still hears of what was under way.
         if (m_Thrown)

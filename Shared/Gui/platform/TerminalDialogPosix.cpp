@@ -11,10 +11,10 @@ namespace Nvr::Platform {
 
 namespace {
 
-/// The id of the command that Escape gives, as of a button "Cancel".
+// The id of the command that Escape gives, as of a button "Cancel".
 constexpr int kCancelCommand = 2;
 
-/// One dialog on the terminal, from its opening to its end.
+// One dialog on the terminal, from its opening to its end.
 class TerminalSession final : public DialogSession {
 public:
     TerminalSession(TerminalMode& terminal, const DialogLayout& layout)
@@ -72,7 +72,7 @@ private:
         }
     }
 
-    /// The dialog keeps the place that it was given in relation to the middle of the screen.
+    // The dialog keeps the place that it was given in relation to the middle of the screen.
     void FollowResize() {
         const DialogExtent screen = GetScreenExtent();
         m_Left += screen.Width / 2 - m_ScreenAtOpening.Width / 2;

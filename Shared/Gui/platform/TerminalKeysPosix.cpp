@@ -7,10 +7,10 @@ namespace {
 constexpr char kEscape = 27;
 constexpr char kControlC = 3;
 constexpr char kControlD = 4;
-/// A terminal sends the bytes of one key faster than this, in milliseconds.
+// A terminal sends the bytes of one key faster than this, in milliseconds.
 constexpr int kPauseBehindEscape = 50;
 
-/// After "ESC [" or "ESC O": parameters, then the letter that names the key.
+// After "ESC [" or "ESC O": parameters, then the letter that names the key.
 TerminalKey ReadNamedKey(const TerminalMode& terminal) {
     char byte = 0;
     do {

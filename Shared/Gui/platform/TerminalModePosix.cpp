@@ -16,7 +16,7 @@ namespace Nvr::Platform {
 namespace {
 
 constexpr DialogExtent kUsualExtent{80, 24};
-/// Own screen, cleared, cursor hidden; and back.
+// Own screen, cleared, cursor hidden; and back.
 constexpr std::string_view kEnter = "\x1b[?1049h\x1b[?25l\x1b[2J";
 constexpr std::string_view kLeave = "\x1b[0m\x1b[?25h\x1b[?1049l";
 constexpr std::array<int, 5> kEndingSignals{SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGTSTP};
@@ -52,8 +52,8 @@ void PutHandlersBack() {
     sigaction(SIGWINCH, &g_resizeHandlerBefore, nullptr);
 }
 
-/// No signal of the kinds that are handled here comes to this thread while this lives: one that did would
-/// find the terminal changed and no handler that changes it back, or the other way round.
+// No signal of the kinds that are handled here comes to this thread while this lives: one that did would
+// find the terminal changed and no handler that changes it back, or the other way round.
 class SignalsHeldBack {
 public:
     SignalsHeldBack() {
@@ -72,8 +72,8 @@ private:
     sigset_t m_Before{};
 };
 
-/// The terminal of standard input, which need not be the controlling one. Opened anew where that can be done:
-/// standard input may be open for reading alone. -1 when there is none.
+// The terminal of standard input, which need not be the controlling one. Opened anew where that can be done:
+// standard input may be open for reading alone. -1 when there is none.
 int OpenTerminal() {
     std::array<char, PATH_MAX> name{};
     if (ttyname_r(STDIN_FILENO, name.data(), name.size()) == 0)
@@ -95,8 +95,8 @@ extern "C" void NoteResize(int /*signal*/) {
     g_resized = 1;
 }
 
-/// The terminal first, then whatever the host wanted of this signal. Should the process live on (a stopped
-/// one that is continued, a handler that returns), the dialog takes the terminal again.
+// The terminal first, then whatever the host wanted of this signal. Should the process live on (a stopped
+// one that is continued, a handler that returns), the dialog takes the terminal again.
 extern "C" void PutBackAndPassOn(int signal) {
     const int errorBefore = errno;
     PutTerminalBack();

@@ -7,10 +7,10 @@ namespace Nvr::Platform {
 
 namespace {
 
-/// Dialog units in one character cell.
+// Dialog units in one character cell.
 constexpr int kUnitsPerColumn = 4;
 constexpr int kUnitsPerRow = 8;
-/// The frame takes one cell on each side.
+// The frame takes one cell on each side.
 constexpr int kFrame = 1;
 constexpr char kMnemonicMark = '&';
 
@@ -22,7 +22,7 @@ int RowOf(int y) {
     return kFrame + (y + kUnitsPerRow / 2) / kUnitsPerRow;
 }
 
-/// The control as it is drawn, "&" still before the underlined letter.
+// The control as it is drawn, "&" still before the underlined letter.
 std::string TextOf(const DialogControl& control, bool ticked) {
     switch (control.Kind) {
     case DialogControlKind::RadioButton:

@@ -6,7 +6,7 @@ namespace Nvr::Platform {
 
 namespace {
 
-/// There is no screen, so sizes are 0 and moving does nothing.
+// There is no screen, so sizes are 0 and moving does nothing.
 class UnattendedSession final : public DialogSession {
 public:
     explicit UnattendedSession(const DialogLayout& layout) : m_State(layout) {}

@@ -32,7 +32,7 @@ protected:
     void Store(const std::string& text) const { Write("config/FretlineOptions.txt", text); }
     std::string Stored() const { return Read("config/FretlineOptions.txt"); }
 
-    /// The host with these files in the folder, on a terminal.
+    // The host with these files in the folder, on a terminal.
     std::function<int()> Host(std::vector<const char*> files) const {
         return [this, files] {
             if (chdir(Path().c_str()) != 0)

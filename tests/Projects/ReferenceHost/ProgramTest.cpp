@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 struct Outcome {
     int ExitCode = -1;
-    /// Both streams, as they came.
+    // Both streams, as they came.
     std::string Text;
 };
 
@@ -30,7 +30,7 @@ protected:
         return Write(name, stave);
     }
 
-    /// Runs the program in the folder with these arguments, as a shell would.
+    // Runs the program in the folder with these arguments, as a shell would.
     Outcome Run(const std::string& arguments) const {
         const std::string command = "cd '" + Path().string() +
                                     "' && exec 2>&1 </dev/null; " FRETLINE_HOST " --config config " +
@@ -64,7 +64,7 @@ TEST_F(Program, LeavesTheScoreBesideTheTabAndSaysWhatIsInIt) {
     EXPECT_FALSE(fs::exists(Path() / "config")) << "reading makes no folder of options";
 }
 
-/// What people type, one after the other in one folder.
+// What people type, one after the other in one folder.
 TEST_F(Program, DoesWhatPeopleTypeAndSaysSo) {
     Tab("a.tab");
     Tab("b.btab");
@@ -85,9 +85,9 @@ TEST_F(Program, DoesWhatPeopleTypeAndSaysSo) {
     const struct {
         const char* Arguments;
         int ExitCode;
-        /// In what the program says; null for nothing at all.
+        // In what the program says; null for nothing at all.
         const char* Said;
-        /// A file that is there afterwards, or not ("-").
+        // A file that is there afterwards, or not ("-").
         const char* Files;
     } rows[] = {
         // Inputs

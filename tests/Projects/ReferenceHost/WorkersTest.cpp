@@ -27,7 +27,7 @@ private:
     int m_Next = 0;
 };
 
-/// What was told, in its order.
+// What was told, in its order.
 struct Told {
     std::string Outputs;
     int Failed = 0;

@@ -10,7 +10,7 @@ namespace {
 
 using namespace Score;
 
-/// Reads MIDI bytes in the plainest way: one line an event, with its absolute time.
+// Reads MIDI bytes in the plainest way: one line an event, with its absolute time.
 class PlainReader {
 public:
     explicit PlainReader(const std::string& bytes) : m_Bytes(bytes) {}
@@ -88,7 +88,7 @@ TEST(Midi, PlaysTheScoreEventForEvent) {
     EXPECT_EQ(expected, PlainReader(bytes).Read());
 }
 
-/// The notes and bends of the note track, in order.
+// The notes and bends of the note track, in order.
 std::vector<std::string> PlayedLines(const ScoreModel& score) {
     std::vector<std::string> lines;
     const std::string bytes = MidiBytes(score);

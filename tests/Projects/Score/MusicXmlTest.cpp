@@ -16,7 +16,7 @@ std::size_t Count(const pugi::xml_node& node, const char* path) {
     return node.select_nodes(path).size();
 }
 
-/// A note in one line: pitch or rest, duration, type, string, fret, ties.
+// A note in one line: pitch or rest, duration, type, string, fret, ties.
 std::string Describe(const pugi::xml_node& note) {
     std::string text = note.child("rest") ? "rest"
                                           : Text(note, "pitch/step") + Text(note, "pitch/alter") + "/" +

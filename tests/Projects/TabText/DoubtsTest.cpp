@@ -14,7 +14,7 @@ namespace {
 
 using TestSupport::Stave;
 
-/// Line and column of each doubt, counted from 1, and its kind: "3:5 glued-digits".
+// Line and column of each doubt, counted from 1, and its kind: "3:5 glued-digits".
 std::string DoubtsOf(const std::string& text, int rhythmLevel = Fretline::kRhythmsWhenIndicated) {
     std::string found;
     for (const TabText::Doubt& doubt : TabText::FindDoubts(*TestSupport::ReadText(text, rhythmLevel)))
@@ -38,7 +38,7 @@ struct Case {
 
 const std::string kStave = Named("eBGDA", "|---------|---------|") + "E|-0---1---|-2---3---|\n";
 
-/// A stave of six lines under `above`, with `line` as its lowest.
+// A stave of six lines under `above`, with `line` as its lowest.
 std::string With(const std::string& line, const std::string& above = {}) {
     std::string empty = line;
     for (char& c : empty)
@@ -165,7 +165,7 @@ TEST(Doubts, OfSymbols) {
     });
 }
 
-/// Those that a player would agree with, and no others.
+// Those that a player would agree with, and no others.
 TEST(Doubts, OfTheExamples) {
     std::map<std::string, std::string> found;
     for (const auto& entry : std::filesystem::directory_iterator(FRETLINE_SOURCE_DIR "/examples")) {

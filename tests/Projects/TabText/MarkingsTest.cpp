@@ -38,7 +38,7 @@ const char* ShortName(Technique kind) {
     return kNames.at(kind);
 }
 
-/// The line as the lowest of six, with what stands above them.
+// The line as the lowest of six, with what stands above them.
 std::string With(const std::string& line, const std::string& above = {}) {
     std::string empty = line;
     for (char& c : empty)
@@ -46,7 +46,7 @@ std::string With(const std::string& line, const std::string& above = {}) {
     return above + TestSupport::Stave(empty, 5) + line + "\n";
 }
 
-/// Each mark as the column of its note, counted from 0, its kind, and its amount unless that is 0.
+// Each mark as the column of its note, counted from 0, its kind, and its amount unless that is 0.
 std::string MarksOf(const std::string& text) {
     std::string found;
     const ReadText reading(text);
@@ -112,7 +112,7 @@ TEST(Markings, OfNotes) {
         EXPECT_EQ(row.Marks, MarksOf(row.Text)) << row.Why << "\n" << row.Text;
 }
 
-/// Each marked bar as its index, "[" for a start, "]" and the times for an end.
+// Each marked bar as its index, "[" for a start, "]" and the times for an end.
 std::string RepeatsOf(const std::string& text) {
     std::string found;
     const ReadText reading(text);

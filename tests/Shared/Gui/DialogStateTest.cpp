@@ -31,8 +31,8 @@ struct KeyCase {
     const char* Why;
 };
 
-/// t and T: Tab and Shift-Tab; + and -: arrows; blank: space bar; other letters: themselves. Second starts
-/// ticked.
+// t and T: Tab and Shift-Tab; + and -: arrows; blank: space bar; other letters: themselves. Second starts
+// ticked.
 TEST(DialogState, FollowsTheKeysThatPeopleExpect) {
     const KeyCase cases[] = {
         {"", 11, 11, false, 0, "the group's ticked button has the focus"},

@@ -21,7 +21,7 @@ HWND DialogWindow() {
     return FindWindowA(nullptr, "A Question");
 }
 
-/// Does what the test says when the dialog opens, and then presses buttons until it has ended.
+// Does what the test says when the dialog opens, and then presses buttons until it has ended.
 class Question final : public Nvr::Platform::DialogEvents {
 public:
     void OnDialogOpen(DialogSession& session) override {

@@ -50,7 +50,7 @@ DialogLayout Layout() {
     return layout;
 }
 
-/// Ends on OK with true and on Cancel with false; centres itself.
+// Ends on OK with true and on Cancel with false; centres itself.
 class Question final : public Nvr::Platform::DialogEvents {
 public:
     void OnDialogOpen(DialogSession& session) override {
@@ -77,7 +77,7 @@ private:
     bool m_Throws = false;
 };
 
-/// Asks on the terminal; the exit code tells the answer: 1 for OK, plus 2 for "No", plus 4 for "Again".
+// Asks on the terminal; the exit code tells the answer: 1 for OK, plus 2 for "No", plus 4 for "Again".
 int Ask(bool throws) {
     Question question;
     if (throws)

@@ -57,7 +57,7 @@ TEST_F(PluginOutputTest, AMissingHostFunctionReadsAsACancelButNotForMessages) {
     EXPECT_TRUE(Host.Calls.empty());
 }
 
-/// What happens between two reports of the same id without repeat, and whether the second is sent.
+// What happens between two reports of the same id without repeat, and whether the second is sent.
 struct RepeatCase {
     const char* Why;
     void (*Between)(PluginOutput& output);

@@ -22,7 +22,7 @@ using ScoreTest::Child;
 using ScoreTest::ChildrenText;
 using ScoreTest::Value;
 
-/// The least that a template holds, flattened.
+// The least that a template holds, flattened.
 void FillTemplate(TreeNode& root) {
     TreeNode* const music = Child(root, "Music");
     TreeNode* const staveTypes = Child(*music, "StaveTypes");
@@ -43,7 +43,7 @@ void FillTemplate(TreeNode& root) {
     Child(*music, "Barlines");
 }
 
-/// One text on its way into a small template.
+// One text on its way into a small template.
 class Conversion {
 public:
     explicit Conversion(const std::string& text, int rhythmLevel = kRhythmsNever)
@@ -61,7 +61,7 @@ public:
     std::string Music(const char* label) const {
         return ChildrenText(*Root.FindChild("Music")->FindChild(label));
     }
-    /// The bars of the system stave after the lead-in, each on a line.
+    // The bars of the system stave after the lead-in, each on a line.
     std::string SystemBars() const {
         const TreeNode* const bars = Root.FindChild("Music")->FindChild("SystemStave")->FindChild("Bars");
         std::string text;
@@ -100,7 +100,7 @@ private:
     ScoreHolder m_Score;
 };
 
-/// Staves of any number of strings; `bars` holds what stands on the lowest string of each bar.
+// Staves of any number of strings; `bars` holds what stands on the lowest string of each bar.
 std::string Stave(int strings, std::initializer_list<const char*> bars) {
     std::string text;
     for (int line = 0; line < strings; ++line) {

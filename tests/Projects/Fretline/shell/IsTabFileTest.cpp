@@ -12,7 +12,7 @@ using Nvr::String;
 const std::string kElevenHyphens(11, '-');
 const std::string kTenHyphens(10, '-');
 
-/// `hyphens` of 100 bytes are hyphens, `foreign` are not plain text, the rest blanks.
+// `hyphens` of 100 bytes are hyphens, `foreign` are not plain text, the rest blanks.
 std::string Hundred(std::size_t hyphens, std::size_t foreign, char foreignByte = '\x01') {
     return std::string(hyphens, '-') + std::string(foreign, foreignByte) +
            std::string(100 - hyphens - foreign, ' ');

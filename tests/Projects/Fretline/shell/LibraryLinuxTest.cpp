@@ -14,7 +14,7 @@
 
 namespace {
 
-/// What a command writes to its standard output.
+// What a command writes to its standard output.
 std::string OutputOf(const std::string& command) {
     std::string text;
     FILE* const pipe = popen(command.c_str(), "r");

@@ -45,7 +45,7 @@ TEST_F(OpenFileTest, FoldersMayHaveAnyBytesInTheirNames) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(odd), {}), 2) << "tab and options";
 }
 
-/// No file that this process writes may grow beyond a size, as on a disk that is full.
+// No file that this process writes may grow beyond a size, as on a disk that is full.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t bytesLeft) {

@@ -68,7 +68,7 @@ TEST_F(OpenFileTest, TheScoreIsTheTemplateWithTheMusicAndNothingElseChanged) {
 
 TEST_F(OpenFileTest, TheTuningOfTheTextDecidesTheStaveType) {
     const struct {
-        /// Of the strings, from the top.
+        // Of the strings, from the top.
         const char *Letters, *Level, *StaveType;
         int NewRows;
     } cases[] = {

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The instruments, ensembles and stave types of the template.
+// The instruments, ensembles and stave types of the template.
 class Instruments : public testing::Test {
 protected:
     void SetUp() override {
@@ -23,7 +23,7 @@ protected:
         return ChildrenOf(FindPath(*m_Root, {"Music", "InstrumentList"}));
     }
 
-    /// Null when there is none, which fails the test.
+    // Null when there is none, which fails the test.
     const Nvr::TreeNode* StaveTypeOf(const Nvr::TreeNode& instrument) const {
         const auto found = m_StaveTypes.find(ValueOf(instrument, "StaveType"));
         EXPECT_NE(found, m_StaveTypes.end()) << ValueOf(instrument, "StaveType");

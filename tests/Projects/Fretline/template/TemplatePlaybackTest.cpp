@@ -19,8 +19,8 @@ std::vector<const Nvr::TreeNode*> RowsOf(std::initializer_list<const char*> path
     return ChildrenOf(FindPath(*LoadTemplate(), path));
 }
 
-/// The notes First to Last, and who alone may use them: the drums, or the instruments, with Owner in their
-/// name.
+// The notes First to Last, and who alone may use them: the drums, or the instruments, with Owner in their
+// name.
 struct Reserved {
     int Program, First, Last;
     const char* Owner;

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// A list that is a child of Music. Fails the test and gives an empty list when it is missing.
+// A list that is a child of Music. Fails the test and gives an empty list when it is missing.
 class TemplateRows : public testing::Test {
 protected:
     const Nvr::TreeNode& List(const char* label) const {
@@ -26,7 +26,7 @@ protected:
     const Nvr::TreeNodeRoot* const m_Root = LoadTemplate();
 };
 
-/// The values as "Label=value;" each.
+// The values as "Label=value;" each.
 void ExpectValues(const Nvr::TreeNode* row, const std::string& values) {
     ASSERT_NE(row, nullptr);
     std::string found;

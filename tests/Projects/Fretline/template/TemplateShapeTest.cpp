@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Children of a node as "label=value/children/nodes;" each.
+// Children of a node as "label=value/children/nodes;" each.
 void ExpectMembers(const Nvr::TreeNode& parent, const std::string& members) {
     std::ostringstream found;
     for (std::size_t at = 0; at < members.size(); at = members.find(';', at) + 1) {

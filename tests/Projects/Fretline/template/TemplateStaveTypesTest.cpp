@@ -8,8 +8,8 @@ namespace {
 
 constexpr const char* kTabCategory = "2";
 
-/// In list order, which decides between rows with the same strings: the Id after "stafftype.tab.", the
-/// pitches, "*" when rhythms are shown.
+// In list order, which decides between rows with the same strings: the Id after "stafftype.tab.", the
+// pitches, "*" when rhythms are shown.
 constexpr const char* kTabRows =
     "3.balalaika.alto:104,128,138 3.balalaika.bass:80,114,124 3.balalaika.contrabass:56,90,100 "
     "3.balalaika.prima:128,152,162 3.balalaika.second:114,138,148 3.dulcimer.DAA:124,114,114 "
@@ -78,7 +78,7 @@ std::vector<const Nvr::TreeNode*> RowsOfCategory(const Nvr::TreeNode& root, std:
     return rows;
 }
 
-/// The children of the row of standard guitar tuning as "label=value;", lists as their values.
+// The children of the row of standard guitar tuning as "label=value;", lists as their values.
 const std::string kStandardGuitar =
     "Type=StaveType;Name=Guitar tab  (standard tuning, no rhythms);"
     "Id=stafftype.tab.6.guitar.standard;Compulsory=true;Category=2;AsNumbers=true;"
@@ -95,7 +95,7 @@ const std::string kStandardGuitar =
     "ClipExtendedStemsInsideExtraGap=true;AllVoice1StemsUp=true;AllVoice1StemsDown=false;"
     "DrawStemsBetweenTabChordNotes=true;Diats=23,26,29,32,34,37;BarlineBottomDy=120;";
 
-/// The children of a row in the same form.
+// The children of a row in the same form.
 std::string TextOfChildren(const Nvr::TreeNode& row) {
     std::string children;
     for (int i = 0; i < row.GetChildCount(); ++i) {
@@ -110,7 +110,7 @@ std::string Replaced(std::string text, const std::string& old, const std::string
     return text.replace(text.find(old), old.size(), by);
 }
 
-/// The name of the diatonic step that a pitch is played on, counted from C 0.
+// The name of the diatonic step that a pitch is played on, counted from C 0.
 int StepOf(int chrom2) {
     constexpr int kStepOfKey[] = {0, 0, 1, 2, 2, 3, 3, 4, 4, 5, 6, 6};
     return chrom2 / 24 * 7 + kStepOfKey[chrom2 / 2 % 12];

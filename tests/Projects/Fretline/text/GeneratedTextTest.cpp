@@ -17,7 +17,7 @@ namespace {
 using TestSupport::TabText;
 using namespace std::string_view_literals;
 
-/// Makes texts that hold, in a few lines, as many of the shapes as possible that an analysis tells apart.
+// Makes texts that hold, in a few lines, as many of the shapes as possible that an analysis tells apart.
 class TextMaker {
 public:
     explicit TextMaker(unsigned seed) : m_Random(seed) {}
@@ -44,7 +44,7 @@ private:
         return choice[static_cast<std::size_t>(Roll(static_cast<int>(choice.size())))];
     }
 
-    /// Lines that have their barlines in common, and now and then a fault.
+    // Lines that have their barlines in common, and now and then a fault.
     void AddStave(std::string& text) {
         std::string pattern(static_cast<std::size_t>(Roll(3)), ' ');
         for (int length = Roll(40) + 2; length > 0; --length)
@@ -83,7 +83,7 @@ private:
     std::mt19937 m_Random;
 };
 
-/// What was found beside the staves, a line each.
+// What was found beside the staves, a line each.
 std::string TextOf(const TabAnalysis& analysis, const TestSupport::FakeOutput& output) {
     std::ostringstream text;
     for (const auto& message : output.Messages) {

@@ -20,7 +20,7 @@ std::string TextOf(const RiffLabel* label) {
     return label == nullptr ? "none" : std::string(label->GetText().View());
 }
 
-/// The label of each readable bar.
+// The label of each readable bar.
 std::string LabelsOfBars(const TabAnalysis& analysis) {
     std::string text;
     for (const TabBar* bar : analysis.GetReadableBars())
@@ -31,7 +31,7 @@ std::string LabelsOfBars(const TabAnalysis& analysis) {
 TEST(Labels, AreFoundByTheirKeywords) {
     const struct {
         std::string_view Line;
-        /// "keyword:start-end[text]" of each.
+        // "keyword:start-end[text]" of each.
         const char *Found, *Why;
     } cases[] = {
         {"Chorus 2", "chorus:0-8[Chorus 2]", "what stands beside the keyword belongs to it"},

@@ -16,8 +16,8 @@ using TestSupport::Repeat;
 using TestSupport::Stave;
 using TestSupport::TabText;
 
-/// Each text here takes well below a second when the cost is in proportion to it, and minutes or hours when
-/// some part of it is gone through once more for each of its lines, bars, labels or signatures.
+// Each text here takes well below a second when the cost is in proportion to it, and minutes or hours when
+// some part of it is gone through once more for each of its lines, bars, labels or signatures.
 constexpr std::chrono::seconds kFarTooLong(60);
 
 class LargeText : public testing::Test {

@@ -19,12 +19,12 @@ std::string Dashes(std::size_t count) {
     return Repeat("-", count) + '\n';
 }
 
-/// A string with its name.
+// A string with its name.
 std::string Named(std::size_t count) {
     return std::string("E|") + Dashes(count);
 }
 
-/// First line "+" line count of each stave.
+// First line "+" line count of each stave.
 std::string StavesOf(const TabAnalysis& analysis) {
     std::string text;
     for (const auto& stave : analysis.GetStaves())
@@ -32,7 +32,7 @@ std::string StavesOf(const TabAnalysis& analysis) {
     return text;
 }
 
-/// "7" for a line that is said to be ignored, "2-3" for lines; any other message in full.
+// "7" for a line that is said to be ignored, "2-3" for lines; any other message in full.
 std::string DroppedOf(const FakeOutput& output) {
     std::string text;
     for (const FakeOutput::Message& message : output.Messages) {

@@ -21,12 +21,12 @@ std::string Join(const Lines& lines) {
     return text;
 }
 
-/// The same line for each of `count` strings.
+// The same line for each of `count` strings.
 Lines Strings(const std::string& line, int count = 6) {
     return Lines(static_cast<std::size_t>(count), line);
 }
 
-/// Strings named by the letters, top line first, each letter in front of "|---|".
+// Strings named by the letters, top line first, each letter in front of "|---|".
 Lines Named(const std::string& letters) {
     Lines lines;
     for (const char letter : letters)
@@ -34,7 +34,7 @@ Lines Named(const std::string& letters) {
     return lines;
 }
 
-/// "|" or "||" and the column of each barline.
+// "|" or "||" and the column of each barline.
 std::string BarlinesOf(const TabStave& stave) {
     std::ostringstream text;
     for (const TabBarline& barline : stave.GetBarlines())
@@ -42,7 +42,7 @@ std::string BarlinesOf(const TabStave& stave) {
     return text.str();
 }
 
-/// Start column, "+" and width of each bar, "-" after one that has a dash.
+// Start column, "+" and width of each bar, "-" after one that has a dash.
 std::string BarsOf(const TabStave& stave) {
     std::ostringstream text;
     for (const auto& bar : stave.GetBars())

@@ -15,7 +15,7 @@ namespace {
 using TestSupport::Stave;
 using TestSupport::TabText;
 
-/// "numerator/denominator@line:start-slash-end" of each.
+// "numerator/denominator@line:start-slash-end" of each.
 std::string TextOf(const TimeSignatureList& list) {
     std::ostringstream text;
     for (const auto& signature : list)
@@ -25,7 +25,7 @@ std::string TextOf(const TimeSignatureList& list) {
     return text.str();
 }
 
-/// Of each readable bar: its time signature, or "none", ":" and its length.
+// Of each readable bar: its time signature, or "none", ":" and its length.
 std::string BarsOf(const TabAnalysis& analysis) {
     std::ostringstream text;
     for (const TabBar* bar : analysis.GetReadableBars()) {

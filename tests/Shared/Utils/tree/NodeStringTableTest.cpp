@@ -14,7 +14,7 @@ class NodeStringTableTest : public TreeTest {};
 
 constexpr int kSharesToTheLast = 3;
 
-/// Outlives all that is made while the program runs, and uses the table then.
+// Outlives all that is made while the program runs, and uses the table then.
 struct LateUser {
     ~LateUser() {
         if (!IsWatched)

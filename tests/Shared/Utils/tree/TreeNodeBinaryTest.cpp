@@ -17,7 +17,7 @@ const std::string kFailed = "Could not read treenode";
 const std::string kEmpty = "00 00000000 ";
 const std::string kLeaf = "00000000 ";
 
-/// A root labelled R with children that use both kinds of strings.
+// A root labelled R with children that use both kinds of strings.
 std::unique_ptr<TreeNode> SampleTree() {
     return std::unique_ptr<TreeNode>(TreeNode::LoadFromString("R \"x\" {A \"R\" A \"x\" {\"A\"} x}"));
 }

@@ -14,7 +14,7 @@ constexpr int kMillion = 1000000;
 
 class TreeNodeDepthTest : public TreeTest {
 protected:
-    /// Runs an action on a stack that has no room for a call a level.
+    // Runs an action on a stack that has no room for a call a level.
     static void OnSmallStack(std::function<void()> action) {
         constexpr std::size_t kStackSize = 256UL * 1024;
         const auto run = [](void* given) -> void* {
@@ -41,7 +41,7 @@ struct DepthMeter : Nvr::TreeNodeVisitor {
     int Left = 0;
 };
 
-/// "<" and the depth for each node entered, ">" and the depth for each one left.
+// "<" and the depth for each node entered, ">" and the depth for each one left.
 struct WalkRecorder : Nvr::TreeNodeVisitor {
     bool EnterNode(TreeNode& node, int depth) override {
         Walk += '<' + std::to_string(depth);
@@ -51,7 +51,7 @@ struct WalkRecorder : Nvr::TreeNodeVisitor {
     std::string Walk;
 };
 
-/// A chain of nodes, `depth` levels below its root.
+// A chain of nodes, `depth` levels below its root.
 std::unique_ptr<TreeNode> MakeChain(int depth) {
     auto root = std::make_unique<TreeNode>("N");
     for (int i = 0; i < depth; ++i) {

@@ -56,7 +56,7 @@ TEST_F(TreeNodeFilesTest, LoadingReportsWhatWentWrong) {
 
 namespace {
 
-/// Takes down the source that each report names as its place.
+// Takes down the source that each report names as its place.
 class PlaceSink : public Nvr::LogSink {
 public:
     PlaceSink() : m_Former(Nvr::SetLogSink(this)) {}

@@ -11,7 +11,7 @@ namespace {
 
 class TreeNodeTest : public TreeTest {
 protected:
-    /// Children A, B and a second A.
+    // Children A, B and a second A.
     TreeNodeTest() : m_Node("Root") {
         m_Node.AddChild(new TreeNode("A", "1"));
         m_Node.AddChild(new TreeNode("B", "2"));

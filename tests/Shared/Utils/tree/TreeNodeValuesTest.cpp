@@ -10,7 +10,7 @@ namespace {
 
 class TreeNodeValuesTest : public TreeTest {};
 
-/// Whether a default of this type can be given at all.
+// Whether a default of this type can be given at all.
 template <class Default>
 concept IsDefault = requires(const TreeNode& node, Default value) {
     node.GetChildValue("Label", value);

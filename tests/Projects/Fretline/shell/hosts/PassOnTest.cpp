@@ -43,13 +43,13 @@ double TakeDoubles(double a, std::intptr_t b, double c, double d, double e, doub
     return a + j;
 }
 
-/// The host function's own type, for functions of any type.
+// The host function's own type, for functions of any type.
 template <class Function>
 NvrChooseTransposingInstruments AsHostFunction(Function* function) {
     return reinterpret_cast<NvrChooseTransposingInstruments>(reinterpret_cast<void (*)()>(function));
 }
 
-/// Calls the exported function as one of the type of `function`, which the host has there.
+// Calls the exported function as one of the type of `function`, which the host has there.
 template <class Result, class... Given>
 std::string Called(Result (*function)(Given...), std::type_identity_t<Given>... given) {
     NvrHostFunctionTable.ChooseTransposingInstruments = AsHostFunction(function);
