@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Projects/Score/LilyPond.h"
 #include "Projects/Score/ScoreModel.h"
 #include "Projects/TabText/Doubts.h"
 #include "Projects/TabText/Markings.h"
@@ -33,6 +34,9 @@ struct Conversion {
     std::unique_ptr<Nvr::TreeNodeRoot> Tree;
     /// The text that it was made from; none for a finished score, which no longer knows its text.
     std::optional<TabPlace> Tab;
+
+    /// The staves of an engraved score.
+    Score::Layout Layout = Score::Layout::Both;
 
     /// Reads a finished score. Empty when it cannot be read; `why` then says what is wrong with it.
     static std::optional<Conversion> Of(std::string scoreBytes, const std::filesystem::path& source,

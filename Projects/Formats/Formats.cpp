@@ -1,10 +1,11 @@
 #include "Projects/Formats/Formats.h"
 
 #include "Projects/Explain/Explanation.h"
+#include "Projects/Formats/Engraver.h"
 #include "Projects/Formats/Json.h"
+#include "Projects/Score/LilyPond.h"
 #include "Projects/Score/Midi.h"
 #include "Projects/Score/MusicXml.h"
-#include "Projects/Score/Svg.h"
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
@@ -30,12 +31,31 @@ std::string WriteMidi(const Conversion& conversion, std::string& /*why*/) {
     return Score::MidiBytes(conversion.GetMusic());
 }
 
-std::string WriteSvg(const Conversion& conversion, std::string& /*why*/) {
-    return Score::SvgText(conversion.GetMusic(), conversion.Title);
-}
-
 std::string WriteTreeText(const Conversion& conversion, std::string& /*why*/) {
     return std::string(conversion.Tree->ToText().View());
+}
+
+std::string WriteLilyPond(const Conversion& conversion, std::string& /*why*/) {
+    return Score::LilyPondText(conversion.GetMusic(), conversion.Title, conversion.Layout, false);
+}
+
+std::string Engraved(const Conversion& conversion, const char* kind, std::string& why) {
+    // A printed score has pages; a picture is one.
+    const bool isOnePage = std::string_view(kind) != "pdf";
+    return Engrave(Score::LilyPondText(conversion.GetMusic(), conversion.Title, conversion.Layout, isOnePage),
+                   kind, why);
+}
+
+std::string WritePdf(const Conversion& conversion, std::string& why) {
+    return Engraved(conversion, "pdf", why);
+}
+
+std::string WritePng(const Conversion& conversion, std::string& why) {
+    return Engraved(conversion, "png", why);
+}
+
+std::string WriteSvg(const Conversion& conversion, std::string& why) {
+    return Engraved(conversion, "svg", why);
 }
 
 std::string WriteExplanation(const Conversion& conversion, std::string& why) {
@@ -49,12 +69,15 @@ std::string WriteJson(const Conversion& conversion, std::string& /*why*/) {
     return JsonText(conversion, {}) + "\n";
 }
 
-constexpr std::array<Format, 8> kFormats{{
+constexpr std::array<Format, 11> kFormats{{
     {"nvf", ".nvf", "the finished score", false, WriteScore},
     {"musicxml", ".musicxml", "MusicXML 4.0", true, WriteMusicXml},
     {"mxl", ".mxl", "MusicXML 4.0, compressed", false, WriteCompressedMusicXml},
     {"mid", ".mid", "standard MIDI file", false, WriteMidi},
-    {"svg", ".svg", "picture of the tab", true, WriteSvg},
+    {"ly", ".ly", "LilyPond, for engraving", true, WriteLilyPond},
+    {"pdf", ".pdf", "engraved by LilyPond, for printing", false, WritePdf},
+    {"svg", ".svg", "engraved, a picture of one page", true, WriteSvg},
+    {"png", ".png", "engraved, a picture of one page", false, WritePng},
     {"html", ".html", "what each character of the tab was taken for", true, WriteExplanation},
     {"json", ".json", "what is in the score, for programs", true, WriteJson},
     {"txt", ".txt", "the score's tree as text", false, WriteTreeText},

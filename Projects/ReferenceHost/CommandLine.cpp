@@ -133,12 +133,15 @@ std::optional<CommandLine> ParseCommandLine(int argc, char** argv, int& exitCode
     bool help = false;
     bool version = false;
     const std::map<std::string, int> levels{{"never", 0}, {"indicated", 1}, {"always", 2}};
+    const std::map<std::string, Score::Layout> layouts{
+        {"both", Score::Layout::Both}, {"tab", Score::Layout::Tab}, {"notes", Score::Layout::Notes}};
     CLI::App app;
     app.set_help_flag();
     app.add_option("FILE", line.Inputs);
     app.add_option("-o,--output", words.Outputs)->allow_extra_args(false);
     app.add_option("-t,--to", words.Formats)->delimiter(',')->allow_extra_args(false);
     app.add_flag("-n,--no-clobber", line.KeepsExisting);
+    app.add_option("--layout", line.Layout)->transform(CLI::CheckedTransformer(layouts));
     app.add_option("-j,--jobs", words.Jobs)->check(CLI::Range(1, kMostJobs));
     app.add_flag("--explain{terminal}", words.Explanation)->check(CLI::IsMember({"terminal", "html"}));
     app.add_flag("--dump", words.Dump);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Projects/Score/LilyPond.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -28,6 +30,7 @@ struct CommandLine {
     /// Of --to, in order.
     std::vector<const Formats::Format*> ToFormats;
     bool KeepsExisting = false;
+    Score::Layout Layout = Score::Layout::Both;
     /// How many files are converted at a time.
     int Jobs = 1;
 

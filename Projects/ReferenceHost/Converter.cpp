@@ -90,6 +90,8 @@ Converter::Opened Converter::OpenTab(const fs::path& tab, const fs::path& source
     }
     if (opened.Conversion)
         opened.Conversion->Tab = {tab, m_ConfigFolder};
+    if (opened.Conversion)
+        opened.Conversion->Layout = m_Line.Layout;
     return opened;
 }
 

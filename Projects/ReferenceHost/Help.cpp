@@ -25,6 +25,7 @@ What is written
 )";
 
 constexpr const char* kOptions = R"(  -n, --no-clobber      keep files that are there already
+  --layout STAVES       of an engraved score: tab, notes, or both (otherwise both)
                         Without -o and --to, the score goes beside the tab
 
 What is printed

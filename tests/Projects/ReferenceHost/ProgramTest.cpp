@@ -31,10 +31,9 @@ protected:
     }
 
     // Runs the program in the folder with these arguments, as a shell would.
-    Outcome Run(const std::string& arguments) const {
-        const std::string command = "cd '" + Path().string() +
-                                    "' && exec 2>&1 </dev/null; " FRETLINE_HOST " --config config " +
-                                    arguments;
+    Outcome Run(const std::string& arguments, const std::string& environment = "") const {
+        const std::string command = "cd '" + Path().string() + "' && exec 2>&1 </dev/null; " + environment +
+                                    FRETLINE_HOST + " --config config " + arguments;
         const std::string shell = Write("command", command);
         Outcome outcome;
         std::FILE* pipe = popen(("bash " + shell).c_str(), "r");
@@ -181,6 +180,19 @@ TEST_F(Program, WritesStandardOutputAndNothingElseThere) {
     EXPECT_EQ(Read("a.mid"), Read("x.mid"));
 }
 
+TEST_F(Program, EngravesAndSaysWhatIsMissingForIt) {
+    Tab("a.tab");
+    EXPECT_EQ(0, Run("a.tab --to pdf,svg,png --layout tab -q").ExitCode)
+        << "the program lilypond is one of those for tests";
+    EXPECT_EQ("%PDF", Read("a.pdf").substr(0, 4));
+    EXPECT_TRUE(Has(Read("a.svg"), "<svg"));
+    EXPECT_EQ("\x89PNG", Read("a.png").substr(0, 4));
+    const Outcome missing = Run("a.tab -o c.pdf", "PATH=/nonexistent ");
+    EXPECT_EQ(1, missing.ExitCode);
+    EXPECT_TRUE(Has(missing.Text, "apt install lilypond")) << missing.Text;
+    EXPECT_FALSE(fs::exists(Path() / "c.pdf"));
+}
+
 TEST_F(Program, LooksAtATabInAFolderThatCannotBeWritten) {
     Tab("there/a.tab");
     for (const char* looking : {"--explain", "--json", "--dump", "--doubts"}) {
@@ -276,8 +288,8 @@ TEST_F(Program, ShowsNotesOfAStaveThatIsHigherThanTheFirst) {
     for (int i = 0; i < 4 + 6; ++i)
         text += i == 4 ? "\n" + line : line;
     Write("mixed.tab", text);
-    EXPECT_EQ(0, Run("mixed.tab --to musicxml,mid,svg").ExitCode);
-    EXPECT_TRUE(Has(Read("mixed.svg"), ">?<")) << "a stave of four lines has no fifth string";
+    EXPECT_EQ(0, Run("mixed.tab --to musicxml,mid,ly").ExitCode);
+    EXPECT_TRUE(Has(Read("mixed.ly"), "openingTab")) << "a stave of four lines has no fifth string";
 }
 
 TEST_F(Program, ExplainsWhatItRead) {

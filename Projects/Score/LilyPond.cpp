@@ -1,0 +1,202 @@
+#include "Projects/Score/LilyPond.h"
+
+#include "Projects/Fretline/score/Pitch.h"
+#include "Projects/Score/LilyPondNotes.h"
+#include "Projects/Score/Notation.h"
+#include "Projects/Score/Spelling.h"
+#include "Projects/Score/Utf8.h"
+#include "Shared/Utils/AsciiChars.h"
+
+#include <algorithm>
+#include <set>
+
+namespace Score {
+
+namespace {
+
+using Fretline::kStringsOfABass;
+
+// A stretch of bars under one label, in a variable of its own.
+struct Section {
+    std::string Variable;
+    std::size_t First = 0;
+    std::size_t End = 0;
+};
+
+std::string LettersOf(const std::string& label) {
+    std::string letters;
+    for (const char c : label)
+        if (Nvr::Ascii::IsAlpha(c))
+            letters += letters.empty() ? Nvr::Ascii::ToLower(c) : c;
+    return letters.empty() ? "music" : letters;
+}
+
+// Variables are made of letters alone: of two with one name, the second is called "...B".
+std::string FreeName(std::string name, std::set<std::string>& taken) {
+    const std::string stem = name;
+    for (char letter = 'B'; !taken.insert(name).second;
+         letter = letter == 'Z' ? 'A' : static_cast<char>(letter + 1))
+        name = (letter == 'A' ? name : stem == name || name.size() == stem.size() + 1 ? stem : name) + letter;
+    return name;
+}
+
+// Writes the parts of one file.
+class Writer {
+public:
+    Writer(const ScoreModel& score, const std::string& title, Layout layout, bool isOnePage)
+        : m_Score(score), m_Bars(WriteOut(score)), m_Title(title), m_Layout(layout), m_IsOnePage(isOnePage),
+          m_LacksFrets(HasNoteWithoutFret(score)) {}
+
+    std::string Write() {
+        FindSections();
+        std::string text = "\\version \"2.24.0\"\n\\language \"english\"\n\n" + Header();
+        if (m_IsOnePage)
+            text += "\\paper {\n  page-breaking = #ly:one-page-breaking\n}\n\n";
+        text += Music("", false);
+        // A note that a string cannot give has no place on the stave of tab.
+        if (m_LacksFrets && m_Layout != Layout::Notes)
+            text += Music("Tab", true);
+        return text + Book();
+    }
+
+private:
+    static bool HasNoteWithoutFret(const ScoreModel& score) {
+        for (const ModelBar& bar : score.Bars)
+            for (const ModelEvent& event : bar.Events)
+                for (const ModelNote& note : event.Notes)
+                    if (note.Fret < 0)
+                        return true;
+        return false;
+    }
+
+    std::string Header() const {
+        const ModelHeading& heading = m_Score.Heading;
+        std::string text =
+            "\\header {\n  title = " + QuotedText(heading.Title.empty() ? m_Title : ToUtf8(heading.Title)) +
+            "\n";
+        if (!heading.Artist.empty())
+            text += "  composer = " + QuotedText(ToUtf8(heading.Artist)) + "\n";
+        if (heading.Capo > 0)
+            text += Numbered("  meter = \"Capo ", heading.Capo) + "\"\n";
+        return text + "  tagline = ##f\n}\n\n";
+    }
+
+    void FindSections() {
+        std::set<std::string> taken{"all", "tuning", "music", "language"};
+        for (std::size_t bar = 0; bar < m_Score.Bars.size(); ++bar) {
+            const std::vector<std::string>& labels = m_Score.Bars[bar].Labels;
+            if (bar != 0 && labels.empty())
+                continue;
+            const std::string name = labels.empty() ? "opening" : LettersOf(labels.front()) + "Section";
+            m_Sections.push_back({FreeName(name, taken), bar, 0});
+        }
+        for (std::size_t i = 0; i < m_Sections.size(); ++i)
+            m_Sections[i].End = i + 1 < m_Sections.size() ? m_Sections[i + 1].First : m_Score.Bars.size();
+    }
+
+    std::string Music(const std::string& suffix, bool isForTab) {
+        LilyPondNotes notes(m_Score, isForTab);
+        std::string text;
+        std::string all;
+        for (const Section& section : m_Sections) {
+            text += section.Variable + suffix + " = {\n";
+            for (std::size_t bar = section.First; bar < section.End; ++bar)
+                text += Bar(bar, notes);
+            text += "}\n\n";
+            all += "  \\" + section.Variable + suffix + "\n";
+        }
+        return text + "all" + suffix + " = {\n" + Opening() + all + "  \\bar \"|.\"\n}\n\n";
+    }
+
+    // What holds from the start.
+    std::string Opening() const {
+        std::string text;
+        const ModelHeading& heading = m_Score.Heading;
+        if (heading.Tempo > 0)
+            text += Numbered("  \\tempo 4 = ", heading.Tempo) + "\n";
+        if (!m_Score.HasRhythms)
+            text += "  \\omit Score.TimeSignature\n  \\omit Stem\n  \\omit Flag\n  \\omit Beam\n";
+        return text;
+    }
+
+    std::string Bar(std::size_t index, LilyPondNotes& notes) {
+        const ModelBar& bar = m_Score.Bars[index];
+        const WrittenBar& written = m_Bars[index];
+        if (written.Pieces.empty())
+            return {};
+        std::string text = TimeOf(bar, written);
+        if (bar.Repeats.IsStart)
+            text += "  \\bar \".|:\"\n";
+        for (const std::string& label : bar.Labels)
+            text += "  \\mark \\markup \\box " + QuotedText(ToUtf8(label)) + "\n";
+        text += "  ";
+        for (std::size_t piece = 0; piece < written.Pieces.size(); ++piece)
+            text += notes.Piece(written.Pieces[piece], NextPiece(index, piece), bar) + " ";
+        text += Numbered("| % ", static_cast<long long>(index) + 1) + "\n";
+        if (bar.Repeats.IsEnd)
+            text += "  \\bar \":|.\"\n";
+        return text;
+    }
+
+    const WrittenPiece* NextPiece(std::size_t bar, std::size_t piece) const {
+        if (piece + 1 < m_Bars[bar].Pieces.size())
+            return &m_Bars[bar].Pieces[piece + 1];
+        for (++bar; bar < m_Bars.size(); ++bar)
+            if (!m_Bars[bar].Pieces.empty())
+                return &m_Bars[bar].Pieces.front();
+        return nullptr;
+    }
+
+    // The metre where it changes, and the length of a bar that does not fill it.
+    std::string TimeOf(const ModelBar& bar, const WrittenBar& written) {
+        std::string text;
+        const bool isFirst = m_Length == 0;
+        if (bar.TimeSignature || isFirst) {
+            const ModelTimeSignature signature = bar.TimeSignature.value_or(m_Score.FirstTimeSignature);
+            text += Numbered(Numbered("  \\time ", signature.Numerator) + "/", signature.Denominator) + "\n";
+            m_Length = kUnitsPerWholeNote / signature.Denominator * signature.Numerator;
+        }
+        if (written.Length != m_Length) {
+            text += Numbered("  \\set Timing.measureLength = #(ly:make-moment ", written.Length) +
+                    Numbered("/", kUnitsPerWholeNote) + ")\n";
+            m_Length = written.Length;
+        }
+        return text;
+    }
+
+    std::string Book() const {
+        const bool isBass = m_Score.Tuning.size() == static_cast<std::size_t>(kStringsOfABass);
+        std::string text = "tuning = \\stringTuning <";
+        for (const int midi : m_Score.Tuning)
+            text += " " + PitchName(SpellMidi(midi));
+        text += " >\n\n\\score {\n  \\new StaffGroup <<\n";
+        if (m_Layout != Layout::Tab)
+            text += std::string("    \\new Staff \\with {\n      instrumentName = ") +
+                    QuotedText(ToUtf8(m_Score.InstrumentName)) +
+                    "\n      \\omit StringNumber\n    } {\n      \\clef \"" +
+                    (isBass ? "bass_8" : "treble_8") + "\"\n      \\all\n    }\n";
+        if (m_Layout != Layout::Notes)
+            text += std::string("    \\new TabStaff \\with {\n      stringTunings = \\tuning\n    } {\n") +
+                    (m_Layout == Layout::Tab && m_Score.HasRhythms ? "      \\tabFullNotation\n" : "") +
+                    (m_LacksFrets ? "      \\allTab\n" : "      \\all\n") + "    }\n";
+        return text + "  >>\n  \\layout { }\n  \\midi { }\n}\n";
+    }
+
+    const ScoreModel& m_Score;
+    std::vector<WrittenBar> m_Bars;
+    std::string m_Title;
+    Layout m_Layout;
+    bool m_IsOnePage;
+    bool m_LacksFrets;
+    std::vector<Section> m_Sections;
+    // Of the bar before.
+    int m_Length = 0;
+};
+
+} // namespace
+
+std::string LilyPondText(const ScoreModel& score, const std::string& title, Layout layout, bool isOnePage) {
+    return Writer(score, title, layout, isOnePage).Write();
+}
+
+} // namespace Score

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Projects/Score/Notation.h"
+#include "Projects/Score/ScoreModel.h"
+#include "Projects/Score/Spelling.h"
+
+#include <string>
+
+namespace Score {
+
+/// A text in LilyPond's quotes, whatever it holds. `text` is UTF-8.
+std::string QuotedText(const std::string& text);
+
+/// A pitch by the English names of notes, such as "fs'" for F sharp above middle C.
+std::string PitchName(const SpelledPitch& pitch);
+
+/// Writes notes, chords and rests one after the other. Borrows the score.
+class LilyPondNotes {
+public:
+    /// `isForTab` leaves out what no fret gives.
+    LilyPondNotes(const ScoreModel& score, bool isForTab) : m_Score(score), m_IsForTab(isForTab) {}
+
+    /// One piece; `next` is the one after it, null at the end. Chord symbols of the bar stand at its struck
+    /// pieces.
+    std::string Piece(const WrittenPiece& piece, const WrittenPiece* next, const ModelBar& bar);
+
+private:
+    std::string Note(const ModelNote& note, const WrittenPiece& piece, const WrittenPiece* next) const;
+    std::string SignsAfter(const WrittenPiece& piece, const WrittenPiece* next);
+
+    const ScoreModel& m_Score;
+    bool m_IsForTab;
+    bool m_IsSlurOpen = false;
+};
+
+} // namespace Score
