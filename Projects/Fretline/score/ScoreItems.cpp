@@ -26,7 +26,7 @@ TreeNode* AddItem(TreeNode* parent, const char* kind) {
 // An item of the lead-in bar, which stands after every position and belongs to all voices.
 TreeNode* AddLeadInItem(TreeNode* items, const char* kind) {
     TreeNode* const item = AddItem(items, kind);
-    WriteItemHeader(item, kPositionBehindBar, kAllVoices, 0, 0);
+    WriteItemHeader(item, kPositionAfterBar, kAllVoices, 0, 0);
     return item;
 }
 

@@ -14,7 +14,7 @@ namespace Fretline {
 /// Sorts before every position of a bar.
 constexpr int kPositionBeforeBar = -1;
 /// Sorts after every position of a bar.
-constexpr int kPositionBehindBar = 32512;
+constexpr int kPositionAfterBar = 32512;
 /// Bit mask of all four voices.
 constexpr int kAllVoices = 15;
 /// The first voice only.

@@ -123,9 +123,9 @@ int BeatPositions::GetPosition(int column, int& duration, bool& tied) const {
     if (next == m_Elements.begin())
         return 0;
     const BeatColumn& element = std::prev(next)->second;
-    const int columnBehind = next != m_Elements.end() ? next->first : m_Width;
+    const int columnAfter = next != m_Elements.end() ? next->first : m_Width;
     // The last element lies inside the range, and so does every column that is asked for.
-    const int columns = std::max(columnBehind - element.m_Column, 1);
+    const int columns = std::max(columnAfter - element.m_Column, 1);
     const std::int64_t distance = std::int64_t{element.m_Duration} * (column - element.m_Column) / columns;
     return element.m_Position + static_cast<int>(distance);
 }

@@ -80,14 +80,14 @@ int NoteLengths::Interpolate(int column, int& duration) const {
         positionBefore = low.m_Position;
     }
     const bool hasNext = high != m_Elements.end();
-    const int columnBehind = hasNext ? high->second.m_Column : m_Width;
-    const int positionBehind = hasNext ? high->second.m_Position : m_Length;
+    const int columnAfter = hasNext ? high->second.m_Column : m_Width;
+    const int positionAfter = hasNext ? high->second.m_Position : m_Length;
 
     const std::int64_t fraction =
-        (column - columnBefore) * kFractionUnits / std::max(columnBehind - columnBefore, 1);
-    const std::int64_t distance = fraction * (positionBehind - positionBefore) / kFractionUnits;
+        (column - columnBefore) * kFractionUnits / std::max(columnAfter - columnBefore, 1);
+    const std::int64_t distance = fraction * (positionAfter - positionBefore) / kFractionUnits;
     const int position = static_cast<int>(distance) + positionBefore;
-    duration = positionBehind - position;
+    duration = positionAfter - position;
     return position;
 }
 

@@ -83,9 +83,9 @@ LabelExtent LabelExtents::Around(int column, int length) const {
 }
 
 int LabelExtents::FindStart(int column) const {
-    const auto behindBlanks = std::lower_bound(m_Blanks.begin(), m_Blanks.end(), column);
-    const bool stopsAtBlank = behindBlanks - m_Blanks.begin() >= kStoppingBlank;
-    const int start = stopsAtBlank ? *(behindBlanks - kStoppingBlank) : 0;
+    const auto afterBlanks = std::lower_bound(m_Blanks.begin(), m_Blanks.end(), column);
+    const bool stopsAtBlank = afterBlanks - m_Blanks.begin() >= kStoppingBlank;
+    const int start = stopsAtBlank ? *(afterBlanks - kStoppingBlank) : 0;
     // The keyword itself is no white space, so there is one.
     return *std::lower_bound(m_NotWhiteSpace.begin(), m_NotWhiteSpace.end(), start);
 }

@@ -8,13 +8,13 @@ constexpr char kEscape = 27;
 constexpr char kControlC = 3;
 constexpr char kControlD = 4;
 // A terminal sends the bytes of one key faster than this, in milliseconds.
-constexpr int kPauseBehindEscape = 50;
+constexpr int kPauseAfterEscape = 50;
 
 // After "ESC [" or "ESC O": parameters, then the letter that names the key.
 TerminalKey ReadNamedKey(const TerminalMode& terminal) {
     char byte = 0;
     do {
-        if (terminal.WaitForByte(byte, kPauseBehindEscape) != TerminalMode::Event::Byte)
+        if (terminal.WaitForByte(byte, kPauseAfterEscape) != TerminalMode::Event::Byte)
             return {};
     } while ((byte >= '0' && byte <= '9') || byte == ';');
     switch (byte) {
@@ -31,9 +31,9 @@ TerminalKey ReadNamedKey(const TerminalMode& terminal) {
     }
 }
 
-TerminalKey ReadBehindEscape(const TerminalMode& terminal) {
+TerminalKey ReadAfterEscape(const TerminalMode& terminal) {
     char byte = 0;
-    if (terminal.WaitForByte(byte, kPauseBehindEscape) != TerminalMode::Event::Byte || byte == kEscape)
+    if (terminal.WaitForByte(byte, kPauseAfterEscape) != TerminalMode::Event::Byte || byte == kEscape)
         return {TerminalKeyKind::Escape, 0};
     if (byte == '[' || byte == 'O')
         return ReadNamedKey(terminal);
@@ -63,7 +63,7 @@ TerminalKey ReadKey(const TerminalMode& terminal) {
     case kControlD:
         return {TerminalKeyKind::Escape, 0};
     case kEscape:
-        return ReadBehindEscape(terminal);
+        return ReadAfterEscape(terminal);
     default:
         return {TerminalKeyKind::Character, byte};
     }

@@ -38,7 +38,7 @@ TEST_F(PluginOutputTest, ProgressGoesToTheHostWithItsContext) {
     EXPECT_EQ(Host.Calls, (Calls{"update 20", "update 20 reading", "update 50 writing"}));
 }
 
-TEST_F(PluginOutputTest, ACancelComesBackBehindWhatWasStored) {
+TEST_F(PluginOutputTest, ACancelComesBackAfterWhatWasStored) {
     Host.Answer = [] { return 0; };
     EXPECT_THROW(Output.SetProgress(40, "text"), Nvr::ConverterCancelled);
     EXPECT_EQ(Output.GetLastPercent(), 40);

@@ -20,13 +20,12 @@ TEST(TempFiles, FileIsNewAndEmpty) {
         EXPECT_EQ(Text(file.GetParent().GetPath()), scratch.Path());
         EXPECT_EQ(file.GetSize(), 0);
         const std::string name = Text(file.GetFileName(true));
-        const std::size_t behindDigits = name.find_first_not_of("0123456789", 2);
-        EXPECT_TRUE(name.starts_with("nv") && behindDigits > 2 && name.substr(behindDigits) == ".tmp")
-            << name;
+        const std::size_t afterDigits = name.find_first_not_of("0123456789", 2);
+        EXPECT_TRUE(name.starts_with("nv") && afterDigits > 2 && name.substr(afterDigits) == ".tmp") << name;
         names.insert(name);
         EXPECT_TRUE(file.Delete(false));
     }
-    EXPECT_EQ(names.size(), 20U) << "a name that comes again could be foretold";
+    EXPECT_EQ(names.size(), 20U) << "a name that comes again could be predicted";
     EXPECT_EQ(scratch.CountEntries(), 0U);
 }
 

@@ -66,7 +66,7 @@ const ItemCase kItems[] = {
      "Type=Note Diat=37 Chrom2=128 Acc=2 StringNum=5 Flags=129"},
 };
 
-TEST(ScoreItems, StandChildForChildBehindWhatWasThere) {
+TEST(ScoreItems, StandChildForChildAfterWhatWasThere) {
     for (const ItemCase& item : kItems) {
         TreeNode section("Section");
         const TreeNode* const added = item.Add(&section);

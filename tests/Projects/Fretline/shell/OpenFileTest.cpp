@@ -103,7 +103,7 @@ TEST_F(OpenFileTest, ACancelAtAnyReportGoesStraightToTheClosingSequence) {
     for (std::size_t at = 1; at < kCallsOfTwoBars.size(); ++at) {
         Host.Answer = [&] { return IsLastCall(at) ? 0 : 1; };
         const bool isLookedAt = at > 1 && at < kLoad;
-        ExpectEndBehind(at, isLookedAt);
+        ExpectEndAfter(at, isLookedAt);
     }
 }
 
@@ -120,7 +120,7 @@ TEST_F(OpenFileTest, WhateverTheHostThrowsTheClosingSequenceRunsAndNothingComesO
                     raise();
                 return 1;
             };
-            ExpectEndBehind(at, at < kClosing);
+            ExpectEndAfter(at, at < kClosing);
         }
     }
 }

@@ -52,7 +52,7 @@ protected:
     bool IsLastCall(std::size_t index) const { return Host.Calls.size() == index + 1; }
 
     /// What opening a file calls when call `at` goes straight to the closing sequence, or changes nothing.
-    void ExpectEndBehind(std::size_t at, bool isEnd) {
+    void ExpectEndAfter(std::size_t at, bool isEnd) {
         EXPECT_TRUE(Open(Tabs.Write("a.tab", kTwoBars))) << "the file was still ours";
         Calls expected = kCallsOfTwoBars;
         if (isEnd)

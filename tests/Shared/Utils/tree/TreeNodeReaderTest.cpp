@@ -51,7 +51,7 @@ TEST_F(TreeNodeReaderTest, StreamsAreReadInBlocksOfAnySize) {
     }
 }
 
-TEST_F(TreeNodeReaderTest, AStreamStandsBehindTheDocument) {
+TEST_F(TreeNodeReaderTest, AStreamStandsAfterTheDocument) {
     const TreeNode first("First", "1");
     const TreeNode second("Second", "2");
     std::istringstream source("skip" + Written(first, true) + Written(second, true, true) + "rest");
@@ -68,7 +68,7 @@ TEST_F(TreeNodeReaderTest, AStreamStandsBehindTheDocument) {
     EXPECT_EQ(textStream.Tell(), 4);
 }
 
-TEST_F(TreeNodeReaderTest, AStreamStandsBehindWhatWasReadHoweverThatEnds) {
+TEST_F(TreeNodeReaderTest, AStreamStandsAfterWhatWasReadHoweverThatEnds) {
     const std::string binary = Written(*LoadAsString("A {B \"x\" {C}}"), true);
     const struct {
         std::string Document;

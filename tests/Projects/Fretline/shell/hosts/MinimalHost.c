@@ -1,6 +1,6 @@
 /* A host in C with nothing but the boundary: loads the library named first, with its symbols "local" or
  * "global", starts it, and tells what became of the start and of the two functions that only pass calls on.
- * With a folder for options and a tab behind these it opens the tab too, and counts what it is called for.
+ * With a folder for options and a tab after these it opens the tab too, and counts what it is called for.
  * Built several times, each time without one of the six functions (a definition gives it another name). */
 
 #include "Shared/NotaveraAPI/NotaveraPlugin.h"
