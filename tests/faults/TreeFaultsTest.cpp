@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -15,6 +16,9 @@ using Nvr::TreeNode;
 using Nvr::TreeNodePool;
 
 namespace {
+
+constinit const Nvr::FixedString kNumber("Number");
+constinit const Nvr::FixedString kOther("Other");
 
 // Runs an action with each of its allocations failing in turn, beginning each run with an empty string
 // table. No run may leave a node behind, nor change the tree that the action is not to change.
@@ -97,6 +101,8 @@ TEST_F(TreeFaults, AddingTakesOwnershipInAnyCase) {
             TreeNode root("Other");
             for (int i = 0; i < 12; ++i) {
                 root.AddChild(new TreeNode("Last", i));
+                root.AddNumbers(std::array{Nvr::TreeNumber{kNumber, i}, Nvr::TreeNumber{kOther, -i}});
+                root.AddChild(new TreeNode(kNumber, kOther));
                 root.AddChildFirst(new TreeNode("First", 0.5F));
                 root.InsertChild(new TreeNode("Middle", Nvr::TreeRectangle{}), i);
                 root.MergeChild(new TreeNode("Merged", true));

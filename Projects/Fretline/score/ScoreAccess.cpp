@@ -8,13 +8,18 @@
 
 namespace Fretline {
 
+using Nvr::FixedString;
 using Nvr::String;
 using Nvr::TreeNode;
 
 namespace {
 
-constexpr std::array kSectionLabels = {"Bars",        "Items",       "Staves",   "Barlines", "Notes",
-                                       "Instruments", "BarSpacings", "Brackets", "MidPoints"};
+constinit const FixedString kType("Type");
+
+constinit const std::array<FixedString, 9> kSectionLabels{
+    {FixedString("Bars"), FixedString("Items"), FixedString("Staves"), FixedString("Barlines"),
+     FixedString("Notes"), FixedString("Instruments"), FixedString("BarSpacings"), FixedString("Brackets"),
+     FixedString("MidPoints")}};
 
 // Appends and gives back the child; a failed append frees it.
 TreeNode* Append(TreeNode& parent, std::unique_ptr<TreeNode> child) {
@@ -23,8 +28,8 @@ TreeNode* Append(TreeNode& parent, std::unique_ptr<TreeNode> child) {
     return added;
 }
 
-template <class Value>
-TreeNode* AddScalarChild(TreeNode* parent, const String& label, Value value) {
+template <class Label, class Value>
+TreeNode* AddScalarChild(TreeNode* parent, const Label& label, const Value& value) {
     return parent == nullptr ? nullptr : Append(*parent, std::make_unique<TreeNode>(label, value));
 }
 
@@ -74,30 +79,60 @@ bool FlattenPartMap(TreeNode* node, TreeNode* /*parent*/, int /*depth*/) {
 String SectionLabel(int section) {
     if (section < 0 || section >= static_cast<int>(kSectionLabels.size()))
         return {};
-    return kSectionLabels.at(static_cast<std::size_t>(section));
+    return kSectionLabels.at(static_cast<std::size_t>(section)).Interned();
 }
 
 TreeNode* GetSection(TreeNode* parent, ScoreSection section) {
-    return AddTypedChild(parent, SectionLabel(section), String(), true);
+    if (parent == nullptr)
+        return nullptr;
+    const FixedString& label = kSectionLabels.at(static_cast<std::size_t>(section));
+    TreeNode* const present = parent->FindChild(label.Interned());
+    return present != nullptr ? present : Append(*parent, std::make_unique<TreeNode>(label));
 }
 
 TreeNode* AddTypedChild(TreeNode* parent, const String& label, const String& type, bool reuse) {
     if (parent == nullptr)
         return nullptr;
     TreeNode* child = reuse && !label.IsEmpty() ? parent->FindChild(label) : nullptr;
-    if (child != nullptr && !type.IsEmpty()) {
-        SetStringChild(child, "Type", type.CStr());
-        return child;
-    }
+    TreeNode* const present =
+        child != nullptr && !type.IsEmpty() ? child->FindChild(kType.Interned()) : nullptr;
     if (child == nullptr)
         child = Append(*parent, std::make_unique<TreeNode>(label));
-    if (!type.IsEmpty())
-        AddStringChild(child, "Type", type.CStr());
+    if (present != nullptr)
+        present->SetValue(type);
+    else if (!type.IsEmpty())
+        AddStringChild(child, kType, type);
     return child;
 }
 
 TreeNode* AddStringChild(TreeNode* parent, const String& label, const char* value) {
     return AddScalarChild(parent, label, value);
+}
+
+TreeNode* AddStringChild(TreeNode* parent, const FixedString& label, const String& value) {
+    return AddScalarChild(parent, label, value);
+}
+
+TreeNode* AddStringChild(TreeNode* parent, const FixedString& label, const FixedString& value) {
+    return AddScalarChild(parent, label, value);
+}
+
+void AddIntChildren(TreeNode* parent, std::initializer_list<Nvr::TreeNumber> numbers) {
+    if (parent != nullptr)
+        parent->AddNumbers(numbers);
+}
+
+TreeNode* AddBoolChild(TreeNode* parent, const FixedString& label, bool value) {
+    return AddScalarChild(parent, label, value);
+}
+
+TreeNode* AddTypedChild(TreeNode* parent, const FixedString& label, const FixedString& type, int childCount) {
+    if (parent == nullptr)
+        return nullptr;
+    TreeNode* const child = Append(*parent, std::make_unique<TreeNode>(label));
+    child->ReserveChildren(childCount);
+    AddStringChild(child, kType, type);
+    return child;
 }
 
 TreeNode* AddIntChild(TreeNode* parent, const String& label, int value) {

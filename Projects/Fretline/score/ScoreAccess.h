@@ -3,6 +3,8 @@
 #include "Shared/Utils/NvrString.h"
 #include "Shared/Utils/tree/TreeNode.h"
 
+#include <initializer_list>
+
 namespace Fretline {
 
 /// The sections of a score by which it is addressed; SectionLabel gives their labels.
@@ -34,6 +36,17 @@ Nvr::TreeNode* AddTypedChild(Nvr::TreeNode* parent, const Nvr::String& label, co
 Nvr::TreeNode* AddStringChild(Nvr::TreeNode* parent, const Nvr::String& label, const char* value);
 Nvr::TreeNode* AddIntChild(Nvr::TreeNode* parent, const Nvr::String& label, int value);
 Nvr::TreeNode* AddBoolChild(Nvr::TreeNode* parent, const Nvr::String& label, bool value);
+
+/// The same for labels and values that are looked up once.
+Nvr::TreeNode* AddStringChild(Nvr::TreeNode* parent, const Nvr::FixedString& label, const Nvr::String& value);
+Nvr::TreeNode* AddStringChild(Nvr::TreeNode* parent, const Nvr::FixedString& label,
+                              const Nvr::FixedString& value);
+Nvr::TreeNode* AddBoolChild(Nvr::TreeNode* parent, const Nvr::FixedString& label, bool value);
+/// Appends a child for each of the numbers; nothing for a null parent.
+void AddIntChildren(Nvr::TreeNode* parent, std::initializer_list<Nvr::TreeNumber> numbers);
+/// Appends a child with a label and a "Type", and with room for `childCount` children in all.
+Nvr::TreeNode* AddTypedChild(Nvr::TreeNode* parent, const Nvr::FixedString& label,
+                             const Nvr::FixedString& type, int childCount);
 
 /// Give the first child with that label the new value, or append a new child; give it back, or null for a
 /// null parent.

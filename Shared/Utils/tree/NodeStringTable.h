@@ -1,9 +1,11 @@
 #pragma once
 
 #include "Shared/Utils/VHashTable.h"
+#include "Shared/Utils/tree/FixedString.h"
 #include "Shared/Utils/tree/KnownStrings.h"
 
 #include <cstddef>
+#include <vector>
 
 namespace Nvr {
 
@@ -18,14 +20,24 @@ public:
     static constexpr int kBucketCount = 1001;
 
     NodeStringTable() : TVHashTable(kBucketCount) {}
+    ~NodeStringTable() override { Clear(); }
 
     /// The table of the process. Its memory goes with the static objects; who needs it still later, while
     /// others of them are destroyed, gets a new one.
-    static NodeStringTable& Shared();
+    static NodeStringTable& Shared() { return s_Shared != nullptr ? *s_Shared : MakeShared(); }
 
     /// Makes `string` share the text of the equal string of the table. A string that is new here is appended
     /// to its bucket. A failed allocation leaves both as they were.
-    void Intern(String& string);
+    void Intern(String& string) { string = Entered(string); }
+    /// The table's string of a whole number's decimal text; of a small one found by its value. Valid until
+    /// the table is emptied.
+    const String& NumberText(long value) {
+        const auto place = static_cast<unsigned long>(value);
+        return place < m_SmallNumbers.size() && m_SmallNumbers[place] != nullptr ? *m_SmallNumbers[place]
+                                                                                 : LookUpNumber(value);
+    }
+    /// The table's string of a literal, which the literal keeps until the table is emptied.
+    const String& Enter(const FixedString& literal);
     /// Empties the table; the buckets stay.
     void Clear();
 
@@ -42,8 +54,24 @@ private:
     // Room for the strings of a whole score.
     static constexpr std::size_t kFewestPlaces = 16384;
 
+    /// Positions, pitches and lengths in a score are mostly smaller.
+    static constexpr std::size_t kSmallNumbers = 2048;
+
+    struct DeleterOfShared;
+    static NodeStringTable& MakeShared();
+
+    /// The table's string for this one, which is entered when it is new.
+    const String& Entered(const String& string);
+    const String& LookUpNumber(long value);
+
+    static NodeStringTable* s_Shared;
+
     /// The keys of all entries.
     KnownStrings m_Index{kFewestPlaces};
+    /// By their value; null for one that has not been asked for.
+    std::vector<const String*> m_SmallNumbers;
+    /// Those that point into this table.
+    const FixedString* m_Literals = nullptr;
 };
 
 } // namespace Nvr

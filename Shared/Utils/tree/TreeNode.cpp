@@ -40,17 +40,6 @@ TreeNode::~TreeNode() {
     delete m_Children;
 }
 
-void TreeNode::operator delete(void* address) noexcept {
-    if (!TreeNodePool::Shared().Release(address))
-        ::operator delete(address);
-}
-
-void TreeNode::operator delete(TreeNode* node, std::destroying_delete_t) noexcept {
-    // What a root has beyond a node needs no destruction.
-    node->~TreeNode();
-    TreeNode::operator delete(static_cast<void*>(node));
-}
-
 int TreeNode::GetChildCount() const {
     return m_Children != nullptr ? m_Children->Count() : 0;
 }
@@ -74,6 +63,10 @@ bool TreeNode::IsSameTree(const TreeNode& other) const {
                pair.Left->GetValue() == pair.Right->GetValue();
     };
     return this == &other || WalkInParallel({.Left = this, .Right = &other}, isSamePair, WalkEnd::LongerList);
+}
+
+void TreeNode::ReserveChildren(int count) {
+    NeedChildren().Reserve(count);
 }
 
 void TreeNode::AddChild(TreeNode* node) {

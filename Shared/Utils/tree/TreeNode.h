@@ -1,10 +1,12 @@
 #pragma once
 
 #include "Shared/Utils/NvrString.h"
+#include "Shared/Utils/tree/FixedString.h"
 #include "Shared/Utils/tree/TreeNodePool.h"
 
 #include <cstddef>
 #include <new>
+#include <span>
 
 namespace Nvr {
 
@@ -25,13 +27,18 @@ struct TreeRectangle {
     TreePoint BottomRight;
 };
 
+/// A child to be that has a number for its value. Borrows the label.
+struct TreeNumber {
+    const FixedString& Label;
+    int Value;
+};
+
 /// The one document model of the system: a label, a value and an ordered list of children.
 ///
 /// A node owns its children, strictly downward; there is no parent pointer and no type tag. Labels need not
 /// be unique among siblings: finding gives the first match, and the order of children is kept by every
-/// operation and by both stored forms. Labels and values are interned in the process-wide NodeStringTable,
-/// but for "True" and "False" of a bool, which are shared as they are. Finders answer null, and nothing here
-/// reports an error.
+/// operation and by both stored forms. Labels and values are interned in the process-wide NodeStringTable.
+/// Finders answer null, and nothing here reports an error.
 ///
 /// Operations that take a `TreeNode*` to add take ownership of it, also when they fail. A node is added to
 /// one parent, and never to a node below itself. A failed allocation raises the allocation failure, leaks
@@ -52,6 +59,15 @@ public:
     TreeNode(const String& label, int value);
     TreeNode(const String& label, long value);
     TreeNode(const String& label, float value);
+    /// Of strings that are looked up once.
+    explicit TreeNode(const FixedString& label) : TreeNode(label.Interned(), String(), AreInterned()) {}
+    TreeNode(const FixedString& label, const FixedString& value)
+        : TreeNode(label.Interned(), value.Interned(), AreInterned()) {}
+    TreeNode(const FixedString& label, const String& value);
+    TreeNode(const FixedString& label, bool value);
+    /// A pointer, such as a literal text, would pass for a bool.
+    template <class Pointed>
+    TreeNode(const FixedString& label, Pointed* value) = delete;
     TreeNode(const String& label, const TreePoint& value);
     TreeNode(const String& label, const TreeRectangle& value);
     /// A deep copy.
@@ -66,8 +82,15 @@ public:
         void* const cell = size == sizeof(TreeNode) ? TreeNodePool::Shared().Allocate(size) : nullptr;
         return cell != nullptr ? cell : ::operator new(size);
     }
-    static void operator delete(void* address) noexcept;
-    static void operator delete(TreeNode* node, std::destroying_delete_t) noexcept;
+    static void operator delete(void* address) noexcept {
+        if (!TreeNodePool::Shared().Release(address))
+            ::operator delete(address);
+    }
+    static void operator delete(TreeNode* node, std::destroying_delete_t) noexcept {
+        // What a root has beyond a node needs no destruction.
+        node->~TreeNode();
+        TreeNode::operator delete(static_cast<void*>(node));
+    }
 
     const String& GetLabel() const { return m_Label; }
     const String& GetValue() const { return m_Value; }
@@ -113,8 +136,12 @@ public:
     void SetValue(const TreePoint& value);
     void SetValue(const TreeRectangle& value);
 
+    /// Makes room for so many children in all, so that adding them moves none.
+    void ReserveChildren(int count);
     /// Appends; a null node and the node itself are ignored.
     void AddChild(TreeNode* node);
+    /// Appends a child for each of the numbers, in their order.
+    void AddNumbers(std::span<const TreeNumber> numbers);
     void AddChildFirst(TreeNode* node);
     /// Before the child at `index`; first for an index below 1, last for one at or past the count.
     void InsertChild(TreeNode* node, int index);
@@ -170,7 +197,7 @@ private:
         : m_Label(label), m_Value(value) {}
 
     TreeNodeList& NeedChildren();
-    TreeNode& NeedChild(const String& label);
+    TreeNode& NeedChild(const FixedString& label);
 
     String m_Label;
     String m_Value;

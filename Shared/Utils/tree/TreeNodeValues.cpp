@@ -1,32 +1,33 @@
 #include "Shared/Utils/tree/TreeNode.h"
 
 #include "Shared/Utils/NumberText.h"
+#include "Shared/Utils/tree/FixedString.h"
+#include "Shared/Utils/tree/NodeStringTable.h"
+#include "Shared/Utils/tree/TreeNodeList.h"
+
+#include <memory>
 
 namespace Nvr {
 
 namespace {
 
-// Shared by all nodes, as they would be if they were interned.
+constinit const FixedString kTrue("True");
+constinit const FixedString kFalse("False");
+constinit const FixedString kX("X");
+constinit const FixedString kY("Y");
+constinit const FixedString kTopLeft("TopLeft");
+constinit const FixedString kBottomRight("BottomRight");
+
 const String& BoolText(bool value) {
-    static const String s_True("True");
-    static const String s_False("False");
-    return value ? s_True : s_False;
+    return (value ? kTrue : kFalse).Interned();
+}
+
+const String& NumberText(long value) {
+    return NodeStringTable::Shared().NumberText(value);
 }
 
 String FloatText(float value) {
     return String(FormatFixed(static_cast<double>(value)));
-}
-
-struct PartLabels {
-    String X{"X"};
-    String Y{"Y"};
-    String TopLeft{"TopLeft"};
-    String BottomRight{"BottomRight"};
-};
-
-const PartLabels& Labels() {
-    static const PartLabels s_Labels;
-    return s_Labels;
 }
 
 } // namespace
@@ -37,11 +38,21 @@ TreeNode::TreeNode(const String& label, bool value) : TreeNode(label) {
     SetValue(value);
 }
 
-TreeNode::TreeNode(const String& label, int value) : TreeNode(label, String(IntegerText(value).View())) {}
+TreeNode::TreeNode(const String& label, int value) : TreeNode(label, long{value}) {}
 
-TreeNode::TreeNode(const String& label, long value) : TreeNode(label, String(IntegerText(value).View())) {}
+TreeNode::TreeNode(const String& label, long value) : TreeNode(label) {
+    SetValue(value);
+}
 
 TreeNode::TreeNode(const String& label, float value) : TreeNode(label, FloatText(value)) {}
+
+TreeNode::TreeNode(const FixedString& label, const String& value)
+    : TreeNode(label.Interned(), value, AreInterned()) {
+    InternString(m_Value);
+}
+
+TreeNode::TreeNode(const FixedString& label, bool value)
+    : TreeNode(label.Interned(), BoolText(value), AreInterned()) {}
 
 TreeNode::TreeNode(const String& label, const TreePoint& value) : TreeNode(label) {
     SetValue(value);
@@ -64,15 +75,16 @@ float TreeNode::GetValueAsFloat() const {
 }
 
 bool TreeNode::GetValueAsBool() const {
-    return m_Value.EqualsIgnoreCase(BoolText(true)) || m_Value == "1";
+    return m_Value.EqualsIgnoreCase(kTrue.Text()) || m_Value == "1";
 }
 
 TreePoint TreeNode::GetValueAsPoint() const {
-    return {GetChildValue(Labels().X, 0), GetChildValue(Labels().Y, 0)};
+    return {GetChildValue(kX.Interned(), 0), GetChildValue(kY.Interned(), 0)};
 }
 
 TreeRectangle TreeNode::GetValueAsRectangle() const {
-    return {GetChildValue(Labels().TopLeft, TreePoint()), GetChildValue(Labels().BottomRight, TreePoint())};
+    return {GetChildValue(kTopLeft.Interned(), TreePoint()),
+            GetChildValue(kBottomRight.Interned(), TreePoint())};
 }
 
 const String& TreeNode::GetChildValue(const String& label, const String& defaultValue) const {
@@ -137,11 +149,11 @@ void TreeNode::SetValue(const char* value) {
 }
 
 void TreeNode::SetValue(int value) {
-    SetValue(String(IntegerText(value).View()));
+    SetValue(long{value});
 }
 
 void TreeNode::SetValue(long value) {
-    SetValue(String(IntegerText(value).View()));
+    m_Value = NumberText(value);
 }
 
 void TreeNode::SetValue(float value) {
@@ -153,17 +165,28 @@ void TreeNode::SetValue(bool value) {
 }
 
 void TreeNode::SetValue(const TreePoint& value) {
-    NeedChild(Labels().X).SetValue(value.X);
-    NeedChild(Labels().Y).SetValue(value.Y);
+    NeedChild(kX).SetValue(value.X);
+    NeedChild(kY).SetValue(value.Y);
 }
 
 void TreeNode::SetValue(const TreeRectangle& value) {
-    NeedChild(Labels().TopLeft).SetValue(value.TopLeft);
-    NeedChild(Labels().BottomRight).SetValue(value.BottomRight);
+    NeedChild(kTopLeft).SetValue(value.TopLeft);
+    NeedChild(kBottomRight).SetValue(value.BottomRight);
 }
 
-TreeNode& TreeNode::NeedChild(const String& label) {
-    if (TreeNode* const present = FindChild(label))
+void TreeNode::AddNumbers(std::span<const TreeNumber> numbers) {
+    TreeNodeList& children = NeedChildren();
+    NodeStringTable& table = NodeStringTable::Shared();
+    for (const TreeNumber& number : numbers) {
+        std::unique_ptr<TreeNode> child(
+            new TreeNode(number.Label.Interned(), table.NumberText(number.Value), AreInterned()));
+        children.Add(child.get());
+        static_cast<void>(child.release());
+    }
+}
+
+TreeNode& TreeNode::NeedChild(const FixedString& label) {
+    if (TreeNode* const present = FindChild(label.Interned()))
         return *present;
     TreeNode* const added = new TreeNode(label);
     AddChild(added);

@@ -2,7 +2,9 @@
 
 #include "tests/Shared/Utils/tree/TreeTest.h"
 
+#include <array>
 #include <cstdlib>
+#include <limits>
 
 using Nvr::NodeStringTable;
 using Nvr::String;
@@ -33,6 +35,9 @@ struct LateUser {
 };
 
 LateUser s_LateUser;
+
+constinit const Nvr::FixedString kFixed("Fixed");
+constinit const Nvr::FixedString kNothing("");
 
 std::string KeysOf(const NodeStringTable::Bucket& bucket) {
     std::string keys;
@@ -104,6 +109,29 @@ TEST_F(NodeStringTableTest, ServesWhoUsesItWhileStaticObjectsAreDestroyed) {
             std::exit(EXIT_SUCCESS);
         },
         testing::ExitedWithCode(kSharesToTheLast), "");
+}
+
+TEST_F(NodeStringTableTest, LiteralsAndNumbersAreTheTablesOwnStrings) {
+    const int numbers[] = {
+        0, 7, 2047, 2048, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
+    std::vector<String> former;
+    // What was looked up before a clear must not be found after it.
+    for (int round = 0; round < 2; ++round) {
+        Nvr::ClearNodeStringTable();
+        TreeNode node(kNothing);
+        for (const int number : numbers)
+            node.AddNumbers(std::array{Nvr::TreeNumber{kFixed, number}});
+        EXPECT_EQ(node.GetLabel(), "");
+        for (int i = 0; i < node.GetChildCount(); ++i) {
+            const TreeNode& child = *node.GetChild(i);
+            EXPECT_EQ(child.GetValue(), std::to_string(numbers[i]).c_str());
+            EXPECT_TRUE(child.GetLabel().SharesTextWith(TreeNode("Fixed").GetLabel()));
+            EXPECT_TRUE(child.GetValue().SharesTextWith(TreeNode("N", numbers[i]).GetValue()));
+            EXPECT_TRUE(child.GetValue().SharesTextWith(TreeNode("N", child.GetValue().CStr()).GetValue()));
+            EXPECT_FALSE(round == 1 && child.GetValue().SharesTextWith(former[static_cast<std::size_t>(i)]));
+            former.push_back(child.GetValue());
+        }
+    }
 }
 
 TEST_F(NodeStringTableTest, NodesKeepTheirTextThroughAClear) {
