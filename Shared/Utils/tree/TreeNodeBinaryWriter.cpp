@@ -5,7 +5,9 @@
 #include "Shared/Utils/tree/TreeNodeList.h"
 
 #include <algorithm>
+#include <bit>
 #include <cassert>
+#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -30,14 +32,25 @@ char* PutByte(char* place, unsigned byte) {
 }
 
 char* PutNumber(char* place, std::uint32_t number) {
-    place = PutByte(place, number >> 3 * kBitsOfByte);
-    place = PutByte(place, number >> 2 * kBitsOfByte);
-    place = PutByte(place, number >> kBitsOfByte);
-    return PutByte(place, number);
+    // Put together before it is stored, which is then one store.
+    constexpr std::uint32_t kLowByte = 0xFF;
+    constexpr std::uint32_t kSecondByte = 0xFF00;
+    const std::uint32_t turned = number << 3 * kBitsOfByte | (number & kSecondByte) << kBitsOfByte |
+                                 (number >> kBitsOfByte & kSecondByte) |
+                                 (number >> 3 * kBitsOfByte & kLowByte);
+    const std::uint32_t stored = std::endian::native == std::endian::big ? number : turned;
+    std::memcpy(place, &stored, sizeof stored);
+    return place + sizeof stored;
 }
 
 char* PutStringHead(char* place, unsigned tag, std::uint32_t number) {
     return PutNumber(PutByte(place, tag), number);
+}
+
+// Of a string that stood before, or is to be written as the empty one.
+char* PutReference(char* place, std::uint32_t index) {
+    const bool isEmpty = index == TreeNodeStringIndexes::kWrittenEmpty;
+    return PutStringHead(place, isEmpty ? kNewString : kStringReference, isEmpty ? 0 : index);
 }
 
 bool IsPlainText(std::string_view text) {
@@ -51,48 +64,54 @@ TreeNodeBinaryWriter::TreeNodeBinaryWriter(TreeNodeOutput& output, bool unicode,
     : m_Output(output), m_IsUnicode(unicode), m_Encoding(encoding), m_Indexes(unicode) {}
 
 void TreeNodeBinaryWriter::Write(const TreeNode& root) {
-    struct Written {
-        const TreeNodeList* Children;
-        int NextChild;
-    };
     assert(!m_HasWritten);
     m_HasWritten = true;
     m_Output.Append(m_IsUnicode ? kOpeningUtf16 : kOpening8Bit);
-    std::vector<Written> path;
-    const TreeNode* node = &root;
+    std::vector<Level> path;
+    const TreeNodeList* below = WriteNodeHead(root);
     while (m_Output.PassOnBlocks()) {
-        const int childCount = WriteNodeHead(*node);
-        if (childCount != 0)
-            path.push_back({node->m_Children, 0});
-        while (!path.empty() && path.back().NextChild == path.back().Children->Count())
+        if (below != nullptr)
+            path.push_back({below, 0});
+        else if (!path.empty())
             path.pop_back();
         if (path.empty())
             return;
-        node = path.back().Children->GetAt(path.back().NextChild++);
+        below = WriteChildren(path.back());
     }
 }
 
-int TreeNodeBinaryWriter::WriteNodeHead(const TreeNode& node) {
-    WriteString(node.m_Label);
-    WriteString(node.m_Value);
+const TreeNodeList* TreeNodeBinaryWriter::WriteChildren(Level& level) {
+    const int count = level.Children->Count();
+    const TreeNodeList* below = nullptr;
+    while (below == nullptr && level.Next != count && m_Output.PassOnBlocks())
+        below = WriteNodeHead(*level.Children->GetAt(level.Next++));
+    return below;
+}
+
+const TreeNodeList* TreeNodeBinaryWriter::WriteNodeHead(const TreeNode& node) {
     const int childCount = node.m_Children != nullptr ? node.m_Children->Count() : 0;
-    PutNumber(m_Output.Extend(kNumberSize), static_cast<std::uint32_t>(childCount));
-    return childCount;
+    const std::uint32_t label = KnownIndexOf(node.m_Label);
+    const std::uint32_t value = KnownIndexOf(node.m_Value);
+    char* place = nullptr;
+    if (label != TreeNodeStringIndexes::kNew && value != TreeNodeStringIndexes::kNew) {
+        place = m_Output.Extend(2 * kStringHeadSize + kNumberSize);
+        place = PutReference(PutReference(place, label), value);
+    } else {
+        WriteString(node.m_Label);
+        WriteString(node.m_Value);
+        place = m_Output.Extend(kNumberSize);
+    }
+    PutNumber(place, static_cast<std::uint32_t>(childCount));
+    return childCount != 0 ? node.m_Children : nullptr;
 }
 
 void TreeNodeBinaryWriter::WriteString(const String& string) {
     const std::uint32_t index =
         string.IsEmpty() ? TreeNodeStringIndexes::kWrittenEmpty : m_Indexes.FindOrAdd(string);
-    if (index == TreeNodeStringIndexes::kNew) {
+    if (index == TreeNodeStringIndexes::kNew)
         WriteNewString(string);
-        return;
-    }
-    const bool isEmpty = index == TreeNodeStringIndexes::kWrittenEmpty;
-    char* const place = m_Output.Extend(kStringHeadSize);
-    if (isEmpty)
-        PutStringHead(place, kNewString, 0);
     else
-        PutStringHead(place, kStringReference, index);
+        PutReference(m_Output.Extend(kStringHeadSize), index);
 }
 
 void TreeNodeBinaryWriter::WriteNewString(const String& string) {

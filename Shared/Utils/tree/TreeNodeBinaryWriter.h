@@ -11,6 +11,7 @@
 namespace Nvr {
 
 class TreeNode;
+class TreeNodeList;
 
 /// Writes the binary form of one tree. Each string stands in full once; later ones refer to it by its index
 /// in the order of writing. With UTF-16 strings carriage returns are left out; a string of nothing else is
@@ -25,9 +26,23 @@ public:
     void Write(const TreeNode& root);
 
 private:
-    /// The node's label, value and child count, which is the result.
-    int WriteNodeHead(const TreeNode& node);
+    /// The children of a node on the way down, and the one that comes next.
+    struct Level {
+        const TreeNodeList* Children;
+        int Next;
+    };
+
+    /// Writes the next children of the level up to the first that has children, which are the result; null
+    /// at the end of the level, and when the output has failed.
+    const TreeNodeList* WriteChildren(Level& level);
+    /// The node's label, value and child count; the children, or null.
+    const TreeNodeList* WriteNodeHead(const TreeNode& node);
+    /// Where the string has to be written in full, or is looked up by its content.
     void WriteString(const String& string);
+    /// The index as FindOrAdd gives it, of a string that may be empty.
+    std::uint32_t KnownIndexOf(const String& string) const {
+        return string.IsEmpty() ? TreeNodeStringIndexes::kWrittenEmpty : m_Indexes.FindByMark(string);
+    }
     void WriteNewString(const String& string);
     /// The head of a string of `size` bytes, and the place where to write them.
     char* StartNewString(std::size_t size);

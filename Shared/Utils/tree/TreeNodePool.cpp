@@ -17,23 +17,13 @@ void WriteLink(char* page, std::uint32_t cell, std::uint32_t next) {
 
 constinit TreeNodePool TreeNodePool::s_Shared;
 
-bool TreeNodePool::Release(void* address) noexcept {
-    const auto offset = static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(address) % kPageSize);
-    char* const base = static_cast<char*>(address) - offset;
-    if (!m_Pages.Contains(reinterpret_cast<std::uintptr_t>(base)))
-        return false;
-    Page* const page = reinterpret_cast<Page*>(base);
-    WriteLink(base, offset, page->FirstFree);
-    page->FirstFree = offset;
-    --page->CellsInUse;
-    --m_CellsInUse;
+void TreeNodePool::Rearrange(Page* page) noexcept {
     if (page->CellsInUse == 0) {
         Unlink(page);
         DeletePage(page);
-    } else if (page->IsFull) {
+    } else {
         MoveToOtherList(page);
     }
-    return true;
 }
 
 std::size_t TreeNodePool::PagesWithFreeCells(std::size_t size) const noexcept {
@@ -64,6 +54,7 @@ TreeNodePool::Page* TreeNodePool::NewPage(std::size_t classIndex) {
 }
 
 void TreeNodePool::DeletePage(Page* page) noexcept {
+    m_LastReleasedFrom = nullptr;
     m_Pages.Remove(reinterpret_cast<std::uintptr_t>(page));
     ::operator delete(page, kPageAlignment);
 }

@@ -42,7 +42,21 @@ public:
     }
     /// Takes a cell back. False when no page of this pool holds the address, and then nothing was done. Costs
     /// the same however many pages there are.
-    bool Release(void* address) noexcept;
+    bool Release(void* address) noexcept {
+        const auto offset = static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(address) % kPageSize);
+        char* const base = static_cast<char*>(address) - offset;
+        Page* const page = reinterpret_cast<Page*>(base);
+        if (page != m_LastReleasedFrom && !m_Pages.Contains(reinterpret_cast<std::uintptr_t>(base)))
+            return false;
+        m_LastReleasedFrom = page;
+        std::memcpy(base + offset, &page->FirstFree, sizeof page->FirstFree);
+        page->FirstFree = offset;
+        --page->CellsInUse;
+        --m_CellsInUse;
+        if (page->IsFull || page->CellsInUse == 0)
+            Rearrange(page);
+        return true;
+    }
 
     /// Cells that are not released yet, of all classes.
     std::size_t CellsInUse() const noexcept { return m_CellsInUse; }
@@ -95,6 +109,8 @@ private:
     }
     static constexpr std::size_t ClassOf(std::size_t size) { return (size - 1) / 4; }
     static constexpr std::size_t CellSizeOf(std::size_t classIndex) { return classIndex * 4 + 4; }
+    /// After a release from a full page, or of the last cell of any.
+    void Rearrange(Page* page) noexcept;
     Page* NewPage(std::size_t classIndex);
     void DeletePage(Page* page) noexcept;
     Page*& ListOf(const Page& page) noexcept;
@@ -107,6 +123,8 @@ private:
 
     Page* m_WithFreeCells[kClassCount] = {};
     Page* m_Full[kClassCount] = {};
+    /// Where the last cell was taken back, as the next one mostly lies there too.
+    Page* m_LastReleasedFrom = nullptr;
     PageSet m_Pages;
     std::size_t m_CellsInUse = 0;
 };

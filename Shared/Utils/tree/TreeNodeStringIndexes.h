@@ -26,11 +26,14 @@ public:
     /// kWrittenEmpty for one that is to be written as the empty string, which never has an index. Not for
     /// the empty string itself.
     std::uint32_t FindOrAdd(const String& string) {
+        const std::uint32_t index = FindByMark(string);
+        return index != kNew ? index : FindOrAddContent(string);
+    }
+    /// The same for a text that has come before as this very text; kNew, and nothing added, for any other.
+    std::uint32_t FindByMark(const String& string) const {
         const std::uint32_t mark = string.GetMark();
         // A mark may have been left by anybody.
-        if (mark < m_Texts.size() && m_Texts[mark].Text == string.CStr())
-            return m_Texts[mark].Index;
-        return FindOrAddContent(string);
+        return mark < m_Texts.size() && m_Texts[mark].Text == string.CStr() ? m_Texts[mark].Index : kNew;
     }
 
 private:
