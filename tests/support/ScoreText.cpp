@@ -1,8 +1,9 @@
 #include "tests/support/ScoreText.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
-#include <span>
+#include <sstream>
 #include <vector>
 
 namespace TestSupport {
@@ -11,30 +12,23 @@ namespace {
 
 using Nvr::TreeNode;
 
-// A child that is expected at its place: its label, and its value unless that may vary.
-struct Expected {
-    const char* Label;
-    const char* Value;
-};
-
-constexpr const char* kVaries = nullptr;
-
-// The values of the children that vary, in order, when the children are exactly those expected.
-std::optional<std::vector<std::string>> Match(const TreeNode& node, std::span<const Expected> pattern) {
-    if (node.GetChildCount() != static_cast<int>(pattern.size()))
-        return std::nullopt;
+// The values of the children that vary, in order, when the children are exactly those of the pattern: their
+// labels, each with "=" and its value unless that may vary.
+std::optional<std::vector<std::string>> Match(const TreeNode& node, const std::string& pattern) {
     std::vector<std::string> varying;
-    for (int i = 0; i < node.GetChildCount(); ++i) {
-        const TreeNode& child = *node.GetChild(i);
-        const Expected& expected = pattern[static_cast<std::size_t>(i)];
-        if (!(child.GetLabel() == expected.Label))
+    std::istringstream words(pattern);
+    int count = 0;
+    for (std::string word; words >> word; ++count) {
+        const TreeNode* const child = node.GetChild(count);
+        const std::size_t equals = std::min(word.find('='), word.size());
+        if (child == nullptr || child->GetLabel() != word.substr(0, equals).c_str())
             return std::nullopt;
-        if (expected.Value == kVaries)
-            varying.emplace_back(child.GetValue().CStr());
-        else if (!(child.GetValue() == expected.Value))
+        if (equals == word.size())
+            varying.emplace_back(child->GetValue().CStr());
+        else if (child->GetValue() != word.substr(equals + 1).c_str())
             return std::nullopt;
     }
-    return varying;
+    return count == node.GetChildCount() ? std::optional(varying) : std::nullopt;
 }
 
 const TreeNode* Follow(const TreeNode* node, std::initializer_list<const char*> path) {
@@ -56,20 +50,12 @@ std::vector<const TreeNode*> Children(const TreeNode* node) {
 }
 
 bool IsStyledString(const TreeNode* node, const char* style) {
-    constexpr std::array<Expected, 3> kParts{
-        {{"Type", "StyledString"}, {"Text", kVaries}, {"TextStyle", kVaries}}};
-    const auto parts = node == nullptr ? std::nullopt : Match(*node, kParts);
+    const auto parts = node == nullptr ? std::nullopt : Match(*node, "Type=StyledString Text TextStyle");
     return parts && (*parts)[1] == style;
 }
 
 std::string NoteText(const TreeNode& note, const std::vector<int>& tuning, bool& tied) {
-    constexpr std::array<Expected, 6> kNote{{{"Type", "Note"},
-                                             {"Diat", kVaries},
-                                             {"Chrom2", kVaries},
-                                             {"Acc", "0"},
-                                             {"StringNum", kVaries},
-                                             {"Flags", kVaries}}};
-    const auto values = Match(note, kNote);
+    const auto values = Match(note, "Type=Note Diat Chrom2 Acc=0 StringNum Flags");
     if (!values || ((*values)[3] != "0" && (*values)[3] != "128"))
         return NodeText(note);
     tied = (*values)[3] == "128";
@@ -95,28 +81,14 @@ std::string NotesText(const TreeNode* notes, const std::vector<int>& tuning) {
 }
 
 std::string ItemText(const TreeNode& item, const std::vector<int>& tuning) {
-    static constexpr std::array<Expected, 10> kNoteRest{{{"Type", "NoteRest"},
-                                                         {"Sr", kVaries},
-                                                         {"Voices", "1"},
-                                                         {"Dx", "0"},
-                                                         {"Dy", "0"},
-                                                         {"Durn", kVaries},
-                                                         {"Trem", "2"},
-                                                         {"Artic", "0"},
-                                                         {"Flags", "0"},
-                                                         {"Notes", ""}}};
-    static constexpr std::array<Expected, 7> kChord{{{"Type", "Text"},
-                                                     {"Sr", kVaries},
-                                                     {"Voices", "15"},
-                                                     {"Dx", "24"},
-                                                     {"Dy", "256"},
-                                                     {"StyledString", ""},
-                                                     {"DrawAtStartOfSystem", "False"}}};
     const bool isRest = item.FindChild("Notes") == nullptr;
-    if (const auto rest = Match(item, std::span(kNoteRest).first(isRest ? 9 : 10)))
+    if (const auto rest =
+            Match(item, std::string("Type=NoteRest Sr Voices=1 Dx=0 Dy=0 Durn Trem=2 Artic=0 Flags=0") +
+                            (isRest ? "" : " Notes=")))
         return (*rest)[0] + " +" + std::to_string(1 << std::stoi((*rest)[1])) + ":" +
                NotesText(item.FindChild("Notes"), tuning);
-    if (const auto chord = Match(item, kChord);
+    if (const auto chord =
+            Match(item, "Type=Text Sr Voices=15 Dx=24 Dy=256 StyledString= DrawAtStartOfSystem=False");
         chord && IsStyledString(item.FindChild("StyledString"), "text.staff.space.chordsymbol"))
         return (*chord)[0] + " chord \"" + Value(item, {"StyledString", "Text"}) + "\"";
     return NodeText(item);
@@ -127,17 +99,8 @@ std::string SystemItemText(const TreeNode& item) {
         IsStyledString(item.FindChild("StyledString"), "text.system.tempo") && Value(item, {"Sr"}) == "-1" &&
         Children(item.FindChild("YPositions")).size() == 5)
         return ", label \"" + Value(item, {"StyledString", "Text"}) + "\" (Dy " + Value(item, {"Dy"}) + ")";
-    static constexpr std::array<Expected, 10> kTime{{{"Type", "TimeSignature"},
-                                                     {"Sr", "-1"},
-                                                     {"Voices", "15"},
-                                                     {"Dx", "0"},
-                                                     {"Dy", "0"},
-                                                     {"Top", kVaries},
-                                                     {"LogUnitLength", kVaries},
-                                                     {"BeatGroups", "0"},
-                                                     {"TimeSignatureString", kVaries},
-                                                     {"Flags", "7"}}};
-    if (const auto time = Match(item, kTime)) {
+    if (const auto time = Match(item, "Type=TimeSignature Sr=-1 Voices=15 Dx=0 Dy=0 Top LogUnitLength "
+                                      "BeatGroups=0 TimeSignatureString Flags=7")) {
         const std::string unit = std::to_string(1024 >> std::stoi((*time)[1]));
         if ((*time)[2] == (*time)[0] + "\\n\\" + unit)
             return ", time " + (*time)[0] + "/" + unit;
@@ -158,10 +121,8 @@ std::string SystemBarText(const TreeNode& bar) {
 }
 
 std::string SpacingText(const TreeNode& spacing, int number) {
-    const std::string place = std::to_string(number);
-    const std::array<Expected, 4> pattern{
-        {{"Type", "BarSpacing"}, {"BarNum", place.c_str()}, {"BarLength", kVaries}, {"Flags", kVaries}}};
-    const auto values = Match(spacing, pattern);
+    const auto values =
+        Match(spacing, "Type=BarSpacing BarNum=" + std::to_string(number) + " BarLength Flags");
     return values ? (*values)[0] + " units, flags " + (*values)[1] : NodeText(spacing);
 }
 
