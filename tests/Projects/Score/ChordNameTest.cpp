@@ -23,9 +23,8 @@ std::string Describe(const ChordName& name) {
 
 TEST(ChordName, UnderstandsChordTexts) {
     const struct {
-        const char* Text;
-        const char* Meaning;
-    } cases[] = {
+        const char *Text, *Meaning;
+    } rows[] = {
         {"C", "C major"},
         {"Am7", "A minor-seventh"},
         {"Gmaj7", "G major-seventh"},
@@ -53,7 +52,7 @@ TEST(ChordName, UnderstandsChordTexts) {
         {"", "C none"},
         {"x", "C none"},
     };
-    for (const auto& row : cases)
+    for (const auto& row : rows)
         EXPECT_EQ(row.Meaning, Describe(ChordName::Parse(row.Text))) << row.Text;
 }
 

@@ -64,8 +64,7 @@ bool Has(const std::string& text, const std::string& part) {
 TEST(Notation, WritesWhatAReaderExpects) {
     const struct {
         std::vector<Part> Parts;
-        const char* Expected;
-        const char* Why;
+        const char *Expected, *Why;
     } rows[] = {
         {{{256}, {256}, {512}}, "0:256 256:256 512:512 |", "as it is"},
         {{{512, true}, {256}, {256}}, "0:512. 768:256 |", "a tied pair is one dotted note"},

@@ -7,8 +7,7 @@
 TEST(TuningNames, AreThoseThatPlayersUse) {
     const struct {
         std::vector<int> Strings;
-        const char* Name;
-        const char* Letters;
+        const char *Name, *Letters;
     } rows[] = {
         {{40, 45, 50, 55, 59, 64}, "standard", "E2 A2 D3 G3 B3 E4"},
         {{38, 45, 50, 55, 59, 64}, "drop D", "D2 A2 D3 G3 B3 E4"},

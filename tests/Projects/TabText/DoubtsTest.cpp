@@ -32,8 +32,7 @@ std::string Named(const std::string& letters, const std::string& line) {
 
 struct Case {
     std::string Text;
-    const char* Doubts;
-    const char* Why;
+    const char *Doubts, *Why;
 };
 
 const std::string kStave = Named("eBGDA", "|---------|---------|") + "E|-0---1---|-2---3---|\n";

@@ -59,8 +59,7 @@ std::string MarksOf(const std::string& text) {
 
 struct Case {
     std::string Text;
-    const char* Marks;
-    const char* Why;
+    const char *Marks, *Why;
 };
 
 TEST(Markings, OfNotes) {

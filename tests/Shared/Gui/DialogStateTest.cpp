@@ -34,7 +34,7 @@ struct KeyCase {
 // t and T: Tab and Shift-Tab; + and -: arrows; blank: space bar; other letters: themselves. Second starts
 // ticked.
 TEST(DialogState, FollowsTheKeysThatPeopleExpect) {
-    const KeyCase cases[] = {
+    const KeyCase rows[] = {
         {"", 11, 11, false, 0, "the group's ticked button has the focus"},
         {"+", 12, 12, false, 0, "an arrow moves and ticks"},
         {"++", 10, 10, false, 0, "around the end of the group"},
@@ -51,7 +51,7 @@ TEST(DialogState, FollowsTheKeysThatPeopleExpect) {
         {"tt ", 2, 11, false, 2, "the space bar presses a button"},
     };
     const DialogLayout layout = Layout();
-    for (const KeyCase& row : cases) {
+    for (const KeyCase& row : rows) {
         DialogState state(layout);
         state.SetChecked(11, true);
         int command = 0;

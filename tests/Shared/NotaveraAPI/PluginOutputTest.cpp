@@ -65,7 +65,7 @@ struct RepeatCase {
 };
 
 TEST_F(PluginOutputTest, AnIdIsReportedOnceUntilFileOrContextChanges) {
-    const RepeatCase cases[] = {
+    const RepeatCase rows[] = {
         {"the same id", [](PluginOutput&) {}, false},
         {"a new file, also of the same name", [](PluginOutput& o) { o.SetFileName("a.tab"); }, true},
         {"a new first context", [](PluginOutput& o) { o.SetContext1(5); }, true},
@@ -76,7 +76,7 @@ TEST_F(PluginOutputTest, AnIdIsReportedOnceUntilFileOrContextChanges) {
         {"a new converter", [](PluginOutput& o) { o.SetConverterName("Other"); }, false},
         {"the id of another message", [](PluginOutput& o) { o.Report(kOtherText, 4, "x", false); }, false},
     };
-    for (const RepeatCase& row : cases) {
+    for (const RepeatCase& row : rows) {
         Output.SetFileName("a.tab");
         Output.SetContext1(-2);
         Output.SetContext2(-2);

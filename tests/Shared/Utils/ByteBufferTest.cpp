@@ -53,10 +53,8 @@ TEST(ByteBuffer, CopiesAreTheirOwn) {
 
 TEST(ByteBuffer, ReadsWithinTheSize) {
     const struct {
-        int Offset;
-        int Count;
-        const char* Expected;
-        const char* Why;
+        int Offset, Count;
+        const char *Expected, *Why;
     } rows[] = {
         {3, 100, "de", "clipped"},    {5, 1, "", "at the size"},
         {-1, 2, "", "before"},        {2, -1, "", "less than nothing"},

@@ -18,10 +18,7 @@ using TestSupport::RightsOf;
 
 TEST(DiskFile, PathsBecomeUrlsAndComeBack) {
     const struct {
-        const char* Path;
-        const char* Url;
-        const char* Name;
-        const char* Why;
+        const char *Path, *Url, *Name, *Why;
     } rows[] = {
         {"/a/b.tab", "file:///a/b.tab", "b.tab", "nothing to escape"},
         {"/a/100%20.tab", "file:///a/100%2520.tab", "100%20.tab", "an escape that the user typed"},

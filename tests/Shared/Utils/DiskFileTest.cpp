@@ -33,9 +33,7 @@ TEST(DiskFile, ChildStaysInItsFolder) {
     const DiskFolder folder{String(Native("/top/fol der"))};
     const DiskFolder withSlash{String(Native("/top/fol der/"))};
     const struct {
-        const char* Name;
-        const char* Path;
-        const char* Why;
+        const char *Name, *Path, *Why;
     } rows[] = {
         {"a b.tab", "/top/fol der/a b.tab", "a name"},
         {"../up", "/top/fol der/.. up", "a slash becomes a blank"},
@@ -54,11 +52,9 @@ TEST(DiskFile, ChildStaysInItsFolder) {
 
 TEST(DiskFile, ChangesItsExtension) {
     const struct {
-        const char* Path;
-        const char* Extension;
+        const char *Path, *Extension;
         bool Keep;
-        const char* Expected;
-        const char* Why;
+        const char *Expected, *Why;
     } rows[] = {
         {"/t/x.tmp", "nvf", false, "/t/x.nvf", "replaced"},
         {"/t/x.tmp", "nvf", true, "/t/x.tmp.nvf", "added"},

@@ -43,10 +43,7 @@ TEST(PathSplitting, SplitsAndJoinsAgain) {
 
 TEST(DiskFile, PathsBecomeUrlsAndComeBack) {
     const struct {
-        const char* Path;
-        const char* Url;
-        const char* Parent;
-        const char* Why;
+        const char *Path, *Url, *Parent, *Why;
     } rows[] = {
         {"C:\\a b\\\xDC"
          "bung f\xFCr Gitarre.tab",

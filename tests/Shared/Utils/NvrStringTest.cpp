@@ -23,8 +23,7 @@ TEST(NvrString, NothingNullAndEmptyShareOneRepresentation) {
 TEST(NvrString, IsMadeUpToTheFirstZero) {
     struct Row {
         String Made;
-        const char* Expected;
-        const char* Why;
+        const char *Expected, *Why;
     };
     const Row rows[] = {
         {String("abc"), "abc", "up to the zero"},
@@ -92,8 +91,7 @@ TEST(NvrString, OrdersAsADictionaryDoes) {
 TEST(NvrString, SearchesGiveAnIndexOrMinusOne) {
     const String text("ab ab\tc");
     const struct {
-        int Result;
-        int Expected;
+        int Result, Expected;
         const char* Why;
     } rows[] = {
         {text.Find(1, "ab"), 3, "from a start on"},
@@ -113,8 +111,7 @@ TEST(NvrString, SearchesGiveAnIndexOrMinusOne) {
     for (const auto& row : rows)
         EXPECT_EQ(row.Result, row.Expected) << row.Why;
     const struct {
-        bool Result;
-        bool Expected;
+        bool Result, Expected;
         const char* Why;
     } tests[] = {
         {text.MatchesAt(3, 2, "ab"), true, "the same bytes"},

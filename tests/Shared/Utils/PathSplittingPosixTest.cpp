@@ -8,10 +8,7 @@ using namespace Nvr;
 
 TEST(PathSplitting, SplitsAndJoinsAgain) {
     const struct {
-        const char* Path;
-        const char* Folder;
-        const char* Name;
-        const char* Extension;
+        const char *Path, *Folder, *Name, *Extension;
     } rows[] = {
         {"/a b/c.d/song.v2.tab", "/a b/c.d/", "song.v2", ".tab"},
         {"/a.b/song", "/a.b/", "song", ""},

@@ -62,8 +62,7 @@ TEST_F(ResIdTest, BuildsMessages) {
     withMarkers.Add("%app");
     struct Row {
         String Message;
-        const char* Expected;
-        const char* Why;
+        const char *Expected, *Why;
     };
     const Row rows[] = {
         {String(ResId(kOneParameter)), "Line %1 of App", "a marker without a parameter stays"},

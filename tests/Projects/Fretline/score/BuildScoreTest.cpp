@@ -158,12 +158,12 @@ TEST(BuildScore, TakesFourStringsForABassAndMakesItsStaveType) {
         const char* Names;
         int Program;
         const char* StaveType;
-    } cases[] = {
+    } rows[] = {
         {4, "Bass guitar/Bass Guitar/Bass", 33, "stafftype.tab.6.guitar.standard.fretline.56667686"},
         {5, "Guitar/Guitar/Gtr.", 25, "stafftype.tab.6.guitar.standard.fretline.8090100110118"},
         {6, "Guitar/Guitar/Gtr.", 25, "stafftype.tab.6.guitar.standard"},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         Conversion conversion(Stave(row.Strings, {"--0-----------"}));
         ASSERT_TRUE(conversion.Build());
         const TreeNode& music = *conversion.Root.FindChild("Music");
@@ -207,7 +207,7 @@ TEST(BuildScore, LabelsAndChordsMakeRoom) {
         const char* Why;
         std::string Above, SystemBars;
         const char* Spacings;
-    } cases[] = {
+    } rows[] = {
         {"a label over the first bar leaves the template's spacing alone", " Intro\n",
          LabelText("Intro", 32) + " GapBelowStave=400\n\n", "0/none 128/7 128/7 "},
         {"a label over the second bar marks the spacing before it", "          Verse 1\n",
@@ -216,7 +216,7 @@ TEST(BuildScore, LabelsAndChordsMakeRoom) {
         {"a label over chords stands higher", " Intro\n  Am\n",
          LabelText("Intro", 128) + " GapBelowStave=400\n\n", "0/none 128/7 128/7 "},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         Conversion conversion(row.Above + Stave(6, {"--0-----", "--0-----"}));
         ASSERT_TRUE(conversion.Build());
         EXPECT_EQ(conversion.SystemBars(), row.SystemBars) << row.Why;

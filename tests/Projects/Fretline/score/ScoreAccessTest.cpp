@@ -18,14 +18,14 @@ TEST(ScoreAccess, TypedChildrenAreReusedOnlyByLabel) {
         const char *Why, *Label, *Type;
         bool Reuse;
         const char* Expected;
-    } cases[] = {
+    } rows[] = {
         {"an item is always new", "", "Bar", true, "A(X=1) B(Type=Old Y=2) (Type=Bar)"},
         {"a record is new unless reuse is asked for", "B", "New", false,
          "A(X=1) B(Type=Old Y=2) B(Type=New)"},
         {"its type changes in place", "B", "New", true, "A(X=1) B(Type=New Y=2)"},
         {"a missing type goes after the other children", "A", "New", true, "A(X=1 Type=New) B(Type=Old Y=2)"},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         TreeNode parent;
         Child(*Child(parent, "A"), "X", "1");
         TreeNode* const b = Child(parent, "B");
@@ -51,7 +51,7 @@ TEST(ScoreAccess, PartMapsBecomeTheValueOfTheFullScore) {
         const char* Why;
         void (*Fill)(TreeNode& node);
         const char* Expected;
-    } cases[] = {
+    } rows[] = {
         {"a value", [](TreeNode& n) { Child(n, "__PartMapDefault", "304"); }, "Map=304"},
         {"the overrides go, and what stands before the default too",
          [](TreeNode& n) {
@@ -77,7 +77,7 @@ TEST(ScoreAccess, PartMapsBecomeTheValueOfTheFullScore) {
         {"no map: everything stays", [](TreeNode& n) { Child(*Child(n, "PartMapOverrides"), "A", "1"); },
          "Map(PartMapOverrides(A=1))"},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         TreeNode root;
         row.Fill(*Child(root, "Map"));
         FlattenPartMaps(&root);

@@ -56,7 +56,7 @@ TEST_F(StaveTypes, AreFoundByPitchesInOrderAndByRhythms) {
         Pitches Tuning;
         bool HasRhythms;
         const char* Id;
-    } cases[] = {
+    } rows[] = {
         {"the first tab row, not the pitched one and not the later one", Ints({10, 20}), false, "plain"},
         {"another order of the strings", Ints({20, 10}), false, ""},
         {"the beginning of a longer row", Ints({11, 20}), false, ""},
@@ -65,7 +65,7 @@ TEST_F(StaveTypes, AreFoundByPitchesInOrderAndByRhythms) {
         {"1 counts as true", Ints({7}), true, "one"},
         {"a row without strings is not found by an empty tuning", Ints({}), false, ""},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         String id("left over");
         EXPECT_EQ(Score.FindStaveType(row.Tuning, row.HasRhythms, id), row.Id[0] != '\0') << row.Why;
         EXPECT_EQ(id, row.Id) << row.Why;

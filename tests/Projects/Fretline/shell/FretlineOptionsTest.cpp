@@ -17,7 +17,7 @@ TEST(FretlineOptions, LoadTheLevelOrTheDefault) {
         const char* Why;
         std::string Bytes;
         int Level;
-    } cases[] = {
+    } rows[] = {
         {"as stored", "\r\n{\r\n\tRhythmLevel \"2\"\r\n}\r\n", 2},
         {"a level that means nothing stays as it is", "\r\n{\r\n\tRhythmLevel \"7\"\r\n}\r\n", 7},
         {"a word is no number", "\r\n{\r\n\tRhythmLevel \"always\"\r\n}\r\n", 0},
@@ -27,7 +27,7 @@ TEST(FretlineOptions, LoadTheLevelOrTheDefault) {
         {"deep", std::string(1000000, '{'), 1},
     };
     const TestSupport::ScratchFolder folder;
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         const String path(folder.Write("options.txt", row.Bytes).c_str());
         EXPECT_EQ(FretlineOptions(path).GetRhythmLevel(), row.Level) << row.Why;
     }

@@ -23,7 +23,7 @@ TEST(IsTabFile, CountsHyphensOfALineAndPlainText) {
         const char* Why;
         std::string Bytes;
         bool IsTab;
-    } cases[] = {
+    } rows[] = {
         {"empty", "", false},
         {"ten hyphens on the longest line", kTenHyphens + "\nx\n", false},
         {"eleven on the last line, without an end", "x\n" + kElevenHyphens, true},
@@ -38,7 +38,7 @@ TEST(IsTabFile, CountsHyphensOfALineAndPlainText) {
          std::string(11, '-') + std::string(938, ' ') + std::string(51, '\x02'), false},
     };
     const TestSupport::ScratchFolder folder;
-    for (const auto& row : cases)
+    for (const auto& row : rows)
         EXPECT_EQ(IsTabFile(folder.Write("a.tab", row.Bytes).c_str()), row.IsTab) << row.Why;
 }
 
@@ -46,14 +46,14 @@ TEST(IsTabFile, TakesTheExtensionsOfTheTableAndNone) {
     const struct {
         const char* Name;
         bool IsTab;
-    } cases[] = {
+    } rows[] = {
         {"a.tab", true},        {"a.TAB", true},  {"a.BTab", true},     {"a.crd", true},
         {"no extension", true}, {"a.txt", false}, {"a.tab.txt", false}, {"a.txt.tab", true},
         {"a.tabs", false},      {"a.ta", false},  {"a.tab ", false},    {"with blank.tab", true},
         {"100%20.tab", true},   {"a.", true},
     };
     const TestSupport::ScratchFolder folder;
-    for (const auto& row : cases)
+    for (const auto& row : rows)
         EXPECT_EQ(IsTabFile(folder.Write(row.Name, kElevenHyphens).c_str()), row.IsTab) << row.Name;
 }
 

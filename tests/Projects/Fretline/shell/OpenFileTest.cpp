@@ -71,7 +71,7 @@ TEST_F(OpenFileTest, TheTuningOfTheTextDecidesTheStaveType) {
         // Of the strings, from the top.
         const char *Letters, *Level, *StaveType;
         int NewRows;
-    } cases[] = {
+    } rows[] = {
         {"EBGDAE", "0", "stafftype.tab.6.guitar.standard", 0},
         {"EBGDAE", "2", "stafftype.tab.6.rhythms.guitar.standard", 0},
         {"DAGDAD", "0", "stafftype.tab.6.guitar.DADGAD", 0},
@@ -79,8 +79,8 @@ TEST_F(OpenFileTest, TheTuningOfTheTextDecidesTheStaveType) {
         {"BGDAE", "0", "stafftype.tab.6.guitar.standard.fretline.8090100110118", 1},
     };
     const std::unique_ptr<Nvr::TreeNodeRoot> plain(Nvr::ResId(100).LoadFromResource());
-    const int rows = plain->FindChild("Music")->FindChild("StaveTypes")->GetChildCount();
-    for (const auto& row : cases) {
+    const int staveTypes = plain->FindChild("Music")->FindChild("StaveTypes")->GetChildCount();
+    for (const auto& row : rows) {
         Config.Write("FretlineOptions.txt",
                      std::string("\r\n{\r\n\tRhythmLevel \"") + row.Level + "\"\r\n}\r\n");
         std::string tab;
@@ -94,7 +94,7 @@ TEST_F(OpenFileTest, TheTuningOfTheTextDecidesTheStaveType) {
             music->FindChild("Staves")->GetChild(0)->FindChild("Bars")->GetChild(0);
         EXPECT_EQ(leadIn->FindChild("Items")->GetChild(3)->GetChildValue("StaveType", Nvr::String()),
                   row.StaveType);
-        EXPECT_EQ(music->FindChild("StaveTypes")->GetChildCount(), rows + row.NewRows) << row.Letters;
+        EXPECT_EQ(music->FindChild("StaveTypes")->GetChildCount(), staveTypes + row.NewRows) << row.Letters;
     }
 }
 

@@ -33,7 +33,7 @@ TEST(Labels, AreFoundByTheirKeywords) {
         std::string_view Line;
         // "keyword:start-end[text]" of each.
         const char *Found, *Why;
-    } cases[] = {
+    } rows[] = {
         {"Chorus 2", "chorus:0-8[Chorus 2]", "what stands beside the keyword belongs to it"},
         {"Verse  x", "verse:0-8[Verse  x]", "blanks beside each other count one by one"},
         {"Verse   x", "verse:0-5[Verse]", "three of them end the label"},
@@ -59,7 +59,7 @@ TEST(Labels, AreFoundByTheirKeywords) {
         {"\xA0 riff \xC3\xA0", "riff:0-9[\xA0 riff \xC3\xA0]", "nor white space in any code page"},
         {"a \0 riff"sv, "riff:0-8[a]", "the text ends at a zero byte, and before blanks in front of it"},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         const TabText text(row.Line);
         std::vector<std::unique_ptr<RiffLabel>> labels;
         FindLabelsIn(text.File, 0, labels);
@@ -77,7 +77,7 @@ TEST(Labels, AttachToTheBarsBelow) {
     const struct {
         std::string Text;
         const char *Bars, *Why;
-    } cases[] = {
+    } rows[] = {
         {"Intro\nVerse\n" + stave, "[Verse][none]", "the nearest line"},
         {"Intro\n             Verse\n" + stave, "[none][Verse]", "and no other, also over another bar"},
         {"                         Intro\nVerse\n" + stave, "[Verse][none]", "a nearer one"},
@@ -89,7 +89,7 @@ TEST(Labels, AttachToTheBarsBelow) {
         {"Intro\n" + stave + stave, "[Intro][none][none][none]", "nor to the rest of a cut run"},
         {"---Intro--|----------\n" + stave + "\n" + stave, "[none][none][none][none]", "on a stave line"},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         TabText text(row.Text);
         const TabAnalysis analysis(text.File);
         EXPECT_EQ(LabelsOfBars(analysis), row.Bars) << row.Why;

@@ -63,7 +63,7 @@ TEST(StaveDetection, FindsStavesAndSaysWhatItDrops) {
     const struct {
         std::string Text;
         const char *Found, *Dropped, *Why;
-    } cases[] = {
+    } rows[] = {
         {"a title\n\n" + stave + "\n" + stave, "2+6 9+6 ", "", "two staves with a gap between"},
         {std::string("\n") + Dashes(20) + "\n", "", "2-2 ", "a ruler on its own, its number twice"},
         {three, "", "1-3 ", "three lines are dropped, untrimmed"},
@@ -84,7 +84,7 @@ TEST(StaveDetection, FindsStavesAndSaysWhatItDrops) {
          "from the top downward, then from the bottom upward"},
         {Dashes(2) + "\n" + Dashes(2) + four + "\n" + Dashes(2), "3+4 ", "1-1 3 9-9 ", "run after run"},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         TabText text(row.Text);
         const TabAnalysis analysis(text.File);
         EXPECT_EQ(StavesOf(analysis), row.Found) << row.Why;
@@ -98,7 +98,7 @@ TEST(RunStatistics, JudgesAtTheVeryShare) {
         std::size_t Hyphens, Others, Blanks;
         bool IsBesideShortOne, IsReal;
         const char* Why;
-    } cases[] = {
+    } rows[] = {
         {65, 0, 55, false, true, "65 of 100 hyphens"},
         {64, 0, 56, false, false, "one less, and 56 blanks where the average of 38 allows 45"},
         {19, 0, 21, true, true, "65% of 30 are 19.5, taken as 19"},
@@ -108,7 +108,7 @@ TEST(RunStatistics, JudgesAtTheVeryShare) {
         {0, 26, 14, true, true, "14: the average of 12 allows 14.4, taken as 14"},
         {0, 25, 15, true, false, "15: the average of 12.5 allows no more"},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         const std::string first =
             row.IsBesideShortOne ? Repeat("-", 30) + Repeat(" ", 10) : Repeat("-", 100) + Repeat(" ", 20);
         const std::string second =

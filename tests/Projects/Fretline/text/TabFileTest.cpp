@@ -24,7 +24,7 @@ TEST(TabFile, LaysBytesOutAsLines) {
         std::string_view Bytes;
         std::vector<std::string> Lines;
         const char* Why;
-    } cases[] = {
+    } rows[] = {
         {"", {""}, "an empty file has one empty line"},
         {"a\n", {"a", ""}, "what stands after the last line end is a line too"},
         {"a\n\rb", {"a", "b"}, "LF CR is one line end"},
@@ -40,7 +40,7 @@ TEST(TabFile, LaysBytesOutAsLines) {
         {"a\n\tx", {"a", "        x"}, "tab stops count from the line's start"},
         {"\xE9\x80\v\f", {"\xE9\x80\v\f"}, "other bytes are not touched"},
     };
-    for (const auto& row : cases)
+    for (const auto& row : rows)
         EXPECT_EQ(LinesOf(TabText(row.Bytes).File), row.Lines) << row.Why;
 }
 
@@ -67,7 +67,7 @@ TEST(TabFile, FindsCharacters) {
         char Character;
         int Column;
         const char* Why;
-    } cases[] = {
+    } rows[] = {
         {0, 2, '-', 3, "the next one"},
         {0, 4, '-', -1, "the line's end"},
         {0, 0, '\0', 4, "which can be found"},
@@ -76,7 +76,7 @@ TEST(TabFile, FindsCharacters) {
         {2, 1, '\0', 2, "the space after the line"},
         {1, 100, 'l', -1, "a start beyond all lines"},
     };
-    for (const auto& row : cases)
+    for (const auto& row : rows)
         EXPECT_EQ(text.File.FindChar(row.Line, row.Start, row.Character), row.Column) << row.Why;
 }
 
@@ -85,7 +85,7 @@ TEST(TabFile, FindsTextInAnyCase) {
         const char* Line;
         int Start, Column;
         const char *Text, *Why;
-    } cases[] = {
+    } rows[] = {
         {"  VERSE", 0, 2, "verse", "capitals"},
         {"vers", 0, -1, "verse", "cut off by the line's end"},
         {"verse", 99, -1, "verse", "a start beyond it"},
@@ -95,7 +95,7 @@ TEST(TabFile, FindsTextInAnyCase) {
         {"VERSE\xC9", 0, 5, "\xC9", "bytes beyond ASCII have no case"},
         {"verse", 0, -1, "", "nothing is nowhere"},
     };
-    for (const auto& row : cases)
+    for (const auto& row : rows)
         EXPECT_EQ(TabText(row.Line).File.FindText(0, row.Start, row.Text), row.Column) << row.Why;
 }
 

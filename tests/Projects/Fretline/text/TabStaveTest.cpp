@@ -66,7 +66,7 @@ TEST(TabStave, CutsItselfIntoBars) {
     const struct {
         Lines Text;
         const char *Barlines, *Bars, *Why;
-    } cases[] = {
+    } rows[] = {
         {named, "|1 |5 ", "0+1 2+3- 6+0 ", "names, a bar, and nothing after the last barline"},
         {withLongLine(named), "|1 ||5 ", "0+1 2+3- 7+0 ",
          "after the end of the lines are barline columns: the last barline pairs with the first of them"},
@@ -81,7 +81,7 @@ TEST(TabStave, CutsItselfIntoBars) {
         {staggered, "", "0+8- ", "all lines have one, none in the same column"},
         {ragged, "|3 ", "0+3- 4+1 ", "a blank is not the space after a line"},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         TabText text(Join(row.Text));
         const int lineCount = static_cast<int>(row.Text.size()) - (row.Text.back() == longLine ? 1 : 0);
         const TabStave stave(text.File, 0, lineCount);
@@ -100,7 +100,7 @@ TEST(TabStave, ReadsItsTuning) {
         Lines Text;
         std::vector<int> Tuning;
         const char* Why;
-    } cases[] = {
+    } rows[] = {
         {Strings("---", 6), guitar, "no letters"},
         {Strings("---", 4), {56, 66, 76, 86}, "four lines are a bass"},
         {Named("EHGDAE"), guitar, "H is B"},
@@ -113,7 +113,7 @@ TEST(TabStave, ReadsItsTuning) {
         {Strings(" |E-", 6), {80, 80, 104, 104, 104, 128}, "not the first column"},
         {lateDash, {80, 80, 104, 104, 104, 128}, "the first dash of one line is after them"},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         TabText text(Join(row.Text));
         EXPECT_EQ(TabStave(text.File, 0, static_cast<int>(row.Text.size())).GetTuning(), row.Tuning)
             << row.Why;

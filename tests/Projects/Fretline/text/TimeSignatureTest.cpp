@@ -41,7 +41,7 @@ std::string BarsOf(const TabAnalysis& analysis) {
 TEST(TimeSignature, IsFoundInALine) {
     const struct {
         const char *Line, *Found, *Why;
-    } cases[] = {
+    } rows[] = {
         {"3/4 ", "3/4@0:0-1-2 ", "one digit on either side"},
         {"5/16", "5/16@0:0-1-3 ", "at the very end"},
         {" 12/16x", "12/16@0:1-3-5 ", "two on both sides"},
@@ -55,7 +55,7 @@ TEST(TimeSignature, IsFoundInALine) {
         {"3/4 4/", "3/4@0:0-1-2 ", "one in the last column of all ends it"},
         {"6/8/4", "6/8@0:0-1-2 8/4@0:2-3-4 ", "a digit may belong to two"},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         const TabText text(row.Line);
         TimeSignatureList found;
         FindTimeSignaturesIn(text.File, 0, found);
@@ -69,7 +69,7 @@ TEST(TimeSignature, TakesEffectAtTheBarUnderIt) {
     const struct {
         std::string Text;
         const char *Bars, *Why;
-    } cases[] = {
+    } rows[] = {
         {"3/4\n" + stave, "3/4:768 3/4:768 3/4:768 ", "one is that of every bar"},
         {"3/4       4/4\n" + stave, "3/4:768 4/4:768 4/4:768 ",
          "a later one changes what is written, not the length"},
@@ -81,7 +81,7 @@ TEST(TimeSignature, TakesEffectAtTheBarUnderIt) {
         {"          3/4\n4/4\n" + stave, "4/4:768 3/4:768 3/4:768 ",
          "the first of the file gives the length, even when another is written first"},
     };
-    for (const auto& row : cases) {
+    for (const auto& row : rows) {
         TabText text(row.Text);
         const TabAnalysis analysis(text.File);
         EXPECT_EQ(BarsOf(analysis), row.Bars) << row.Why;

@@ -25,10 +25,8 @@ TEST(Expander, ObeysEachDirective) {
     folder.Write("sections/more.txt", "{ More \"{v}\" }");
     folder.Write("template.txt", "Root { ~rows \"one\" }");
     const struct {
-        const char* Schema;
-        const char* Result;
-        const char* Why;
-    } cases[] = {
+        const char *Schema, *Result, *Why;
+    } rows[] = {
         {"R { ~if \"v\" { A } ~if \"none\" { B } }", "R\n{\nA\n}\n", "a field that is not empty"},
         {"R { ~unless \"v\" { A } ~unless \"none\" { B } }", "R\n{\nB\n}\n", "the other way round"},
         {"R { ~if \"v=7\" { A } ~if \"v=8\" { B } ~unless \"v = 8\" { C } }", "R\n{\nA\nC\n}\n",
@@ -45,18 +43,16 @@ TEST(Expander, ObeysEachDirective) {
         {"R { A ~part \"overrides\" B }", "R\n{\n__PartMapDefault\n{\nA\nB\n}\nPartMapOverrides\n}\n",
          "a part map of a record"},
     };
-    for (const auto& entry : cases) {
-        folder.Write("schemas/one.txt", entry.Schema);
-        EXPECT_EQ(folder.Built(), "Root\n{\n" + std::string(entry.Result) + "}\n") << entry.Why;
+    for (const auto& row : rows) {
+        folder.Write("schemas/one.txt", row.Schema);
+        EXPECT_EQ(folder.Built(), "Root\n{\n" + std::string(row.Result) + "}\n") << row.Why;
     }
 }
 
 TEST(Expander, SaysWhatIsWrongAndWhere) {
     const struct {
-        const char* Template;
-        const char* Schema;
-        const char* Sentence;
-    } cases[] = {
+        const char *Template, *Schema, *Sentence;
+    } rows[] = {
         {"R { ~rows \"two\" }", "{}", "template.txt: the file tables/two.txt cannot be read"},
         {"R { ~rows \"one two\" }", "{}", "template.txt: the file schemas/two.txt cannot be read"},
         {"R { ~rows \"\" }", "{}", "template.txt: ~rows wants a table and a schema"},
@@ -81,13 +77,13 @@ TEST(Expander, SaysWhatIsWrongAndWhere) {
         {"R { ~include \"template\" }", "{}", "template.txt: the sources draw in each other without an end"},
         {"R { A", "{}", "template.txt:1: the brace that opens here is never closed"},
     };
-    for (const auto& entry : cases) {
+    for (const auto& row : rows) {
         TemplateFolder folder;
-        folder.Write("template.txt", entry.Template);
+        folder.Write("template.txt", row.Template);
         folder.Write("tables/one.txt", "# flutes\nid|name|list\nflute|Flute|a,\n");
         folder.Write("tables/keys.txt", "id\na\n");
-        folder.Write("schemas/one.txt", entry.Schema);
-        EXPECT_EQ(folder.Failure(), entry.Sentence);
+        folder.Write("schemas/one.txt", row.Schema);
+        EXPECT_EQ(folder.Failure(), row.Sentence);
     }
 }
 

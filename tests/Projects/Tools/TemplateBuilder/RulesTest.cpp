@@ -11,9 +11,8 @@ TEST(Rules, Compute) {
     const struct {
         const char* Rule;
         std::vector<std::string> Arguments;
-        const char* Result;
-        const char* Why;
-    } cases[] = {
+        const char *Result, *Why;
+    } rows[] = {
         {"count", {"80,90,100"}, "3", "entries of a list"},
         {"count", {""}, "0", "an empty list"},
         {"yes", {"yes"}, "true", "a mark"},
@@ -31,8 +30,8 @@ TEST(Rules, Compute) {
         {"half-height", {"0", "32"}, "0", "no lines, no height"},
         {"half-height-of-strings", {"56,66,76,86", "48"}, "72", "a bass stave"},
     };
-    for (const auto& entry : cases)
-        EXPECT_EQ(ApplyRule(entry.Rule, entry.Arguments).value_or("nothing"), entry.Result) << entry.Why;
+    for (const auto& row : rows)
+        EXPECT_EQ(ApplyRule(row.Rule, row.Arguments).value_or("nothing"), row.Result) << row.Why;
 }
 
 TEST(Rules, RefuseWhatDoesNotSuit) {
@@ -40,7 +39,7 @@ TEST(Rules, RefuseWhatDoesNotSuit) {
         const char* Rule;
         std::vector<std::string> Arguments;
         const char* Why;
-    } cases[] = {
+    } rows[] = {
         {"thrice", {"1"}, "no such rule"},
         {"twice", {}, "too few arguments"},
         {"twice", {"1", "2"}, "too many"},
@@ -52,6 +51,6 @@ TEST(Rules, RefuseWhatDoesNotSuit) {
         {"yes", {"maybe"}, "a mark is yes, no or empty"},
         {"yes", {"Yes"}, "in lower case"},
     };
-    for (const auto& entry : cases)
-        EXPECT_FALSE(ApplyRule(entry.Rule, entry.Arguments).has_value()) << entry.Why;
+    for (const auto& row : rows)
+        EXPECT_FALSE(ApplyRule(row.Rule, row.Arguments).has_value()) << row.Why;
 }

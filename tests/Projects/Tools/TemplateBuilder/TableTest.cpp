@@ -33,9 +33,8 @@ TEST(Table, FindsRowsByTheirFirstField) {
 
 TEST(Table, SaysWhatIsWrongWithIt) {
     const struct {
-        const char* Text;
-        const char* Sentence;
-    } cases[] = {
+        const char *Text, *Sentence;
+    } rows[] = {
         {"", "t.txt: the table has no line that names its columns"},
         {"# only\n# remarks\n", "t.txt: the table has no line that names its columns"},
         {"id|name\nflute\n", "t.txt:2: the row has 1 fields where the table has 2 columns"},
@@ -44,12 +43,12 @@ TEST(Table, SaysWhatIsWrongWithIt) {
         {"id|name|id\n", "t.txt:1: two columns are named 'id'"},
         {"id\nfl\x01ute\n", "t.txt:2: the line holds a control character"},
     };
-    for (const auto& entry : cases) {
+    for (const auto& row : rows) {
         try {
-            const Table table("t.txt", entry.Text);
-            ADD_FAILURE() << "read without a word: " << entry.Text;
+            const Table table("t.txt", row.Text);
+            ADD_FAILURE() << "read without a word: " << row.Text;
         } catch (const BuildError& failure) {
-            EXPECT_STREQ(failure.what(), entry.Sentence);
+            EXPECT_STREQ(failure.what(), row.Sentence);
         }
     }
 }

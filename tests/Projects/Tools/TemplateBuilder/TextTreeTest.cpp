@@ -25,7 +25,7 @@ TEST(TextTree, RefusesWhatAPersonMistyped) {
     const struct {
         std::string Text;
         const char* Sentence;
-    } cases[] = {
+    } rows[] = {
         {"", "t.txt: the file holds no node"},
         {"R\n{\nA\n{\n}\n", "t.txt:2: the brace that opens here is never closed"},
         {"R {\n}\n}\n", "t.txt:3: a second node stands after the one that a file may hold"},
@@ -35,12 +35,12 @@ TEST(TextTree, RefusesWhatAPersonMistyped) {
         {"R {\nA = b\n}\n", "t.txt:2: '=' may stand in a quoted text only"},
         {deep, "t.txt:1: lists are nested too deeply"},
     };
-    for (const auto& entry : cases) {
+    for (const auto& row : rows) {
         try {
-            ReadTextTree("t.txt", entry.Text);
-            ADD_FAILURE() << "read without a word: " << entry.Text;
+            ReadTextTree("t.txt", row.Text);
+            ADD_FAILURE() << "read without a word: " << row.Text;
         } catch (const BuildError& failure) {
-            EXPECT_STREQ(failure.what(), entry.Sentence);
+            EXPECT_STREQ(failure.what(), row.Sentence);
         }
     }
 }

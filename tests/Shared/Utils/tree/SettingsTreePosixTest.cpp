@@ -26,8 +26,7 @@ constexpr const char* kEmptyTree = "\r\n";
 TEST_F(SettingsFileTest, KeysBecomeNodesInTheStoresOrder) {
     const struct {
         std::string Store;
-        const char* Tree;
-        const char* Why;
+        const char *Tree, *Why;
     } rows[] = {
         {"", "\r\n", "nothing stored"},
         {kGroup, "\r\n", "a group with nothing in it"},

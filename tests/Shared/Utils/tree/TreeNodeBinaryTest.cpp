@@ -122,7 +122,7 @@ TEST_F(TreeNodeBinaryTest, DamageIsReported) {
         std::string Document;
         Reports Expected;
         const char* Why;
-    } cases[] = {
+    } rows[] = {
         {"00 00", version, "version 0"},
         {"00 03", version, "version 3"},
         {"00", version, "no version"},
@@ -133,12 +133,12 @@ TEST_F(TreeNodeBinaryTest, DamageIsReported) {
          "a wrong count"},
         {"00 01 00 FFFFFFFF 'abc'", {kCutOff, kFailed}, "a wrong length: the value is missing"},
     };
-    for (const auto& c : cases) {
-        const std::string bytes = Bytes(c.Document);
-        EXPECT_EQ(LoadBytes(bytes), nullptr) << c.Why;
-        EXPECT_EQ(TakeReports(), c.Expected) << c.Why;
-        EXPECT_EQ(LoadAsStream(bytes), nullptr) << c.Why;
-        EXPECT_EQ(TakeReports(), c.Expected) << c.Why;
+    for (const auto& row : rows) {
+        const std::string bytes = Bytes(row.Document);
+        EXPECT_EQ(LoadBytes(bytes), nullptr) << row.Why;
+        EXPECT_EQ(TakeReports(), row.Expected) << row.Why;
+        EXPECT_EQ(LoadAsStream(bytes), nullptr) << row.Why;
+        EXPECT_EQ(TakeReports(), row.Expected) << row.Why;
     }
 }
 

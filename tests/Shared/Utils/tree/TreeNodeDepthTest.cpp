@@ -111,9 +111,7 @@ TEST_F(TreeNodeDepthTest, HandMadeTreesHaveNoLimit) {
 
 TEST_F(TreeNodeDepthTest, WalksTellTheDepthOfEachNode) {
     const struct {
-        const char* Tree;
-        const char* Expected;
-        const char* Why;
+        const char *Tree, *Expected, *Why;
     } rows[] = {
         {"A", "<0>0", "the root alone"},
         {"A {B {C} D}", "<0<1<2>2>1<1>1>0", "down, up and beside"},

@@ -83,8 +83,7 @@ TEST_F(TreeNodeFilesTest, EveryFailureKeepsItsPlace) {
     const std::string reader = "TreeNodeReader.cpp ";
     const std::string file = "TreeNodeFiles.cpp ";
     const struct {
-        std::string Document;
-        std::string Expected;
+        std::string Document, Expected;
         const char* Why;
     } rows[] = {
         {"}", text + reader, "text"},

@@ -16,9 +16,8 @@ const std::string kFailed = "Could not read treenode";
 TEST_F(TreeNodeTextTest, DocumentsFromMemory) {
     const struct {
         std::string Text;
-        const char* Expected;
-        const char* Why;
-    } cases[] = {
+        const char *Expected, *Why;
+    } rows[] = {
         {"\"a b\"", "=|a b|", "a text alone"},
         {"A \"x\" {B C \"y\" {\"z\"} {D}}", "A=|x|(B,C=|y|(=|z|),(D))", "all shapes of a node"},
         {"A\"x\"{B\"y\"}", "A=|x|(B=|y|)", "no white space is needed"},
@@ -39,16 +38,17 @@ TEST_F(TreeNodeTextTest, DocumentsFromMemory) {
         {"", "null", "no bytes: the two missing ones count as 0"},
         {" ", "", "a blank is an empty document"},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Outline(LoadBytes(c.Text).get()), c.Expected) << c.Why;
-        if (!c.Text.empty()) {
-            EXPECT_EQ(Outline(LoadAsString(c.Text).get()), c.Expected) << c.Why;
+    for (const auto& row : rows) {
+        EXPECT_EQ(Outline(LoadBytes(row.Text).get()), row.Expected) << row.Why;
+        if (!row.Text.empty()) {
+            EXPECT_EQ(Outline(LoadAsString(row.Text).get()), row.Expected) << row.Why;
             for (const bool bigEndian : {false, true}) {
-                if (c.Text.find('\x80') != std::string::npos)
+                if (row.Text.find('\x80') != std::string::npos)
                     continue;
-                const std::string bytes = (bigEndian ? "\xFE\xFF" : "\xFF\xFE") + AsUtf16(c.Text, bigEndian);
+                const std::string bytes =
+                    (bigEndian ? "\xFE\xFF" : "\xFF\xFE") + AsUtf16(row.Text, bigEndian);
                 const auto tree = LoadBytes(bytes);
-                EXPECT_EQ(Outline(tree.get()), c.Expected) << c.Why << bigEndian;
+                EXPECT_EQ(Outline(tree.get()), row.Expected) << row.Why << bigEndian;
                 EXPECT_TRUE(tree == nullptr || (tree->WasUnicode && !tree->WasBinary));
             }
         }
@@ -70,8 +70,7 @@ TEST_F(TreeNodeTextTest, ErrorsNameTheirPlace) {
     const char* const kLabel = "Expected ~ _ or alpha numeric character";
     const std::string brace = "Unexpected right brace parsing ";
     const struct {
-        std::string Text;
-        std::string Report;
+        std::string Text, Report;
         int Line;
         std::string Token;
         const char* Why;
