@@ -46,6 +46,13 @@ const std::vector<TabText::Doubt>& Conversion::GetDoubts() const {
     if (!m_Doubts) {
         const TabText::TabReading* reading = GetReading();
         m_Doubts = reading == nullptr ? std::vector<TabText::Doubt>() : TabText::FindDoubts(*reading);
+        for (TabText::Doubt& doubt : *m_Doubts) {
+            const TabText::TextPlace end = Tab->ToOriginal(doubt.Line, doubt.EndColumn);
+            const TabText::TextPlace start = Tab->ToOriginal(doubt.Line, doubt.Column);
+            doubt.Line = start.Line;
+            doubt.Column = start.Column;
+            doubt.EndColumn = end.Column;
+        }
     }
     return *m_Doubts;
 }

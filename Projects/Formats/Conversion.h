@@ -3,6 +3,7 @@
 #include "Projects/Score/LilyPond.h"
 #include "Projects/Score/ScoreModel.h"
 #include "Projects/TabText/Doubts.h"
+#include "Projects/TabText/LineMap.h"
 #include "Projects/TabText/Markings.h"
 #include "Projects/TabText/TabReading.h"
 #include "Shared/Utils/tree/TreeNode.h"
@@ -20,6 +21,13 @@ struct TabPlace {
     std::filesystem::path File;
     /// The folder of the options that it was converted with.
     std::filesystem::path ConfigFolder;
+    /// Of a text that was prepared: from its lines and columns to those that the user knows.
+    std::optional<TabText::LineMap> Map;
+
+    /// A place of the text as the user knows it.
+    TabText::TextPlace ToOriginal(int line, int column) const {
+        return Map ? Map->ToOriginal(line, column) : TabText::TextPlace{line, column};
+    }
 };
 
 /// What came of one file that was opened: everything that a format may be written from. Owns all of it.
@@ -54,8 +62,8 @@ struct Conversion {
     /// when first asked for.
     const TabText::Markings& GetMarkings() const;
 
-    /// What of the text was read and is probably not meant so; nothing for a finished score. Found when first
-    /// asked for.
+    /// What of the text was read and is probably not meant so, at its place in the text as the user knows it;
+    /// nothing for a finished score. Found when first asked for.
     const std::vector<TabText::Doubt>& GetDoubts() const;
 
 private:

@@ -77,28 +77,30 @@ const char* RhythmName(const Fretline::TabBar& bar) {
     }
 }
 
-Json BarsJson(const TabText::TabReading& reading) {
+Json BarsJson(const TabText::TabReading& reading, const TabPlace& tab) {
     Json list = Json::array();
     for (const TabText::BarReading& read : reading.GetBars()) {
         const Fretline::TabBar& bar = *read.Bar;
         const int rhythmLine = bar.GetRhythmLine().m_Line;
-        list.push_back({{"bar", read.FirstScoreBar + 1},
-                        {"scoreBars", bar.ScoreBarCount()},
-                        {"line", bar.GetFirstLine() + 1},
-                        {"column", bar.GetStartColumn() + 1},
-                        {"length", bar.GetBarLength()},
-                        {"rhythm", RhythmName(bar)},
-                        {"rhythmLine", rhythmLine < 0 ? Json(nullptr) : Json(rhythmLine + 1)}});
+        const TabText::TextPlace start = tab.ToOriginal(bar.GetFirstLine(), bar.GetStartColumn());
+        list.push_back(
+            {{"bar", read.FirstScoreBar + 1},
+             {"scoreBars", bar.ScoreBarCount()},
+             {"line", start.Line + 1},
+             {"column", start.Column + 1},
+             {"length", bar.GetBarLength()},
+             {"rhythm", RhythmName(bar)},
+             {"rhythmLine", rhythmLine < 0 ? Json(nullptr) : Json(tab.ToOriginal(rhythmLine, 0).Line + 1)}});
     }
     return list;
 }
 
-Json WarningsJson(const TabText::TabReading& reading) {
+Json WarningsJson(const TabText::TabReading& reading, const TabPlace& tab) {
     Json list = Json::array();
     for (const TabText::IgnoredLines& ignored : reading.GetIgnoredLines())
-        list.push_back({{"line", ignored.First + 1},
+        list.push_back({{"line", tab.ToOriginal(ignored.First, 0).Line + 1},
                         {"column", 1},
-                        {"lastLine", ignored.Last + 1},
+                        {"lastLine", tab.ToOriginal(ignored.Last, 0).Line + 1},
                         {"text", Score::ToUtf8(ignored.Message)}});
     return list;
 }
@@ -164,11 +166,11 @@ std::string JsonText(const Conversion& conversion, std::span<const std::string> 
               {"labels", LabelsJson(model)},
               {"timeSignatures", SignaturesJson(model)}};
     if (const TabText::TabReading* reading = conversion.GetReading()) {
-        json["bars"] = BarsJson(*reading);
+        json["bars"] = BarsJson(*reading, *conversion.Tab);
         json["heading"] = HeadingJson(model.Heading);
         json["repeats"] = RepeatsJson(model);
         json["techniques"] = MarksJson(*reading, conversion.GetMarkings());
-        json["warnings"] = WarningsJson(*reading);
+        json["warnings"] = WarningsJson(*reading, *conversion.Tab);
         json["doubts"] = DoubtsJson(conversion.GetDoubts());
     }
     json["files"] = files;

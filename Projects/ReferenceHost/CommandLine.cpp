@@ -3,12 +3,14 @@
 #include "Projects/Formats/Formats.h"
 #include "Projects/ReferenceHost/Help.h"
 #include "Projects/ReferenceHost/Terminal.h"
+#include "Projects/TabText/Preparation.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <cstdlib>
 #include <map>
+#include <sstream>
 #include <thread>
 
 namespace ReferenceHost {
@@ -41,6 +43,7 @@ struct Words {
     std::vector<std::string> Outputs;
     std::vector<std::string> Formats;
     std::string Explanation;
+    std::string Preparation;
     int RhythmLevel = 0;
     int Jobs = static_cast<int>(std::max(std::thread::hardware_concurrency(), 1U));
     bool Dump = false;
@@ -58,6 +61,23 @@ std::string TakeFormats(const Words& words, CommandLine& line) {
         line.ToFormats.push_back(Formats::FindFormat(name));
         if (line.ToFormats.back() == nullptr)
             return UnknownFormat(name);
+    }
+    return {};
+}
+
+// "default", "show", or the names of steps.
+std::string TakePreparation(const Words& words, CommandLine& line) {
+    std::istringstream names(words.Preparation);
+    for (std::string name; std::getline(names, name, ',');) {
+        if (name == "show")
+            line.ShowsPrepared = true;
+        if (name == "show" || name == "default") {
+            line.Preparation = TabText::DefaultPreparationSteps();
+            continue;
+        }
+        line.Preparation.push_back(TabText::FindPreparationStep(name));
+        if (line.Preparation.back() == nullptr)
+            return "there is no preparation " + name + " (fretline --help lists them)";
     }
     return {};
 }
@@ -124,7 +144,7 @@ bool CommandLine::WritesToStandardOutput() const {
 
 bool CommandLine::OnlyLooks() const {
     return Outputs.empty() && ToFormats.empty() &&
-           (TellsDoubts || (Prints != Printing::Summary && Prints != Printing::Nothing));
+           (TellsDoubts || ShowsPrepared || (Prints != Printing::Summary && Prints != Printing::Nothing));
 }
 
 std::optional<CommandLine> ParseCommandLine(int argc, char** argv, int& exitCode) {
@@ -150,6 +170,7 @@ std::optional<CommandLine> ParseCommandLine(int argc, char** argv, int& exitCode
     app.add_flag("-q,--quiet", words.Quiet);
     app.add_flag("-v,--verbose", line.Verbose);
     app.add_flag("--doubts", line.TellsDoubts);
+    app.add_flag("--prepare{default}", words.Preparation);
     app.add_flag("--strict", line.IsStrict);
     auto* rhythms =
         app.add_option("--rhythms", words.RhythmLevel)->transform(CLI::CheckedTransformer(levels));
@@ -181,6 +202,8 @@ std::optional<CommandLine> ParseCommandLine(int argc, char** argv, int& exitCode
         line.RhythmLevel = words.RhythmLevel;
     line.Jobs = words.Jobs;
     std::string mistake = TakeFormats(words, line);
+    if (mistake.empty())
+        mistake = TakePreparation(words, line);
     if (mistake.empty())
         mistake = TakePrinting(words, line);
     if (mistake.empty())

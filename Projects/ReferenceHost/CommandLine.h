@@ -10,6 +10,9 @@
 namespace Formats {
 struct Format;
 }
+namespace TabText {
+struct PreparationStep;
+}
 
 namespace ReferenceHost {
 
@@ -36,6 +39,10 @@ struct CommandLine {
 
     /// What goes to standard output instead of the summary.
     enum class Printing { Summary, Nothing, Tree, Explanation, Json } Prints = Printing::Summary;
+    /// The steps by which a text is prepared before it is opened; none unless asked for.
+    std::vector<const TabText::PreparationStep*> Preparation;
+    /// Print the prepared text, and nothing else.
+    bool ShowsPrepared = false;
     /// The plug-in's messages one by one.
     bool Verbose = false;
     /// Everything doubtful in full, not only the first of it.

@@ -8,6 +8,9 @@
 #include "Projects/ReferenceHost/ScoreFile.h"
 #include "Projects/ReferenceHost/Summary.h"
 #include "Projects/ReferenceHost/Terminal.h"
+#include "Shared/Utils/AsciiChars.h"
+
+#include <algorithm>
 
 namespace ReferenceHost {
 
@@ -16,6 +19,38 @@ namespace fs = std::filesystem;
 using Status = JobResult::Status;
 using Printing = CommandLine::Printing;
 
+namespace {
+
+// The numbers of lines in a message of the plug-in, as the user counts them.
+std::string WithOriginalLines(const std::string& message, const TabText::LineMap& map) {
+    std::string text;
+    for (std::size_t at = 0; at < message.size();) {
+        std::size_t end = at;
+        while (end < message.size() && Nvr::Ascii::IsDigit(message[end]))
+            ++end;
+        if (end == at) {
+            text += message[at++];
+            continue;
+        }
+        const int line = std::stoi(message.substr(at, end - at)) - 1;
+        text += line >= 0 && line < map.GetLineCount() ? std::to_string(map.ToOriginal(line, 0).Line + 1)
+                                                       : message.substr(at, end - at);
+        at = end;
+    }
+    return text;
+}
+
+// What would tidy the text up; nothing for a tidy one.
+std::string HelpOfPreparation(const fs::path& tab) {
+    const auto bytes = ReadWholeFile(tab);
+    std::string names;
+    for (const char* name : bytes ? TabText::StepsThatWouldHelp(*bytes) : std::vector<const char*>())
+        names += (names.empty() ? "" : ", ") + std::string(name);
+    return names.empty() ? names : SummaryLine("Untidy", "--prepare would help: " + names);
+}
+
+} // namespace
+
 Converter::Converter(const CommandLine& line, const Plugin& plugin, fs::path configFolder,
                      const RunFolder& folder, bool showsProgress)
     : m_Line(line), m_Plugin(plugin), m_ConfigFolder(std::move(configFolder)), m_Folder(folder),
@@ -23,7 +58,13 @@ Converter::Converter(const CommandLine& line, const Plugin& plugin, fs::path con
 
 JobResult Converter::Convert(const Input& input, const std::vector<Target>& targets) const {
     std::optional<TemporaryTab> name;
-    const Opened opened = Open(input, name);
+    std::optional<TabText::PreparedText> prepared;
+    if (!m_Line.Preparation.empty() && input.What != Input::Kind::Score)
+        prepared = Prepare(input);
+    if (prepared && m_Line.ShowsPrepared)
+        return JobResult::OfOutput(prepared->Text);
+    const Opened opened =
+        prepared && prepared->IsChanged() ? OpenPrepared(*prepared, input, name) : Open(input, name);
     if (!opened.Conversion)
         return TellRefusal(input, opened);
     JobResult result;
@@ -58,6 +99,27 @@ Converter::Opened Converter::Open(const Input& input, std::optional<TemporaryTab
     }
 }
 
+std::optional<TabText::PreparedText> Converter::Prepare(const Input& input) const {
+    const auto bytes = ReadWholeFile(input.IsStandardInput() ? fs::path("/dev/stdin") : input.Path);
+    if (!bytes)
+        return std::nullopt;
+    return TabText::Prepare(*bytes, m_Line.Preparation);
+}
+
+Converter::Opened Converter::OpenPrepared(const TabText::PreparedText& prepared, const Input& input,
+                                          std::optional<TemporaryTab>& name) const {
+    name = TemporaryTab::Write(m_Folder, input.Relative.stem().string(), prepared.Text);
+    if (name->Path().empty())
+        return Opened(Status::Failed, "no room for a temporary file");
+    Opened opened = OpenTab(name->Path(), input.Path);
+    opened.Changes = TabText::ChangesText(prepared);
+    for (std::string& message : opened.Messages)
+        message = WithOriginalLines(message, prepared.Map);
+    if (opened.Conversion)
+        opened.Conversion->Tab->Map = prepared.Map;
+    return opened;
+}
+
 Converter::Opened Converter::OpenScore(const fs::path& file) const {
     const std::optional<std::string> bytes = ReadWholeFile(file);
     if (!bytes)
@@ -89,7 +151,7 @@ Converter::Opened Converter::OpenTab(const fs::path& tab, const fs::path& source
         opened.Reason = "its score cannot be read: " + why;
     }
     if (opened.Conversion)
-        opened.Conversion->Tab = {tab, m_ConfigFolder};
+        opened.Conversion->Tab = Formats::TabPlace{tab, m_ConfigFolder, {}};
     if (opened.Conversion)
         opened.Conversion->Layout = m_Line.Layout;
     return opened;
@@ -151,7 +213,8 @@ std::string Converter::Printed(const Input& input, const Opened& opened,
         return Formats::JsonText(conversion, files) + "\n";
     case Printing::Explanation:
         if (const TabText::TabReading* reading = conversion.GetReading())
-            return Explain::ExplanationText(Explain::Explanation::Of(*reading), Terminal::HasColour());
+            return (opened.Changes.empty() ? "" : "Prepared:\n" + opened.Changes + "\nThe prepared text:\n") +
+                   Explain::ExplanationText(Explain::Explanation::Of(*reading), Terminal::HasColour());
         return input.Path.string() +
                ": only a tab can be explained, a finished score no longer knows its text\n";
     case Printing::Summary:
@@ -163,6 +226,12 @@ std::string Converter::Printed(const Input& input, const Opened& opened,
     text += SummaryText(conversion.GetMusic());
     if (!m_Line.Verbose)
         text += MessageSummary(opened.Messages);
+    if (!opened.Changes.empty())
+        text += SummaryLine("Prepared",
+                            std::to_string(std::count(opened.Changes.begin(), opened.Changes.end(), '@')) +
+                                " lines (--prepare=show, --explain)");
+    else if (m_Line.Preparation.empty() && conversion.Tab)
+        text += HelpOfPreparation(conversion.Tab->File);
     text += DoubtSummary(conversion.GetDoubts(), m_Line.TellsDoubts);
     std::string name = "Written";
     for (const std::string& file : files) {

@@ -7,6 +7,7 @@
 #include "Projects/ReferenceHost/Plugin.h"
 #include "Projects/ReferenceHost/RunFolder.h"
 #include "Projects/ReferenceHost/Targets.h"
+#include "Projects/TabText/Preparation.h"
 
 #include <optional>
 #include <string>
@@ -40,11 +41,18 @@ private:
         std::vector<std::string> Messages;
         JobResult::Status Ended = JobResult::Status::Done;
         std::string Reason;
+        // Of a text that was prepared: what was changed.
+        std::string Changes;
     };
 
     Opened Open(const Input& input, std::optional<TemporaryTab>& name) const;
     Opened OpenScore(const std::filesystem::path& file) const;
     Opened OpenTab(const std::filesystem::path& tab, const std::filesystem::path& source) const;
+    // The bytes of a text, prepared; opened under a temporary name where that changed it. Null when there are
+    // none.
+    std::optional<TabText::PreparedText> Prepare(const Input& input) const;
+    Opened OpenPrepared(const TabText::PreparedText& prepared, const Input& input,
+                        std::optional<TemporaryTab>& name) const;
     JobResult TellRefusal(const Input& input, const Opened& opened) const;
     /// Gives the names of the files written.
     std::vector<std::string> WriteTargets(const Formats::Conversion& conversion,

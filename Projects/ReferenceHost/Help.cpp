@@ -1,6 +1,9 @@
 #include "Projects/ReferenceHost/Help.h"
 
 #include "Projects/Formats/Formats.h"
+#include "Projects/TabText/Preparation.h"
+
+#include <sstream>
 
 namespace ReferenceHost {
 
@@ -42,7 +45,11 @@ How it is read
   --rhythms LEVEL       import rhythms never, only when indicated, or always: never, indicated, always.
                         For this run only
   --remember            keep what --rhythms says for later runs
-  -y, --yes             don't ask about rhythms: what was stored holds
+  --prepare[=STEP,...]  tidy the text up before it is opened; --prepare=show prints the tidied text. The steps:
+)";
+
+constexpr const char* kFurtherOptions =
+    R"(  -y, --yes             don't ask about rhythms: what was stored holds
 
 Many files
   -j, --jobs N          convert so many at a time (otherwise as many as there are cores)
@@ -58,7 +65,27 @@ Ends with 0 when all is done, 1 when a file gave no score, 2 for a mistake in th
 doubt with --strict, 130 when cancelled.
 )";
 
+constexpr std::size_t kIndent = 26;
 constexpr std::size_t kNameWidth = 10;
+
+std::string StepLine(const TabText::PreparationStep& step) {
+    std::string name(step.Name);
+    name.resize(kNameWidth, ' ');
+    // Broken where a terminal would break it.
+    constexpr std::size_t kWidth = 66;
+    std::string line = std::string(kIndent, ' ') + name;
+    std::size_t used = 0;
+    std::istringstream words(step.Does);
+    for (std::string word; words >> word; used += word.size() + 1) {
+        if (used + word.size() > kWidth) {
+            line += "\n" + std::string(kIndent + kNameWidth, ' ');
+            used = 0;
+        }
+        line += word + " ";
+    }
+    line.pop_back();
+    return line + "\n";
+}
 
 } // namespace
 
@@ -67,9 +94,12 @@ std::string HelpText() {
     for (const Formats::Format& format : Formats::AllFormats()) {
         std::string name(format.Name);
         name.resize(kNameWidth, ' ');
-        text += std::string(26, ' ') + name + std::string(format.Description) + "\n";
+        text += std::string(kIndent, ' ') + name + std::string(format.Description) + "\n";
     }
-    return text + kOptions;
+    text += kOptions;
+    for (const TabText::PreparationStep& step : TabText::AllPreparationSteps())
+        text += StepLine(step);
+    return text + kFurtherOptions;
 }
 
 std::string VersionText() {

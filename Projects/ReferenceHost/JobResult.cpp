@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 namespace ReferenceHost {
 
@@ -26,6 +27,12 @@ bool Take(std::string_view& bytes, std::string& text) {
 }
 
 } // namespace
+
+JobResult JobResult::OfOutput(std::string output) {
+    JobResult result;
+    result.Output = std::move(output);
+    return result;
+}
 
 std::string JobResult::ToBytes() const {
     std::string bytes{static_cast<char>(Ended), static_cast<char>(IsDoubtful)};

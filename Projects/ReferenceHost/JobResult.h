@@ -19,6 +19,9 @@ struct JobResult {
     /// Why a file was refused, said again at the end of a run over many.
     std::string Reason;
 
+    /// A job that is done and has this for standard output.
+    static JobResult OfOutput(std::string output);
+
     std::string ToBytes() const;
     /// The reverse; what is no result is a failed one.
     static JobResult FromBytes(std::string_view bytes);

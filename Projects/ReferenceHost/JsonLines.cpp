@@ -99,11 +99,18 @@ JobResult Converter::ConvertLine(std::string_view line) const {
         return Refused(request.is_object() && request.contains("id") ? request["id"] : Json(nullptr),
                        R"(the line is no JSON object {"id":...,"text":...})");
     const Json id = request.contains("id") ? request["id"] : Json(nullptr);
-    const auto text = request["text"].get<std::string>();
+    auto text = request["text"].get<std::string>();
+    std::optional<TabText::PreparedText> prepared;
+    if (!m_Line.Preparation.empty()) {
+        prepared = TabText::Prepare(text, m_Line.Preparation);
+        text = prepared->Text;
+    }
     const TemporaryTab tab = TemporaryTab::Write(m_Folder, kDefaultName, text);
     if (tab.Path().empty())
         return Refused(id, "no room for a temporary file");
-    const Opened opened = OpenTab(tab.Path(), kDefaultName);
+    Opened opened = OpenTab(tab.Path(), kDefaultName);
+    if (opened.Conversion && prepared)
+        opened.Conversion->Tab->Map = prepared->Map;
     if (!opened.Conversion) {
         JobResult result = Refused(id, opened.Reason);
         result.Ended = opened.Ended;

@@ -71,6 +71,11 @@ TabFile::TabFile(const Nvr::String& path, const FretlineOptions* options, Nvr::C
         ReadGrid(stream);
 }
 
+TabFile::TabFile(Nvr::InStream& stream, const FretlineOptions* options, Nvr::ConverterOutput* output)
+    : m_Options(options), m_Output(output) {
+    ReadGrid(stream);
+}
+
 void TabFile::ReadGrid(Nvr::InStream& stream) {
     GridWriter writer(m_Text);
     std::array<char, kReadBlockSize> block;

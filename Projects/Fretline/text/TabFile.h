@@ -28,6 +28,8 @@ public:
     /// CR, LF, CR LF and LF CR each end a line; what stands after the last line end is a line too, also when
     /// that is nothing. A failed allocation passes through.
     TabFile(const Nvr::String& path, const FretlineOptions* options, Nvr::ConverterOutput* output);
+    /// Reads the rest of `stream` in the same way.
+    TabFile(Nvr::InStream& stream, const FretlineOptions* options, Nvr::ConverterOutput* output);
     TabFile(const TabFile&) = delete;
     TabFile& operator=(const TabFile&) = delete;
 

@@ -6,7 +6,7 @@ _fretline() {
     case $before in
         -t | --to)
             local begun=${word%"${word##*,}"}
-            mapfile -t COMPREPLY < <(compgen -P "$begun" -W "$(sed -n 's/^ \{26\}\([a-z]*\)  .*/\1/p' <<<"$help")" -- "${word##*,}")
+            mapfile -t COMPREPLY < <(compgen -P "$begun" -W "$(sed -n '/--to FORMAT/,/--no-clobber/s/^ \{26\}\([a-z]*\)  .*/\1/p' <<<"$help")" -- "${word##*,}")
             return
             ;;
         --rhythms)

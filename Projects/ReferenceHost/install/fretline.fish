@@ -1,6 +1,6 @@
 # Completion of fretline for fish. Options and formats are asked of the program, so that nothing here goes stale.
 function __fretline_formats
-    fretline --help | string replace -rf '^ {26}([a-z]+)  .*' '$1'
+    fretline --help | sed -n '/--to FORMAT/,/--no-clobber/s/^ \{26\}\([a-z]*\)  .*/\1/p'
 end
 for line in (fretline --help | string match -re '^  (?:-[a-z], )?--[a-z-]+')
     set -l long (string match -rg -- '--([a-z-]+)' $line)

@@ -193,6 +193,24 @@ TEST_F(Program, EngravesAndSaysWhatIsMissingForIt) {
     EXPECT_FALSE(fs::exists(Path() / "c.pdf"));
 }
 
+TEST_F(Program, PreparesAnUntidyTabWhenAsked) {
+    std::string text = "Riff\n\n";
+    for (const char* letter : {"E", "B", "G", "D", "A", "E"})
+        text +=
+            std::string(letter) + (std::string(letter) == "A" ? "|-000---2-3----|\n" : "|--------------|\n");
+    Write("untidy.tab", text + "\nla - la - la\n");
+    const Outcome plain = Run("untidy.tab --verbose");
+    EXPECT_TRUE(Has(plain.Text, "Untidy         --prepare would help: digits")) << plain.Text;
+    const Outcome prepared = Run("untidy.tab --prepare --verbose");
+    EXPECT_TRUE(Has(prepared.Text, "Notes          5")) << prepared.Text;
+    EXPECT_TRUE(Has(prepared.Text, "Lines 10 to 10")) << "lines are those of the original";
+    EXPECT_TRUE(Has(Run("untidy.tab --prepare=show").Text, "A|-0-0-0---2-3----|"))
+        << Run("untidy.tab --prepare=show").Text;
+    EXPECT_TRUE(Has(Run("untidy.tab --prepare=digits --explain").Text, "@ line 3: digits\n-E|---"));
+    EXPECT_TRUE(Has(Run("untidy.tab --prepare=ascii").Text, "Notes          3"));
+    EXPECT_EQ(2, Run("untidy.tab --prepare=nonsense").ExitCode);
+}
+
 TEST_F(Program, LooksAtATabInAFolderThatCannotBeWritten) {
     Tab("there/a.tab");
     for (const char* looking : {"--explain", "--json", "--dump", "--doubts"}) {
@@ -230,7 +248,8 @@ TEST_F(Program, EndsInOrderWhenItIsInterrupted) {
     for (int i = 0; i < kFiles; ++i)
         Tab("in/" + std::to_string(1000 + i) + ".tab");
     // Through a shell of its own, whose group gets the signal as a terminal would send it.
-    const Outcome outcome = Run("in -o out/ -q -j 2 & sleep 0.3; kill -INT $!; wait $!");
+    const Outcome outcome =
+        Run("in -o out/ -q -j 2 & until [ -e out/1000.nvf ]; do sleep 0.02; done; kill -INT $!; wait $!");
     EXPECT_EQ(130, outcome.ExitCode) << outcome.Text;
     const std::string whole = Read("out/1000.nvf");
     for (const auto& entry : fs::directory_iterator(Path() / "out"))

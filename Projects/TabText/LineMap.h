@@ -1,0 +1,49 @@
+#pragma once
+
+#include <vector>
+
+namespace TabText {
+
+/// A line and a column of a text, counted from 0 as in Fretline::TabFile: tabs reach to columns of eight.
+struct TextPlace {
+    int Line = 0;
+    int Column = 0;
+
+    bool operator==(const TextPlace&) const = default;
+};
+
+/// From each line and column of a prepared text to those of the original.
+///
+/// A character that was added stands for the next one of its line that was there. A line that was added
+/// stands for the line that it was made for. Columns of the original count characters as an editor shows
+/// them, wide ones as two; in a text of ASCII that is what TabFile counts.
+class LineMap {
+public:
+    struct Line {
+        int OriginalLine = 0;
+        /// The original column of each character, ascending; empty when each stands at its own.
+        std::vector<int> Columns;
+    };
+
+    LineMap() = default;
+    explicit LineMap(std::vector<Line> lines) : m_Lines(std::move(lines)) {}
+
+    int GetLineCount() const { return static_cast<int>(m_Lines.size()); }
+
+    /// `line` is one of the prepared text, `column` any from 0 on: those beyond the end of the line go on
+    /// beyond that of the original.
+    TextPlace ToOriginal(int line, int column) const {
+        const Line& entry = m_Lines[static_cast<std::size_t>(line)];
+        const std::vector<int>& columns = entry.Columns;
+        if (columns.empty())
+            return {entry.OriginalLine, column};
+        const int last = static_cast<int>(columns.size()) - 1;
+        const int known = column < last ? column : last;
+        return {entry.OriginalLine, columns[static_cast<std::size_t>(known)] + (column - known)};
+    }
+
+private:
+    std::vector<Line> m_Lines;
+};
+
+} // namespace TabText

@@ -1,0 +1,37 @@
+#include "Projects/TabText/Preparation.h"
+
+#include "tests/Projects/TabText/ReadText.h"
+#include "tests/support/TabBook.h"
+#include "tests/support/TabText.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+using TabText::Prepare;
+using TabText::PreparedText;
+
+std::string ReadFile(const std::filesystem::path& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+void ExpectUnchanged(const std::string& text, const std::string& name) {
+    const PreparedText prepared = Prepare(text);
+    EXPECT_EQ(text, prepared.Text) << name << "\n" << TabText::ChangesText(prepared);
+    EXPECT_FALSE(prepared.IsChanged()) << name;
+}
+
+TEST(Preparation, LeavesTidyTabsAlone) {
+    for (const auto& entry : std::filesystem::directory_iterator(FRETLINE_SOURCE_DIR "/examples"))
+        if (entry.path().extension() != ".nvf")
+            ExpectUnchanged(ReadFile(entry.path()), entry.path().filename());
+    for (std::uint32_t seed = 0; seed < 1000; ++seed)
+        ExpectUnchanged(TestSupport::MakeOddTab(seed), "odd tab " + std::to_string(seed));
+}
+
+} // namespace
