@@ -50,46 +50,44 @@ std::string Level(int level) {
     return "\r\n{\r\n\tRhythmLevel \"" + std::to_string(level) + "\"\r\n}\r\n";
 }
 
-TEST_F(Dialog, FirstUseShowsTheMiddleChoiceAndWritesTheFile) {
-    TerminalPerson person(kCells, kRows, Host({"a.tab"}));
-    ASSERT_TRUE(person.WaitFor("<* OK *>"));
-    EXPECT_GE(person.RowOf("Open ASCII Tab"), 0);
-    EXPECT_GE(person.RowOf("(*) Only import rhythms when they are indicated"), 0);
-    EXPECT_GE(person.RowOf("[ ] Don't show this again"), 0);
-    EXPECT_EQ(Level(1), Stored()) << "while the dialog is still open";
-    person.Type("\r");
-    EXPECT_EQ(kDone, person.WaitForEnd());
-}
-
-TEST_F(Dialog, TheChoiceIsStoredAndUsed) {
-    TerminalPerson person(kCells, kRows, Host({"a.tab"}));
-    ASSERT_TRUE(person.WaitFor("<* OK *>"));
-    person.Type("a\r");
-    EXPECT_EQ(kDone, person.WaitForEnd());
-    EXPECT_EQ(Level(2), Stored());
-    EXPECT_NE(std::string::npos, person.Transcript().find("Rhythms")) << "the summary follows";
-    TerminalPerson again(kCells, kRows, Host({"a.tab"}));
-    ASSERT_TRUE(again.WaitFor("(*) Always import rhythms"));
-}
-
-TEST_F(Dialog, CancelKeepsTheStoredLevelAndGivesNoScore) {
-    Store(Level(0));
-    TerminalPerson person(kCells, kRows, Host({"a.tab"}));
-    ASSERT_TRUE(person.WaitFor("(*) Never import rhythms"));
-    person.Type("a\x1b");
-    EXPECT_EQ(kCancelled, person.WaitForEnd());
-    EXPECT_EQ(Level(0), Stored());
-    EXPECT_FALSE(fs::exists(Path() / "a.nvf"));
-}
-
-TEST_F(Dialog, AnOddLevelSelectsNothingAndOkMakesItNever) {
-    Store(Level(7));
-    TerminalPerson person(kCells, kRows, Host({"a.tab"}));
-    ASSERT_TRUE(person.WaitFor("<* OK *>"));
-    EXPECT_LT(person.RowOf("(*)"), 0);
-    person.Type("\r");
-    EXPECT_EQ(kDone, person.WaitForEnd());
-    EXPECT_EQ(Level(0), Stored());
+TEST_F(Dialog, ShowsTheStoredLevelAndStoresTheOneChosen) {
+    const std::string firstUse;
+    const std::string other = "\r\n\tOther\r\n\t{\r\n\t\tA \"b\"\r\n\t}\r\n}\r\n";
+    const std::string colour = "\r\n{\r\n\tColour \"red\"\r\n\tRhythmLevel ";
+    const struct {
+        std::string Before;
+        const char *Selected, *Keys;
+        int Status;
+        std::string After;
+        const char* Why;
+    } rows[] = {
+        {firstUse, "(*) Only import rhythms when they are indicated", "\r", kDone, Level(1),
+         "the middle one"},
+        {Level(1), "(*) Only import rhythms", "a\r", kDone, Level(2), "another one"},
+        {Level(2), "(*) Always import rhythms", "\r", kDone, Level(2), "the one chosen before"},
+        {Level(0), "(*) Never import rhythms", "a\x1b", kCancelled, Level(0), "cancelled"},
+        {Level(7), nullptr, "\r", kDone, Level(0), "an odd level selects nothing, and OK makes it Never"},
+        {colour + "\"1\"" + other, "(*) Only", "n\r", kDone, colour + "\"0\"" + other, "other entries stay"},
+        {"}{ @ nothing that can be read", "(*) Only", "\r", kDone, Level(1), "a damaged file harms nothing"},
+    };
+    for (const auto& row : rows) {
+        fs::remove(Path() / "config/FretlineOptions.txt");
+        fs::remove(Path() / "a.nvf");
+        if (row.Before != firstUse)
+            Store(row.Before);
+        TerminalPerson person(kCells, kRows, Host({"a.tab"}));
+        ASSERT_TRUE(person.WaitFor("<* OK *>")) << row.Why;
+        EXPECT_GE(person.RowOf("Open ASCII Tab"), 0) << row.Why;
+        EXPECT_GE(person.RowOf("[ ] Don't show this again"), 0) << row.Why;
+        EXPECT_EQ(person.RowOf(row.Selected != nullptr ? row.Selected : "(*)") >= 0, row.Selected != nullptr)
+            << row.Why;
+        EXPECT_EQ(Stored(), row.Before == firstUse || row.Before[0] == '}' ? Level(1) : row.Before)
+            << row.Why << ", while the dialog is still open";
+        person.Type(row.Keys);
+        EXPECT_EQ(person.WaitForEnd(), row.Status) << row.Why;
+        EXPECT_EQ(Stored(), row.After) << row.Why;
+        EXPECT_EQ(fs::exists(Path() / "a.nvf"), row.Status == kDone) << row.Why;
+    }
 }
 
 TEST_F(Dialog, OneAnswerHoldsForAllFilesOfARun) {
@@ -113,26 +111,6 @@ TEST_F(Dialog, CancelEndsTheRun) {
     person.Type("d\x1b");
     EXPECT_EQ(kCancelled, person.WaitForEnd());
     EXPECT_FALSE(fs::exists(Path() / "b.nvf"));
-}
-
-TEST_F(Dialog, OtherEntriesOfTheFileStayAndADamagedFileHarmsNothing) {
-    Store(
-        "\r\n{\r\n\tColour \"red\"\r\n\tRhythmLevel \"1\"\r\n\tOther\r\n\t{\r\n\t\tA \"b\"\r\n\t}\r\n}\r\n");
-    {
-        TerminalPerson person(kCells, kRows, Host({"a.tab"}));
-        ASSERT_TRUE(person.WaitFor("<* OK *>"));
-        person.Type("n\r");
-        EXPECT_EQ(kDone, person.WaitForEnd());
-        EXPECT_EQ("\r\n{\r\n\tColour \"red\"\r\n\tRhythmLevel \"0\"\r\n\tOther\r\n\t{\r\n\t\tA "
-                  "\"b\"\r\n\t}\r\n}\r\n",
-                  Stored());
-    }
-    Store("}{ @ nothing that can be read");
-    TerminalPerson person(kCells, kRows, Host({"a.tab"}));
-    ASSERT_TRUE(person.WaitFor("(*) Only import rhythms"));
-    person.Type("\r");
-    EXPECT_EQ(kDone, person.WaitForEnd());
-    EXPECT_EQ(Level(1), Stored());
 }
 
 TEST_F(Dialog, YesAndRhythmsAskNobody) {

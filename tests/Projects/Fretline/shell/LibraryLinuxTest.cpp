@@ -1,10 +1,6 @@
 // The built library, as a host gets it.
 
-#include "Shared/Utils/Dynalink.h"
-#include "tests/support/RecordingHost.h"
-#include "tests/support/ScratchTempFolder.h"
-
-#include <gtest/gtest.h>
+#include "tests/Projects/Fretline/shell/LibraryTesting.h"
 
 #include <algorithm>
 #include <array>
@@ -49,29 +45,11 @@ TEST(Library, ExportsTheNamesOfTheListAndNothingElse) {
 }
 
 TEST(Library, ConvertsAFileForThisProgramAndCanBeUnloaded) {
-    const TestSupport::ScratchFolder folder;
-    const TestSupport::ScratchTempFolder temp;
-    const std::string dashes = "|--------------|\n";
-    const std::string tab =
-        folder.Write("a.tab", dashes + dashes + dashes + dashes + dashes + "|--0--2--------|\n");
-    void* function = nullptr;
-    {
-        const Nvr::Dynalink library{Nvr::String(FRETLINE_LIBRARY)};
-        function = library.GetFunction("NVR_INIT");
-        ASSERT_NE(function, nullptr);
-        TestSupport::RecordingHost host(FRETLINE_LIBRARY, folder.Path().string());
-        ASSERT_TRUE(host.IsReady());
-        EXPECT_EQ(host.Open(tab), 1);
-        const std::vector<std::string>& calls = host.GetCalls();
-        ASSERT_EQ(calls.size(), 10U);
-        EXPECT_EQ(calls.front(), "create Importing Tab file|0|100|30");
-        EXPECT_EQ(calls[7], "load");
-        EXPECT_EQ(calls.back(), "destroy");
-        EXPECT_FALSE(host.GetScore().empty());
-        EXPECT_EQ(host.Open(tab + ".txt"), 0);
-    }
-    EXPECT_TRUE(temp.IsEmpty());
-    EXPECT_EQ(Nvr::Platform::ModuleOfAddress(function), nullptr) << "nothing keeps it loaded";
+    const std::vector<std::string> calls = CallsOfALoadedLibrary(true);
+    ASSERT_EQ(calls.size(), 10U);
+    EXPECT_EQ(calls.front(), "create Importing Tab file|0|100|30");
+    EXPECT_EQ(calls[7], "load");
+    EXPECT_EQ(calls.back(), "destroy");
 }
 
 } // namespace
