@@ -69,7 +69,7 @@ std::string WriteJson(const Conversion& conversion, std::string& /*why*/) {
     return JsonText(conversion, {}) + "\n";
 }
 
-constexpr std::array<Format, 11> kFormats{{
+constexpr auto kFormats = std::to_array<Format>({
     {"nvf", ".nvf", "the finished score", false, WriteScore},
     {"musicxml", ".musicxml", "MusicXML 4.0", true, WriteMusicXml},
     {"mxl", ".mxl", "MusicXML 4.0, compressed", false, WriteCompressedMusicXml},
@@ -81,7 +81,7 @@ constexpr std::array<Format, 11> kFormats{{
     {"html", ".html", "what each character of the tab was taken for", true, WriteExplanation},
     {"json", ".json", "what is in the score, for programs", true, WriteJson},
     {"txt", ".txt", "the score's tree as text", false, WriteTreeText},
-}};
+});
 
 bool IsSameWord(std::string_view a, std::string_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),

@@ -148,7 +148,6 @@ private:
     }
 
     void ReadStaveTypeRow(const TreeNode& row) {
-        m_Model.StaveTypeName = TextOf(row, {"Name"});
         m_Model.HasRhythms = row.GetChildValue("ShowRhythms", false);
         ForEachChild(row.FindChild("Pitches"),
                      [&](const TreeNode& pitch) { m_Model.Tuning.push_back(pitch.GetValueAsInt() / 2); });

@@ -68,7 +68,6 @@ struct ScoreModel {
     /// MIDI program, counted from 0.
     int Program = 0;
     std::string StaveTypeId;
-    std::string StaveTypeName;
     /// Real durations were read; otherwise the order of the notes is all that the score tells.
     bool HasRhythms = false;
     /// Open strings as MIDI note numbers, lowest string first; one entry a stave line.

@@ -147,7 +147,7 @@ TEST_F(FoundationFaults, SizesThatCannotBeAreFailures) {
     EXPECT_EQ(buffer.View(), "abc");
 }
 
-TEST_F(FoundationFaults, NoFileIsWrittenInPlaceForWantOfRoomBesideIt) {
+TEST_F(FoundationFaults, NoFileIsWrittenInPlaceWhenThereIsNoRoomBesideIt) {
     const TestSupport::ScratchFolder folder;
     const String path(folder.Write("a", "old"));
     FileFaults.FailAfter(1);

@@ -16,7 +16,7 @@ struct NoteLengthLetter {
 };
 
 /// The letters of a note-length line, whole note to demisemiquaver and below; upper case only.
-inline constexpr std::array<NoteLengthLetter, 7> NoteLengthTable = {{
+inline constexpr auto NoteLengthTable = std::to_array<NoteLengthLetter>({
     {'W', 1024},
     {'H', 512},
     {'Q', 256},
@@ -24,7 +24,7 @@ inline constexpr std::array<NoteLengthLetter, 7> NoteLengthTable = {{
     {'S', 64},
     {'T', 32},
     {'X', 16},
-}};
+});
 
 /// The length that a letter stands for in score units; 0 for any other character.
 int NoteLengthOf(char letter);

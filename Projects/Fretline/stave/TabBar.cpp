@@ -84,7 +84,7 @@ void TabBar::ReadBar(Nvr::TreeNode* lastNoteRest) {
     assert(!m_HasBeenRead);
     m_HasBeenRead = true;
     // Columns must be timed before chords attach to them, and the rhythm line must be known before chords are
-    // read, lest it be taken for a chord line.
+    // read: it could be taken for a chord line.
     FindRhythmSource();
     ComputeTiming();
     ReadChords();

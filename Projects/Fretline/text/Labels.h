@@ -12,8 +12,8 @@ namespace Fretline {
 class TabFile;
 
 /// The words that make a section label, in any case, in the order in which a line is searched for them.
-inline constexpr std::array<std::string_view, 11> kLabelKeywords = {
-    "intro", "riff", "verse", "chorus", "fig", "prechorus", "coda", "bridge", "solo", "pattern", "outro"};
+inline constexpr auto kLabelKeywords = std::to_array<std::string_view>(
+    {"intro", "riff", "verse", "chorus", "fig", "prechorus", "coda", "bridge", "solo", "pattern", "outro"});
 
 /// A stretch of a line. Columns are absolute.
 struct LabelExtent {
