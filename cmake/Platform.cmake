@@ -1,18 +1,18 @@
 # The platforms that there are sources for. NVR_PLATFORM names the one that is built for; a source for one platform ends in
 # an entry of NVR_PLATFORM_ENDINGS: what POSIX promises serves Linux too.
+set(NVR_OTHER_ENDINGS Windows Posix Linux)
 if(WIN32)
     set(NVR_PLATFORM Windows)
     set(NVR_PLATFORM_ENDINGS Windows)
-    set(NVR_OTHER_ENDINGS Posix Linux)
     enable_language(RC)
 elseif(CMAKE_SYSTEM_NAME STREQUAL Linux)
     set(NVR_PLATFORM Linux)
     set(NVR_PLATFORM_ENDINGS Posix Linux)
-    set(NVR_OTHER_ENDINGS Windows)
 else()
     message(FATAL_ERROR "There are no sources for ${CMAKE_SYSTEM_NAME}: Fretline is built for Linux and Windows. "
         "docs/architecture.md says under \"Platforms\" what another one needs.")
 endif()
+list(REMOVE_ITEM NVR_OTHER_ENDINGS ${NVR_PLATFORM_ENDINGS})
 
 # platform_sources(VARIABLE PATTERNS...): the sources of this platform. PLATFORM in a pattern stands for their ending.
 function(platform_sources variable)
