@@ -49,6 +49,19 @@ std::string HelpOfPreparation(const fs::path& tab) {
     return names.empty() ? names : SummaryLine("Untidy", "--prepare would help: " + names);
 }
 
+// Empty when it went well, else a sentence that says what is wrong. What goes to standard output is appended
+// to `output`.
+std::string WriteTarget(const Formats::Conversion& conversion, const Target& target, std::string& output) {
+    std::string why;
+    const std::string bytes = target.Format->Write(conversion, why);
+    if (!why.empty())
+        return conversion.Source + " cannot be written as " + std::string(target.Format->Name) + ": " + why;
+    if (!target.File.empty())
+        return WriteWholeFile(target.File, bytes);
+    output += bytes;
+    return {};
+}
+
 } // namespace
 
 Converter::Converter(const CommandLine& line, const Plugin& plugin, fs::path configFolder,
@@ -179,24 +192,13 @@ std::vector<std::string> Converter::WriteTargets(const Formats::Conversion& conv
             result.Errors += target.File.string() + " is there already and stays as it is\n";
             continue;
         }
-        std::string why;
-        std::string bytes = target.Format->Write(conversion, why);
-        if (!why.empty()) {
-            why =
-                conversion.Source + " cannot be written as " + std::string(target.Format->Name) + ": " + why;
-        } else if (target.File.empty()) {
-            result.Output += bytes;
-        } else {
-            why = WriteWholeFile(target.File, bytes);
+        if (const std::string why = WriteTarget(conversion, target, result.Output); !why.empty()) {
+            result.Ended = Status::Failed;
+            result.Reason = why;
+            result.Errors += Terminal::Complaint(why);
+        } else if (!target.File.empty()) {
             files.push_back(target.File.string());
         }
-        if (why.empty())
-            continue;
-        result.Ended = Status::Failed;
-        result.Reason = why;
-        result.Errors += Terminal::Complaint(why);
-        files.resize(files.size() -
-                     (target.File.empty() || files.empty() || files.back() != target.File ? 0 : 1));
     }
     return files;
 }
