@@ -70,10 +70,14 @@ template <class Environment>
 bool UnmaskZeroDivideInSse() {
     if constexpr (requires(Environment e) { e.__mxcsr; }) {
         constexpr unsigned kZeroDivideMask = 0x200;
-        Environment environment;
+        Environment environment{};
         std::fegetenv(&environment);
+        const bool wasMasked = (environment.__mxcsr & kZeroDivideMask) != 0;
         environment.__mxcsr &= ~kZeroDivideMask;
-        return std::fesetenv(&environment) == 0;
+        std::fesetenv(&environment);
+        // Some libraries have the field and leave the control word alone.
+        std::fegetenv(&environment);
+        return wasMasked && (environment.__mxcsr & kZeroDivideMask) == 0;
     }
     return false;
 }

@@ -77,10 +77,12 @@ TEST(NumberText, ReadsWhatTheCLibraryReads) {
         "|0xinf|-0xg|0x.|0x.p5|0x.8|-0X1.FP|0xap+|0x1.2.3|0x1p1p1|0x0p99999|0x1P+3"
         "|0x1.fffffffffffff7p0|0x1.fffffffffffff8p0|0x1.fffffffffffff80000000000000001p0|0x1.00000000000008p0"
         "|0x1.000000000000080000000000000001p0|0x1.fffffffffffffp1023|0x1.fffffffffffff8p1023|0x1p1024"
-        "|0x1p-1074|0x1p-1075|0x1.8p-1075|0x1.00000000000000000001p-1075|0x3p-1075|0x1p-1076|0x1.fp-1023"
+        "|0x1p-1074|0x1p-1075|0x1.8p-1075|0x3p-1075|0x1p-1076|0x1.fp-1023"
         "|0xffffffffffffffffp-1138|0xfffffffffffffbff|0xfffffffffffffc00|0x80000000000004000000000000000000");
     for (std::string text; std::getline(texts, text, '|');)
         ExpectSameParsed(text);
+    // One library takes this for half of the least number, and so for 0.
+    EXPECT_EQ(Nvr::ParseDouble("0x1.00000000000000000001p-1075"), std::numeric_limits<double>::denorm_min());
     const std::string zeros(500, '0');
     for (const std::string& text : {"1." + zeros + "e-400", "1." + zeros + "e400", "0x1" + zeros,
                                     "0x1" + zeros + "p-2000", "0x." + zeros + "1p2004", "0x" + zeros + "1"})
