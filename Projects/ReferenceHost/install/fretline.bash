@@ -9,6 +9,10 @@ _fretline() {
             mapfile -t COMPREPLY < <(compgen -P "$begun" -W "$(sed -n '/--to FORMAT/,/--no-clobber/s/^ \{26\}\([a-z]*\)  .*/\1/p' <<<"$help")" -- "${word##*,}")
             return
             ;;
+        --layout)
+            mapfile -t COMPREPLY < <(compgen -W "tab notes both" -- "$word")
+            return
+            ;;
         --rhythms)
             mapfile -t COMPREPLY < <(compgen -W "never indicated always" -- "$word")
             return

@@ -10,6 +10,8 @@ for line in (fretline --help | string match -re '^  (?:-[a-z], )?--[a-z-]+')
     switch $long
         case to
             set argument -x -a '(__fretline_formats)'
+        case layout
+            set argument -x -a 'tab notes both'
         case rhythms
             set argument -x -a 'never indicated always'
         case output config plugin
