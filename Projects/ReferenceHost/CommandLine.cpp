@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <map>
 #include <sstream>
@@ -118,12 +119,34 @@ std::string CheckTogether(const CommandLine& line) {
     return {};
 }
 
-// What CLI11 calls it, in words of people.
+struct OptionValue {
+    std::string_view Option;
+    std::string_view Takes;
+};
+
+// What an option takes, for whoever gave it something else or nothing.
+constexpr std::array<OptionValue, 8> kOptionValues{{
+    {"--rhythms", "never, indicated or always"},
+    {"--layout", "tab, notes or both"},
+    {"--jobs", "a number from 1 to 1024"},
+    {"--explain", "nothing, or html"},
+    {"--output", "the name of a file, a folder/, or -"},
+    {"--to", "formats, separated by commas"},
+    {"--config", "the name of a folder"},
+    {"--plugin", "the name of a file"},
+}};
+
+// What CLI11 calls it, in words of people: it begins with the option, and goes on in the parser's own
+// notation.
 std::string MistakeText(const CLI::ParseError& mistake) {
-    if (dynamic_cast<const CLI::ExtrasError*>(&mistake) == nullptr)
-        return mistake.what();
     const std::string text = mistake.what();
-    return "unknown option " + text.substr(text.find(": ") + 2);
+    if (dynamic_cast<const CLI::ExtrasError*>(&mistake) != nullptr)
+        return "unknown option " + text.substr(text.find(": ") + 2);
+    const std::string option = text.substr(0, text.find_first_of(": "));
+    for (const OptionValue& value : kOptionValues)
+        if (value.Option == option)
+            return option + " takes " + std::string(value.Takes);
+    return text;
 }
 
 int SayMistake(const std::string& sentence) {
