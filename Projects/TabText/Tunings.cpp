@@ -1,6 +1,7 @@
 #include "Projects/TabText/Tunings.h"
 
-#include "Projects/Score/Spelling.h"
+#include "Projects/Fretline/score/Pitch.h"
+#include "Projects/Score/TuningNames.h"
 #include "Shared/Utils/AsciiChars.h"
 
 #include <array>
@@ -9,8 +10,6 @@ namespace TabText {
 
 namespace {
 
-constexpr int kChrom2PerSemitone = 2;
-constexpr int kSemitonesPerOctave = 12;
 constexpr std::size_t kFewestStrings = 4;
 
 // From A to G.
@@ -19,15 +18,10 @@ constexpr std::array<int, 7> kPitchClasses{9, 11, 0, 2, 4, 5, 7};
 } // namespace
 
 std::string TuningText(const std::vector<int>& tuning) {
-    std::string text;
-    for (const int pitch : tuning) {
-        const Score::SpelledPitch spelled = Score::SpellMidi(pitch / kChrom2PerSemitone);
-        text += text.empty() ? "" : " ";
-        text += spelled.Step;
-        text += spelled.Alter > 0 ? "#" : spelled.Alter < 0 ? "b" : "";
-        text += std::to_string(spelled.Octave);
-    }
-    return text;
+    std::vector<int> strings;
+    for (const int pitch : tuning)
+        strings.push_back(pitch / Fretline::kChrom2PerSemitone);
+    return Score::TuningLetters(strings);
 }
 
 std::vector<int> SpelledStrings(std::string_view word) {
@@ -35,8 +29,8 @@ std::vector<int> SpelledStrings(std::string_view word) {
     for (const char c : word) {
         // A flat is a small letter after the name of a note; so is the string that many write small.
         if ((c == '#' || c == 'b') && !strings.empty()) {
-            strings.back() =
-                (strings.back() + (c == '#' ? 1 : kSemitonesPerOctave - 1)) % kSemitonesPerOctave;
+            strings.back() = (strings.back() + (c == '#' ? 1 : Fretline::kSemitonesPerOctave - 1)) %
+                             Fretline::kSemitonesPerOctave;
             continue;
         }
         const char upper = Nvr::Ascii::ToUpper(c);

@@ -112,7 +112,7 @@ TEST(MusicXml, SaysWhatTheTextSaysOfThePiece) {
     score.Bars[1].Repeats = {false, true, 3};
     pugi::xml_document document;
     ASSERT_TRUE(document.load_string(MusicXmlText(score).c_str()));
-    EXPECT_EQ("Song", Text(document, "//work/work-title"));
+    EXPECT_EQ("Song", Text(document, "//work-title"));
     EXPECT_EQ("Band", Text(document, "//identification/creator[@type='composer']"));
     EXPECT_EQ("96", Text(document, "//measure[1]//metronome/per-minute"));
     EXPECT_EQ(1U, Count(document, "//measure[1]/direction/sound[@tempo='96'][swing/first='2']"));
