@@ -126,7 +126,7 @@ public:
     std::vector<StaveNumbers>& GetStaves() { return m_Staves; }
     // Somebody wrote numbers without a gap here, and more than once. Where all numbers have two digits, a
     // zero before one is no number of its own.
-    bool IsGlued() const { return m_SignsOfGlue >= kEnoughSigns && m_LoneNumbers > m_PairsWithZero; }
+    bool IsGlued() const { return m_SignsOfGlue >= kEnoughSigns && m_LoneNumbers >= m_PaddedPairs; }
     bool HasFret(int fret) const { return m_Frets.count(fret) > 0; }
 
     // "11" beside a lone "1" of its string, in a place where nothing lies as high as fret 11.
@@ -154,7 +154,7 @@ public:
 private:
     void Count(const StaveNumbers& stave, const DigitRun& run) {
         m_LoneNumbers += run.IsLone() ? 1 : 0;
-        m_PairsWithZero += run.IsPair() && run.StartsWithZero() ? 1 : 0;
+        m_PaddedPairs += run.IsPair() && run.StartsWithZero() && !run.IsDoubled() ? 1 : 0;
         if (run.IsFretOfTwoDigits())
             m_Frets.insert(run.GetPair(0));
         m_SignsOfGlue += SignsOf(stave, run);
@@ -175,7 +175,7 @@ private:
     std::set<int> m_Frets;
     int m_SignsOfGlue = 0;
     int m_LoneNumbers = 0;
-    int m_PairsWithZero = 0;
+    int m_PaddedPairs = 0;
 };
 
 // "1212" where 12 is played by itself elsewhere, and neither 1 nor 2 on this string here.

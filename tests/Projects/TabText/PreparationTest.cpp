@@ -34,4 +34,20 @@ TEST(Preparation, LeavesTidyTabsAlone) {
         ExpectUnchanged(TestSupport::MakeOddTab(seed), "odd tab " + std::to_string(seed));
 }
 
+TEST(Preparation, PutsZerosApartUnlessNumbersArePadded) {
+    const struct {
+        const char* String;
+        const char* Prepared;
+        const char* Why;
+    } rows[] = {
+        {"|-000-2-00-00-000|", "|-0-0-0-2-0-0-0-0-0-0-0|", "open strings, two and three times"},
+        {"|-00-02-03-00-05-|", "|-00-02-03-00-05-|", "every number has two digits"},
+    };
+    for (const auto& row : rows) {
+        const std::string empty = "|----------------|\n";
+        const std::string text = Prepare(empty + empty + empty + row.String + "\n" + empty + empty).Text;
+        EXPECT_NE(std::string::npos, text.find(row.Prepared)) << row.Why << "\n" << text;
+    }
+}
+
 } // namespace
