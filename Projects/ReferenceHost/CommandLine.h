@@ -79,6 +79,8 @@ enum ExitCode : int {
     kExitDoubtful = 3,
     /// Stopped by Ctrl-C, or cancelled in the options dialog.
     kExitCancelled = 130,
+    /// Stopped by a request to end (SIGTERM).
+    kExitEnded = 143,
 };
 
 /// Reads the command line. When there is nothing to run (--help, --version, a mistake), the text has been

@@ -62,7 +62,7 @@ Many files
   --version             the version
 
 Ends with 0 when all is done, 1 when a file gave no score, 2 for a mistake in the command, 3 for a
-doubt with --strict, 130 when cancelled.
+doubt with --strict, 130 when cancelled, 143 when asked to end.
 )";
 
 constexpr std::size_t kIndent = 26;

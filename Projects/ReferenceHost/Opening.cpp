@@ -9,10 +9,11 @@ namespace ReferenceHost {
 
 namespace {
 
-volatile std::sig_atomic_t g_interrupted = 0;
+// The signal that asked for the end; 0 while none has.
+volatile std::sig_atomic_t g_interrupt = 0;
 
 extern "C" void NoteInterrupt(int signal) {
-    g_interrupted = 1;
+    g_interrupt = signal;
     std::signal(signal, SIG_DFL);
 }
 
@@ -24,7 +25,11 @@ void CatchInterrupts() {
 }
 
 bool WasInterrupted() {
-    return g_interrupted != 0;
+    return g_interrupt != 0;
+}
+
+bool WasAskedToEnd() {
+    return g_interrupt == SIGTERM;
 }
 
 OpeningResult Opening::Open(const Plugin& plugin, const std::filesystem::path& file) {

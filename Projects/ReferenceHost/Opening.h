@@ -46,7 +46,9 @@ private:
 /// Makes Ctrl-C, and a request to end, cancel the running conversion instead of ending the program. A second
 /// Ctrl-C ends it.
 void CatchInterrupts();
-/// True once Ctrl-C was pressed.
+/// True once Ctrl-C was pressed, or a request to end came.
 bool WasInterrupted();
+/// True when it was a request to end.
+bool WasAskedToEnd();
 
 } // namespace ReferenceHost

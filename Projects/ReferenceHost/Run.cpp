@@ -46,6 +46,8 @@ struct Totals {
     bool IsDoubtful = false;
 
     int ExitCode() const {
+        if (WasAskedToEnd())
+            return kExitEnded;
         if (IsCancelled || WasInterrupted())
             return kExitCancelled;
         if (!Refusals.empty())

@@ -1,6 +1,10 @@
 # Completion of fretline for fish. Options and formats are asked of the program, so that nothing here goes stale.
 function __fretline_formats
-    fretline --help | sed -n '/--to FORMAT/,/--no-clobber/s/^ \{26\}\([a-z]*\)  .*/\1/p'
+    fretline --help | sed -n '/--to FORMAT/,/--no-clobber/s/^ \{26\}\([a-z][a-z]*\)  .*/\1/p'
+end
+function __fretline_steps
+    echo show
+    fretline --help | sed -n '/--prepare\[/,/--yes/s/^ \{26\}\([a-z][a-z]*\)  .*/\1/p'
 end
 for line in (fretline --help | string match -re '^  (?:-[a-z], )?--[a-z-]+')
     set -l long (string match -rg -- '--([a-z-]+)' $line)
@@ -10,6 +14,8 @@ for line in (fretline --help | string match -re '^  (?:-[a-z], )?--[a-z-]+')
     switch $long
         case to
             set argument -x -a '(__fretline_formats)'
+        case prepare
+            set argument -f -a '(__fretline_steps)'
         case layout
             set argument -x -a 'tab notes both'
         case rhythms
