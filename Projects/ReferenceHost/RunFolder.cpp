@@ -27,8 +27,10 @@ RunFolder::RunFolder() : m_Process(getpid()) {
     const std::string pattern = (fs::temp_directory_path(failure) / "fretline-run-XXXXXX").string();
     std::vector<char> name(pattern.begin(), pattern.end());
     name.push_back('\0');
-    if (!failure && mkdtemp(name.data()) != nullptr)
-        m_Path = name.data();
+    if (failure || mkdtemp(name.data()) == nullptr)
+        return;
+    m_Path = name.data();
+    setenv("TMPDIR", m_Path.c_str(), 1);
 }
 
 RunFolder::~RunFolder() {

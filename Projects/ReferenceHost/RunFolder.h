@@ -7,7 +7,9 @@
 namespace ReferenceHost {
 
 /// A folder of this run's own for what lives no longer than it: tabs under temporary names, the options of
-/// the run. Removed with the object, in the process that made it.
+/// the run, and whatever the plug-in keeps for a while: the folder is this process's folder of temporary
+/// files, so that also what a killed worker left goes with it. Removed with the object, in the process that
+/// made it.
 class RunFolder {
 public:
     RunFolder();

@@ -264,6 +264,19 @@ TEST_F(Program, EndsInOrderWhenItIsInterrupted) {
     }
 }
 
+TEST_F(Program, LeavesNothingOfAKilledWorker) {
+    constexpr int kFiles = 60;
+    for (int i = 0; i < kFiles; ++i)
+        Tab("in/" + std::to_string(1000 + i) + ".tab");
+    fs::create_directory(Path() / "tmp");
+    const Outcome outcome = Run("in -o out/ -q -j 2 & until [ -e out/1000.nvf ]; do sleep 0.02; done; "
+                                "kill -KILL $(cat /proc/$!/task/$!/children); wait $!",
+                                "export TMPDIR=\"$PWD/tmp\"; ");
+    EXPECT_EQ(1, outcome.ExitCode) << outcome.Text;
+    EXPECT_TRUE(Has(outcome.Text, "Killed")) << outcome.Text;
+    EXPECT_TRUE(fs::is_empty(Path() / "tmp"));
+}
+
 TEST_F(Program, AnswersJsonLinesOneByOne) {
     std::string text;
     for (const char c : Read(Tab("a.tab").filename().string()))
