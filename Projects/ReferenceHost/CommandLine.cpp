@@ -66,20 +66,23 @@ std::string TakeFormats(const Words& words, CommandLine& line) {
     return {};
 }
 
-// "default", "show", or the names of steps.
+// "default", "show", and the names of steps; "show" alone shows what the default ones do.
 std::string TakePreparation(const Words& words, CommandLine& line) {
+    const std::vector<const TabText::PreparationStep*> defaults = TabText::DefaultPreparationSteps();
     std::istringstream names(words.Preparation);
     for (std::string name; std::getline(names, name, ',');) {
+        const TabText::PreparationStep* step = TabText::FindPreparationStep(name);
         if (name == "show")
             line.ShowsPrepared = true;
-        if (name == "show" || name == "default") {
-            line.Preparation = TabText::DefaultPreparationSteps();
-            continue;
-        }
-        line.Preparation.push_back(TabText::FindPreparationStep(name));
-        if (line.Preparation.back() == nullptr)
+        else if (name == "default")
+            line.Preparation.insert(line.Preparation.end(), defaults.begin(), defaults.end());
+        else if (step != nullptr)
+            line.Preparation.push_back(step);
+        else
             return "there is no preparation " + name + " (fretline --help lists them)";
     }
+    if (line.ShowsPrepared && line.Preparation.empty())
+        line.Preparation = defaults;
     return {};
 }
 

@@ -45,7 +45,8 @@ How it is read
   --rhythms LEVEL       import rhythms never, only when indicated, or always: never, indicated, always.
                         For this run only
   --remember            keep what --rhythms says for later runs
-  --prepare[=STEP,...]  tidy the text up before it is opened; --prepare=show prints the tidied text. The steps:
+  --prepare[=STEP,...]  tidy the text up before it is opened, by the steps that need not be named, or by those
+                        named ("default" stands for the former); "show" among them prints the tidied text:
 )";
 
 constexpr const char* kFurtherOptions =
@@ -75,7 +76,7 @@ std::string StepLine(const TabText::PreparationStep& step) {
     constexpr std::size_t kWidth = 66;
     std::string line = std::string(kIndent, ' ') + name;
     std::size_t used = 0;
-    std::istringstream words(step.Does);
+    std::istringstream words(step.Does + std::string(step.IsOnByDefault ? "" : " (only by name)"));
     for (std::string word; words >> word; used += word.size() + 1) {
         if (used + word.size() > kWidth) {
             line += "\n" + std::string(kIndent + kNameWidth, ' ');

@@ -36,6 +36,10 @@ constexpr std::array kSteps = std::to_array<PreparationStep>({
     {"bends", "Targets of bends and releases (\"7b9\", \"9r7\") blanked: nobody strikes them", true,
      RunBends},
     {"digits", "Numbers that were written without a gap (\"00\", \"1-11-1\") apart", true, RunDigits},
+    {"text",
+     "Words that would be read as chords, rhythms, labels or time signatures: lyrics and prose blanked, "
+     "remarks beside chords in small letters",
+     false, RunText},
 });
 
 // As often as steps may find something in what others made before they have to be at rest.

@@ -51,7 +51,12 @@ int FirstBlankLine(const Draft& draft, int line, int end) {
 } // namespace
 
 DraftReading::DraftReading(const Draft& draft)
-    : m_File(LentText(draft).Get(), nullptr, &m_Messages), m_Analysis(m_File) {}
+    : m_File(LentText(draft).Get(), &m_Options, &m_Messages), m_Analysis(m_File) {}
+
+void DraftReading::ReadBars() {
+    for (Fretline::TabBar* bar : m_Analysis.GetReadableBars())
+        bar->ReadBar(nullptr);
+}
 
 std::vector<StaveSurroundings> SurroundingsOf(const Draft& draft, const DraftReading& reading) {
     std::vector<StaveSurroundings> all;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Projects/Fretline/shell/FretlineOptions.h"
 #include "Projects/Fretline/text/TabAnalysis.h"
 #include "Projects/Fretline/text/TabFile.h"
 #include "Projects/Fretline/text/TabStave.h"
@@ -23,8 +24,12 @@ public:
         return m_Analysis.GetStaves();
     }
     bool IsStaveLine(int line) const { return m_Analysis.IsStaveLine(line); }
+    /// Reads all bars, so that they know their rhythm line, their chords and their columns. At most once.
+    void ReadBars();
 
 private:
+    /// As they are where nobody has chosen any.
+    Fretline::FretlineOptions m_Options{Nvr::String()};
     ReadingMessages m_Messages;
     Fretline::TabFile m_File;
     Fretline::TabAnalysis m_Analysis;

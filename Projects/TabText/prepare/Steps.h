@@ -13,5 +13,6 @@ void RunApart(Draft& draft);
 void RunTuning(Draft& draft);
 void RunBends(Draft& draft);
 void RunDigits(Draft& draft);
+void RunText(Draft& draft);
 
 } // namespace TabText

@@ -1,0 +1,143 @@
+#include "Projects/TabText/prepare/LineWords.h"
+
+#include "Projects/Fretline/stave/ChordRoot.h"
+#include "Projects/Fretline/text/Labels.h"
+#include "Shared/Utils/AsciiChars.h"
+
+#include <algorithm>
+#include <array>
+
+namespace TabText {
+
+namespace {
+
+using Nvr::Ascii::IsAlpha;
+using Nvr::Ascii::IsDigit;
+using std::string_view;
+
+// Words that stand among chords and above notes, and say nothing about whether the line is prose.
+constexpr auto kPlayingWords = std::to_array<string_view>(
+    {"let",  "ring",  "hold", "pm",      "p.m",  "palm", "mute",       "muted",  "slide", "bend",  "full",
+     "half", "rel",   "vib",  "vibrato", "harm", "trem", "tap",        "fade",   "fill",  "dist",  "clean",
+     "rit",  "gliss", "fine", "d.c",     "d.s",  "al",   "distortion", "repeat", "riff",  "strum", "x2",
+     "1st",  "2nd",   "3rd",  "time",    "cont", "gtr",  "n.c",        "nc"});
+
+// Lines with one of these are read by what looks for tempo, capo, tuning, title and marks above the notes.
+constexpr auto kStatements = std::to_array<string_view>(
+    {"capo", "tuning",   "tuned", "tune",  "tempo",   "bpm", "title",  "song",    "artist",
+     "band", "composer", "swing", "swung", "shuffle", "gtr", "guitar", "guitars", "bass",
+     "pm",   "p.m",      "n.h",   "nh",    "a.h",     "ah",  "p.h",    "ph",      "ring"});
+
+template <std::size_t Size>
+bool IsAmong(string_view word, const std::array<string_view, Size>& words) {
+    return std::any_of(words.begin(), words.end(),
+                       [word](string_view entry) { return IsSameWord(word, entry); });
+}
+
+bool IsLabelWord(string_view word) {
+    return IsAmong(word, Fretline::kLabelKeywords);
+}
+
+// "Q", "q.", "E..": a length; "xQ" one that is tied.
+bool IsLength(string_view word) {
+    constexpr string_view kLengths = "WHQESTXwhqestx";
+    if (word.size() > 1 && (word.front() == '+' || word.front() == '-' || word.front() == 'x'))
+        word.remove_prefix(1);
+    return kLengths.find(word.front()) != string_view::npos &&
+           word.find_first_not_of('.', 1) == string_view::npos;
+}
+
+// "4", "x4", "2x", "a", "&".
+bool IsCount(string_view word) {
+    return std::all_of(word.begin(), word.end(), [](char c) { return IsDigit(c) || c == 'x' || c == 'X'; }) ||
+           (word.size() == 1 && Nvr::Ascii::IsLower(word.front()));
+}
+
+// "Csus2" of "Csus2/4".
+string_view WithoutFourth(string_view chord) {
+    const std::size_t slash = chord.rfind('/');
+    const bool isOfDigits = slash != string_view::npos && slash + 1 < chord.size() &&
+                            std::all_of(chord.begin() + slash + 1, chord.end(), IsDigit);
+    return isOfDigits && !chord.ends_with("6/9") ? chord.substr(0, slash) : chord;
+}
+
+// "Am", "(F#m7)", "C-G", "Am|F", "Gmajor".
+bool IsOfChords(string_view word) {
+    constexpr string_view kBetween = "-|,>.~_=:;()[]*?!'\"{}";
+    bool hasChord = false;
+    std::size_t at = 0;
+    while (at < word.size()) {
+        const std::size_t start = std::min(word.find_first_not_of(kBetween, at), word.size());
+        at = std::min(word.find_first_of(kBetween, start), word.size());
+        string_view part = WithoutFourth(word.substr(start, at - start));
+        for (const string_view ending : {"minor", "major", "mi7", "MA7", "Ma7"})
+            if (part.size() > ending.size() && part.ends_with(ending))
+                part.remove_suffix(ending.size());
+        if (part.empty() || std::all_of(part.begin(), part.end(), IsDigit))
+            continue;
+        if (!IsChordName(part))
+            return false;
+        hasChord = true;
+    }
+    return hasChord;
+}
+
+WordKind KindOf(const Word& word) {
+    const string_view bare = WithoutPunctuation(word).Text;
+    if (std::none_of(bare.begin(), bare.end(), IsAlpha) || IsCount(bare))
+        return WordKind::Sign;
+    if (IsChordName(word.Text) || IsChordName(bare) || IsOfChords(word.Text))
+        return WordKind::Chord;
+    if (IsLength(bare))
+        return WordKind::Sign;
+    return IsAmong(bare, kPlayingWords) || IsLabelWord(bare) ? WordKind::Playing : WordKind::Other;
+}
+
+// "A" and "Am" are words of English too.
+bool MayBeAnArticle(string_view word) {
+    return word == "A" || word == "Am";
+}
+
+bool IsTimes(string_view word) {
+    return word.size() > 1 && IsCount(word) &&
+           (Nvr::Ascii::ToLower(word.front()) == 'x') != (Nvr::Ascii::ToLower(word.back()) == 'x');
+}
+
+} // namespace
+
+bool LineWord::IsMisreadAt(int column) const {
+    return (Kind == WordKind::Other || Kind == WordKind::Playing) && column >= Place.Column &&
+           column < Place.GetEndColumn() &&
+           Fretline::IsChordRoot(Place.Text[static_cast<std::size_t>(column - Place.Column)]);
+}
+
+LineWords::LineWords(string_view line) {
+    for (const Word& word : WordsOf(line))
+        m_Words.push_back({word, KindOf(word)});
+    TellArticlesFromChords();
+    for (const LineWord& word : m_Words) {
+        m_Chords += word.Kind == WordKind::Chord ? 1 : 0;
+        m_Others += word.Kind == WordKind::Other ? 1 : 0;
+    }
+}
+
+// Between words of a sentence is one blank. The article is then no chord, and not counted.
+void LineWords::TellArticlesFromChords() {
+    for (std::size_t at = 0; at + 1 < m_Words.size(); ++at) {
+        const LineWord& next = m_Words[at + 1];
+        const bool goesOn = next.Place.Column == m_Words[at].Place.GetEndColumn() + 1 &&
+                            next.Kind == WordKind::Other && IsAlpha(next.Place.Text.front());
+        if (goesOn && MayBeAnArticle(m_Words[at].Place.Text))
+            m_Words[at].Kind = WordKind::Playing;
+    }
+}
+
+bool StatesSomething(string_view line) {
+    const std::vector<Word> words = WordsOf(line);
+    return std::any_of(words.begin(), words.end(), [](const Word& word) {
+        const string_view bare = WithoutPunctuation(word).Text;
+        return IsAmong(bare, kStatements) || IsTimes(bare) || word.Text == "=";
+    });
+}
+
+} // namespace TabText
