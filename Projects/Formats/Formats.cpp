@@ -1,15 +1,15 @@
 #include "Projects/Formats/Formats.h"
 
 #include "Projects/Explain/Explanation.h"
-#include "Projects/Formats/Engraver.h"
 #include "Projects/Formats/Json.h"
+#include "Projects/Formats/platform/OutsideWriters.h"
 #include "Projects/Score/LilyPond.h"
 #include "Projects/Score/Midi.h"
 #include "Projects/Score/MusicXml.h"
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
-#include <array>
+#include <vector>
 
 namespace Formats {
 
@@ -21,10 +21,6 @@ std::string WriteScore(const Conversion& conversion, std::string& /*why*/) {
 
 std::string WriteMusicXml(const Conversion& conversion, std::string& /*why*/) {
     return Score::MusicXmlText(conversion.GetMusic());
-}
-
-std::string WriteCompressedMusicXml(const Conversion& conversion, std::string& why) {
-    return Score::CompressedMusicXml(conversion.GetMusic(), why);
 }
 
 std::string WriteMidi(const Conversion& conversion, std::string& /*why*/) {
@@ -39,25 +35,6 @@ std::string WriteLilyPond(const Conversion& conversion, std::string& /*why*/) {
     return Score::LilyPondText(conversion.GetMusic(), conversion.Title, conversion.Layout, false);
 }
 
-std::string Engraved(const Conversion& conversion, const char* kind, std::string& why) {
-    // A printed score has pages; a picture is one.
-    const bool isOnePage = std::string_view(kind) != "pdf";
-    return Engrave(Score::LilyPondText(conversion.GetMusic(), conversion.Title, conversion.Layout, isOnePage),
-                   kind, why);
-}
-
-std::string WritePdf(const Conversion& conversion, std::string& why) {
-    return Engraved(conversion, "pdf", why);
-}
-
-std::string WritePng(const Conversion& conversion, std::string& why) {
-    return Engraved(conversion, "png", why);
-}
-
-std::string WriteSvg(const Conversion& conversion, std::string& why) {
-    return Engraved(conversion, "svg", why);
-}
-
 std::string WriteExplanation(const Conversion& conversion, std::string& why) {
     if (const TabText::TabReading* reading = conversion.GetReading())
         return Explain::ExplanationHtml(Explain::Explanation::Of(*reading), conversion.Title);
@@ -69,19 +46,24 @@ std::string WriteJson(const Conversion& conversion, std::string& /*why*/) {
     return JsonText(conversion, {}) + "\n";
 }
 
-constexpr auto kFormats = std::to_array<Format>({
-    {"nvf", ".nvf", "the finished score", false, WriteScore},
-    {"musicxml", ".musicxml", "MusicXML 4.0", true, WriteMusicXml},
-    {"mxl", ".mxl", "MusicXML 4.0, compressed", false, WriteCompressedMusicXml},
-    {"mid", ".mid", "standard MIDI file", false, WriteMidi},
-    {"ly", ".ly", "LilyPond, for engraving", true, WriteLilyPond},
-    {"pdf", ".pdf", "engraved by LilyPond, for printing", false, WritePdf},
-    {"svg", ".svg", "engraved, a picture of one page", true, WriteSvg},
-    {"png", ".png", "engraved, a picture of one page", false, WritePng},
-    {"html", ".html", "what each character of the tab was taken for", true, WriteExplanation},
-    {"json", ".json", "what is in the score, for programs", true, WriteJson},
-    {"txt", ".txt", "the score's tree as text", false, WriteTreeText},
-});
+// Without those rows that this platform cannot write.
+std::vector<Format> MakeTable() {
+    std::vector<Format> table{
+        {"nvf", ".nvf", "the finished score", false, WriteScore},
+        {"musicxml", ".musicxml", "MusicXML 4.0", true, WriteMusicXml},
+        {"mxl", ".mxl", "MusicXML 4.0, compressed", false, Platform::kWriteCompressedMusicXml},
+        {"mid", ".mid", "standard MIDI file", false, WriteMidi},
+        {"ly", ".ly", "LilyPond, for engraving", true, WriteLilyPond},
+        {"pdf", ".pdf", "engraved by LilyPond, for printing", false, Platform::kWritePdf},
+        {"svg", ".svg", "engraved, a picture of one page", true, Platform::kWriteSvg},
+        {"png", ".png", "engraved, a picture of one page", false, Platform::kWritePng},
+        {"html", ".html", "what each character of the tab was taken for", true, WriteExplanation},
+        {"json", ".json", "what is in the score, for programs", true, WriteJson},
+        {"txt", ".txt", "the score's tree as text", false, WriteTreeText},
+    };
+    std::erase_if(table, [](const Format& row) { return row.Write == nullptr; });
+    return table;
+}
 
 bool IsSameWord(std::string_view a, std::string_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
@@ -91,20 +73,23 @@ bool IsSameWord(std::string_view a, std::string_view b) {
 } // namespace
 
 std::span<const Format> AllFormats() {
-    return kFormats;
+    static const std::vector<Format> table = MakeTable();
+    return table;
 }
 
 const Format* FindFormat(std::string_view name) {
-    const auto* row = std::find_if(kFormats.begin(), kFormats.end(),
-                                   [&](const Format& format) { return format.Name == name; });
-    return row == kFormats.end() ? nullptr : row;
+    const std::span<const Format> all = AllFormats();
+    const auto row =
+        std::find_if(all.begin(), all.end(), [&](const Format& format) { return format.Name == name; });
+    return row == all.end() ? nullptr : &*row;
 }
 
 const Format* FindFormatByExtension(std::string_view extension) {
-    const auto* row = std::find_if(kFormats.begin(), kFormats.end(), [&](const Format& format) {
+    const std::span<const Format> all = AllFormats();
+    const auto row = std::find_if(all.begin(), all.end(), [&](const Format& format) {
         return IsSameWord(format.Extension, extension);
     });
-    return row == kFormats.end() ? nullptr : row;
+    return row == all.end() ? nullptr : &*row;
 }
 
 } // namespace Formats

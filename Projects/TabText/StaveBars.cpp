@@ -15,7 +15,7 @@ std::vector<StaveBars> StavesWithBars(const TabReading& reading) {
             return bar.Bar->GetFirstLine() >= stave->GetEndLine();
         });
         if (first != end)
-            staves.push_back({stave.get(), {first, end}});
+            staves.push_back({stave.get(), std::span(&*first, static_cast<std::size_t>(end - first))});
         first = end;
     }
     return staves;

@@ -1,6 +1,7 @@
 #include "Shared/Utils/NumberText.h"
 
 #include "Shared/Utils/AsciiChars.h"
+#include "Shared/Utils/platform/DecimalNumbers.h"
 
 #include <algorithm>
 #include <bit>
@@ -60,8 +61,8 @@ bool StartsWithHexadecimal(std::string_view text) {
     return text.size() > kHexadecimalPrefixLength && text[0] == '0' && Ascii::ToLower(text[1]) == 'x';
 }
 
-// from_chars gives the same error for "too large" and "too small". The power of ten of the first digit other
-// than 0, with the exponent added, tells which it is.
+// The platform gives the same answer for "too large" and "too small". The power of ten of the first digit
+// other than 0, with the exponent added, tells which it is.
 bool IsTooLarge(std::string_view digits) {
     long long power = -1;
     bool seenPoint = false;
@@ -136,16 +137,18 @@ double ToDouble(const BinaryNumber& number) {
 std::optional<double> ParseMagnitude(std::string_view text) {
     if (StartsWithHexadecimal(text))
         return ToDouble(ReadHexadecimal(text.substr(kHexadecimalPrefixLength)));
-    // A second sign is no number, though from_chars would take it.
+    // A second sign is no number, though the platform would take it.
     if (text.empty() || text.front() == '-')
         return std::nullopt;
     double value = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec == std::errc::result_out_of_range)
+    switch (Platform::ReadDecimal(text, value)) {
+    case Platform::DecimalResult::Number:
+        return value;
+    case Platform::DecimalResult::OutOfRange:
         return IsTooLarge(text) ? std::numeric_limits<double>::infinity() : 0;
-    if (result.ec != std::errc())
+    default:
         return std::nullopt;
-    return value;
+    }
 }
 
 } // namespace
@@ -161,9 +164,7 @@ IntegerText::IntegerText(unsigned long long value) : m_Text{} {
 std::string FormatFixed(double value, int decimals) {
     const int places = decimals < 0 ? kDecimalsOfPercentF : decimals;
     std::string text(kRoomForWholePart + static_cast<std::size_t>(places), '\0');
-    const auto result =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, places);
-    text.resize(static_cast<std::size_t>(result.ptr - text.data()));
+    text.resize(Platform::WriteFixed(value, places, text));
     return text;
 }
 

@@ -1,3 +1,4 @@
+include(shell/LoadedLibrary.cmake)
 # Everything but the exports is hidden: the library calls its own functions and shows nobody else's.
 list(JOIN exported_names "; " exported_names)
 set(version_script ${CMAKE_CURRENT_BINARY_DIR}/exports.map)

@@ -46,7 +46,8 @@ constexpr std::array<ChordSuffix, 10> ChordSuffixTable = {{
 }};
 
 bool EqualsIgnoringCase(std::string_view text, std::string_view lowerCase) {
-    return std::ranges::equal(text, lowerCase, {}, Nvr::Ascii::ToLower);
+    return std::equal(text.begin(), text.end(), lowerCase.begin(), lowerCase.end(),
+                      [](char a, char b) { return Nvr::Ascii::ToLower(a) == b; });
 }
 
 bool IsAccidental(char c) {
@@ -56,7 +57,7 @@ bool IsAccidental(char c) {
 bool IsLiteral(std::string_view token) {
     const bool startsRight =
         Nvr::Ascii::IsDigit(token.front()) || (IsAccidental(token.front()) && token.size() > 1);
-    return startsRight && std::ranges::all_of(token.substr(1), Nvr::Ascii::IsDigit);
+    return startsRight && std::all_of(token.begin() + 1, token.end(), Nvr::Ascii::IsDigit);
 }
 
 // The state machine of ParseChordSymbol: one function a state, and one for blanks in any state.
@@ -223,8 +224,9 @@ void FinishChord(TabChord& chord, int& lastAccepted) {
         cut = true;
     }
     if (cut) {
-        const auto first = std::ranges::find_if(
-            chord.m_Tokens, [&](const ChordToken& token) { return token.m_Column >= lastAccepted; });
+        const auto first =
+            std::find_if(chord.m_Tokens.begin(), chord.m_Tokens.end(),
+                         [&](const ChordToken& token) { return token.m_Column >= lastAccepted; });
         chord.m_Tokens.erase(first, chord.m_Tokens.end());
     }
 }

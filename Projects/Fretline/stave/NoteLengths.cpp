@@ -32,7 +32,8 @@ bool IsTieMark(char c) {
 } // namespace
 
 int NoteLengthOf(char letter) {
-    const auto* found = std::ranges::find(NoteLengthTable, letter, &NoteLengthLetter::m_Letter);
+    const auto* found = std::find_if(NoteLengthTable.begin(), NoteLengthTable.end(),
+                                     [=](const NoteLengthLetter& row) { return row.m_Letter == letter; });
     return found == NoteLengthTable.end() ? 0 : found->m_Units;
 }
 

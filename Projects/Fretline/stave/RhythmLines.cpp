@@ -34,10 +34,11 @@ struct BeatSymbols {
     bool m_EarlyAdjacent = false;
 
     int DistinctCount() const {
-        return static_cast<int>(std::ranges::count_if(m_Counts, [](int count) { return count > 0; }));
+        return static_cast<int>(
+            std::count_if(m_Counts.begin(), m_Counts.end(), [](int count) { return count > 0; }));
     }
     bool HasRepeats() const {
-        return std::ranges::any_of(m_Counts, [](int count) { return count > 1; });
+        return std::any_of(m_Counts.begin(), m_Counts.end(), [](int count) { return count > 1; });
     }
     bool HasChordLetter() const {
         for (char letter = 'A'; letter <= 'G'; ++letter)

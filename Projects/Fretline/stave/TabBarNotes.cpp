@@ -71,7 +71,8 @@ TabBar::ColumnMap::const_iterator TabBar::ReadGroup(ColumnMap::const_iterator fi
         ++next;
     } while (column->m_Duration == 0 && next != m_Columns.cend());
 
-    std::ranges::stable_sort(notes, {}, &TabNote::m_Diat);
+    std::stable_sort(notes.begin(), notes.end(),
+                     [](const TabNote& a, const TabNote& b) { return a.m_Diat < b.m_Diat; });
     EmitDuration(column->m_Position, column->m_Duration, notes, chord);
     return next;
 }

@@ -3,7 +3,6 @@
 #include "Shared/Utils/platform/PosixFile.h"
 
 #include <array>
-#include <climits>
 #include <cstdlib>
 #include <ctime>
 #include <memory>
@@ -60,15 +59,6 @@ std::string FolderOfUser(const char* variable, const char* usual) {
 std::string TemporaryFolder() {
     const std::string chosen = PathFromEnvironment("TMPDIR");
     return TakesNewFiles(chosen) ? chosen : kUsualTemporaryFolder;
-}
-
-std::string ExecutableFolder() {
-    // As long as a path can be.
-    std::vector<char> path(PATH_MAX);
-    const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
-    if (length <= 0)
-        return {};
-    return FolderOfPath(std::string(path.data(), static_cast<std::size_t>(length)));
 }
 
 std::string UserConfigFolderPath() {

@@ -1,4 +1,4 @@
-#include "Projects/Formats/Engraver.h"
+#include "Projects/Formats/platform/Engraver.h"
 
 #include <cerrno>
 #include <chrono>

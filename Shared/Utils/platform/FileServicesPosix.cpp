@@ -1,6 +1,7 @@
 #include "Shared/Utils/platform/FileServices.h"
 
 #include "Shared/Utils/platform/PosixFile.h"
+#include "Shared/Utils/platform/PosixSystem.h"
 
 #include <cerrno>
 #include <memory>
@@ -31,10 +32,7 @@ bool IsDotOrDotDot(const char* name) {
 }
 
 std::int64_t EarliestTime(const std::string& path, const struct stat& facts) {
-    struct statx birth {};
-    if (statx(AT_FDCWD, path.c_str(), 0, STATX_BTIME, &birth) == 0 && (birth.stx_mask & STATX_BTIME) != 0)
-        return birth.stx_btime.tv_sec;
-    return facts.st_mtime < facts.st_ctime ? facts.st_mtime : facts.st_ctime;
+    return BirthTime(path).value_or(facts.st_mtime < facts.st_ctime ? facts.st_mtime : facts.st_ctime);
 }
 
 } // namespace

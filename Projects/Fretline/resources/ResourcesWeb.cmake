@@ -1,0 +1,1 @@
+include(EmbeddedResources.cmake)
