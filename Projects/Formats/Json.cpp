@@ -21,10 +21,9 @@ std::string Dumped(const Json& json) {
     return json.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-Json TuningJson(const ScoreModel& model) {
-    const std::string name = Score::TuningName(model.Tuning);
-    return {{"name", name.empty() ? Json(nullptr) : Json(name)},
-            {"strings", Score::TuningLetters(model.Tuning)}};
+Json TuningJson(const std::vector<int>& tuning) {
+    const std::string name = Score::TuningName(tuning);
+    return {{"name", name.empty() ? Json(nullptr) : Json(name)}, {"strings", Score::TuningLetters(tuning)}};
 }
 
 // Gives `add` each bar with its number, counted from 1.
@@ -34,6 +33,17 @@ Json OfBars(const ScoreModel& model, Add add) {
     for (std::size_t bar = 0; bar < model.Bars.size(); ++bar)
         add(model.Bars[bar], bar + 1, list);
     return list;
+}
+
+// Only a text whose staves are tuned differently has any.
+Json TuningChangesJson(const ScoreModel& model) {
+    return OfBars(model, [](const ModelBar& bar, std::size_t number, Json& list) {
+        if (!bar.Tuning)
+            return;
+        Json change{{"bar", number}};
+        change.update(TuningJson(*bar.Tuning));
+        list.push_back(std::move(change));
+    });
 }
 
 Json ChordsJson(const ScoreModel& model) {
@@ -158,7 +168,7 @@ std::string JsonText(const Conversion& conversion, std::span<const std::string> 
               {"taken", true},
               {"title", conversion.Title},
               {"instrument", Score::ToUtf8(model.InstrumentName)},
-              {"tuning", TuningJson(model)},
+              {"tuning", TuningJson(model.Tuning)},
               {"rhythms", model.HasRhythms},
               {"barCount", model.Bars.size()},
               {"notesStruck", Score::SoundingNotes(model).size()},
@@ -167,6 +177,8 @@ std::string JsonText(const Conversion& conversion, std::span<const std::string> 
               {"timeSignatures", SignaturesJson(model)}};
     if (const TabText::TabReading* reading = conversion.GetReading()) {
         json["bars"] = BarsJson(*reading, *conversion.Tab);
+        if (Json changes = TuningChangesJson(model); !changes.empty())
+            json["tuningChanges"] = std::move(changes);
         json["heading"] = HeadingJson(model.Heading);
         json["repeats"] = RepeatsJson(model);
         json["techniques"] = MarksJson(*reading, conversion.GetMarkings());

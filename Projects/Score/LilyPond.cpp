@@ -124,7 +124,7 @@ private:
         const WrittenBar& written = m_Bars[index];
         if (written.Pieces.empty())
             return {};
-        std::string text = TimeOf(bar, written);
+        std::string text = TimeOf(bar, written) + TuningOf(bar, notes);
         if (bar.Repeats.IsStart)
             text += "  \\bar \".|:\"\n";
         for (const std::string& label : bar.Labels)
@@ -164,17 +164,37 @@ private:
         return text;
     }
 
+    static std::string StringTuning(const std::vector<int>& tuning) {
+        std::string text = "\\stringTuning <";
+        for (const int midi : tuning)
+            text += " " + PitchName(SpellMidi(midi));
+        return text + " >";
+    }
+
+    // Where the strings change, the stave of tab begins anew; that of notes leaves it out.
+    static std::string TuningOf(const ModelBar& bar, LilyPondNotes& notes) {
+        if (!bar.Tuning)
+            return {};
+        notes.SetTuning(*bar.Tuning);
+        return "  \\tag #'tab {\n    \\stopStaff\n    \\set TabStaff.stringTunings = " +
+               StringTuning(*bar.Tuning) + "\n    \\startStaff\n  }\n";
+    }
+
+    bool ChangesTuning() const {
+        return std::any_of(m_Score.Bars.begin(), m_Score.Bars.end(),
+                           [](const ModelBar& bar) { return bar.Tuning.has_value(); });
+    }
+
     std::string Book() const {
         const bool isBass = m_Score.Tuning.size() == static_cast<std::size_t>(kStringsOfABass);
-        std::string text = "tuning = \\stringTuning <";
-        for (const int midi : m_Score.Tuning)
-            text += " " + PitchName(SpellMidi(midi));
-        text += " >\n\n\\score {\n  \\new StaffGroup <<\n";
+        std::string text =
+            "tuning = " + StringTuning(m_Score.Tuning) + "\n\n\\score {\n  \\new StaffGroup <<\n";
         if (m_Layout != Layout::Tab)
             text += std::string("    \\new Staff \\with {\n      instrumentName = ") +
                     QuotedText(ToUtf8(m_Score.InstrumentName)) +
                     "\n      \\omit StringNumber\n    } {\n      \\clef \"" +
-                    (isBass ? "bass_8" : "treble_8") + "\"\n      \\all\n    }\n";
+                    (isBass ? "bass_8" : "treble_8") + "\"\n      " +
+                    (ChangesTuning() ? "\\removeWithTag #'tab " : "") + "\\all\n    }\n";
         if (m_Layout != Layout::Notes)
             text += std::string("    \\new TabStaff \\with {\n      stringTunings = \\tuning\n    } {\n") +
                     (m_Layout == Layout::Tab && m_Score.HasRhythms ? "      \\tabFullNotation\n" : "") +

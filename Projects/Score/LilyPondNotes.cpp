@@ -119,7 +119,7 @@ std::string LilyPondNotes::Note(const ModelNote& note, const WrittenPiece& piece
     if (FindTechnique(note.Techniques, Technique::Ghost) != nullptr)
         text += "\\parenthesize ";
     text += PitchName(pitch);
-    const int strings = static_cast<int>(m_Score.Tuning.size());
+    const int strings = static_cast<int>(m_Tuning->size());
     if (note.Fret >= 0 && note.String < strings)
         text += "\\" + std::to_string(strings - note.String);
     if (FindTechnique(note.Techniques, Technique::NaturalHarmonic) != nullptr)

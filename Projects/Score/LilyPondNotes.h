@@ -18,7 +18,10 @@ std::string PitchName(const SpelledPitch& pitch);
 class LilyPondNotes {
 public:
     /// `isForTab` leaves out what no fret gives.
-    LilyPondNotes(const ScoreModel& score, bool isForTab) : m_Score(score), m_IsForTab(isForTab) {}
+    LilyPondNotes(const ScoreModel& score, bool isForTab) : m_Tuning(&score.Tuning), m_IsForTab(isForTab) {}
+
+    /// The strings of the pieces from here on.
+    void SetTuning(const std::vector<int>& tuning) { m_Tuning = &tuning; }
 
     /// One piece; `next` is the one after it, null at the end. Chord symbols of the bar stand at its struck
     /// pieces.
@@ -28,7 +31,7 @@ private:
     std::string Note(const ModelNote& note, const WrittenPiece& piece, const WrittenPiece* next) const;
     std::string SignsAfter(const WrittenPiece& piece, const WrittenPiece* next);
 
-    const ScoreModel& m_Score;
+    const std::vector<int>* m_Tuning;
     bool m_IsForTab;
     bool m_IsSlurOpen = false;
 };

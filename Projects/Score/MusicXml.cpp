@@ -55,7 +55,7 @@ const char* NoteType(int duration) {
 // Writes one score; keeps what goes from bar to bar.
 class Writer {
 public:
-    explicit Writer(const ScoreModel& score) : m_Score(score) {}
+    explicit Writer(const ScoreModel& score) : m_Score(score), m_Tuning(&score.Tuning) {}
 
     void Write(pugi::xml_document& document) {
         xml_node declaration = document.append_child(pugi::node_declaration);
@@ -105,10 +105,12 @@ private:
         const ModelBar& bar = m_Score.Bars[index];
         xml_node measure = Add(part, "measure");
         Set(measure, "number", std::to_string(index + 1));
+        if (bar.Tuning)
+            m_Tuning = &*bar.Tuning;
         if (index == 0)
             WriteAttributes(measure, bar.TimeSignature ? &*bar.TimeSignature : &m_Score.FirstTimeSignature);
-        else if (bar.TimeSignature)
-            WriteTime(Add(measure, "attributes"), *bar.TimeSignature);
+        else if (bar.TimeSignature || bar.Tuning)
+            WriteChanges(Add(measure, "attributes"), bar);
         MusicXmlMarks::WriteRepeatStart(measure, bar.Repeats);
         if (index == 0)
             MusicXmlMarks::WriteTempo(measure, m_Score.Heading);
@@ -125,13 +127,24 @@ private:
         xml_node attributes = Add(measure, "attributes");
         Add(attributes, "divisions", kUnitsPerCrotchet);
         WriteTime(attributes, *time);
+        WriteStrings(attributes);
+    }
+
+    void WriteChanges(xml_node attributes, const ModelBar& bar) const {
+        if (bar.TimeSignature)
+            WriteTime(attributes, *bar.TimeSignature);
+        if (bar.Tuning)
+            WriteStrings(attributes);
+    }
+
+    void WriteStrings(xml_node attributes) const {
         xml_node clef = Add(attributes, "clef");
         Add(clef, "sign", std::string("TAB"));
-        Add(clef, "line", static_cast<int>(m_Score.Tuning.size()) / 2 + 2);
+        Add(clef, "line", static_cast<int>(m_Tuning->size()) / 2 + 2);
         xml_node details = Add(attributes, "staff-details");
-        Add(details, "staff-lines", static_cast<int>(m_Score.Tuning.size()));
-        for (std::size_t string = 0; string < m_Score.Tuning.size(); ++string) {
-            const SpelledPitch pitch = SpellMidi(m_Score.Tuning[string]);
+        Add(details, "staff-lines", static_cast<int>(m_Tuning->size()));
+        for (std::size_t string = 0; string < m_Tuning->size(); ++string) {
+            const SpelledPitch pitch = SpellMidi((*m_Tuning)[string]);
             xml_node tuning = Add(details, "staff-tuning");
             Set(tuning, "line", std::to_string(string + 1));
             Add(tuning, "tuning-step", std::string(1, pitch.Step));
@@ -251,7 +264,7 @@ private:
         if (!hasFret)
             return;
         // Strings count from 1 at the highest.
-        Add(technical, "string", static_cast<int>(m_Score.Tuning.size()) - model.String);
+        Add(technical, "string", static_cast<int>(m_Tuning->size()) - model.String);
         Add(technical, "fret", model.Fret);
     }
 
@@ -290,6 +303,8 @@ private:
     }
 
     const ScoreModel& m_Score;
+    // Of the present bar.
+    const std::vector<int>* m_Tuning;
     MusicXmlMarks m_Marks;
     // String and pitch of the notes that are tied into the next event.
     std::set<std::pair<int, int>> m_OpenTies;

@@ -17,8 +17,8 @@ struct ModelNote {
     /// From 0 at the lowest string. A text with staves of different heights gives notes on strings above
     /// those of the tuning.
     int String = 0;
-    /// Negative when the string has no fret for the note: that of another stave was tuned lower, or the stave
-    /// has no such string.
+    /// From the tuning in force in its bar. Negative when that has no fret for the note: in a score alone,
+    /// where another stave of the text was tuned lower or had more strings.
     int Fret = 0;
     /// MIDI note number.
     int Midi = 0;
@@ -57,6 +57,9 @@ struct ModelBar {
     std::vector<ModelText> ChordSymbols;
     /// As the tab's text has them; none in a score alone.
     ModelRepeats Repeats = {};
+    /// The open strings from this bar on, as ScoreModel::Tuning, where the tab's text tunes a stave unlike
+    /// the one before. Never in a score alone, which has one tuning.
+    std::optional<std::vector<int>> Tuning = {};
 };
 
 /// A finished score as the exports and the summary see it: read from the score's tree alone, once. Where it
@@ -70,7 +73,8 @@ struct ScoreModel {
     std::string StaveTypeId;
     /// Real durations were read; otherwise the order of the notes is all that the score tells.
     bool HasRhythms = false;
-    /// Open strings as MIDI note numbers, lowest string first; one entry a stave line.
+    /// Open strings as MIDI note numbers, lowest string first; one entry a stave line. In force until a bar
+    /// says otherwise.
     std::vector<int> Tuning;
     /// The time signature in force before the first bar that has its own.
     ModelTimeSignature FirstTimeSignature;

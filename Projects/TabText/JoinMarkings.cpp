@@ -109,6 +109,7 @@ private:
 } // namespace
 
 void JoinMarkings(const TabReading& reading, const Markings& markings, Score::ScoreModel& score) {
+    JoinTunings(reading, score);
     Joiner joiner(reading, score);
     for (const NoteMark& mark : markings.Notes)
         joiner.Join(mark);

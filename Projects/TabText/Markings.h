@@ -50,9 +50,16 @@ struct Markings {
 /// after a bend, as a mark: the score has it as a note. Costs in proportion to the text.
 Markings ReadMarkings(const TabReading& reading);
 
+/// Gives the model of the score that the plug-in made of the same text the tuning of each stave of the text,
+/// and the notes there the frets that the text has. A stave
+/// whose strings are the lowest of those before it changes none. A text whose staves are all tuned alike
+/// changes nothing.
+void JoinTunings(const TabReading& reading, Score::ScoreModel& score);
+
 /// Adds the markings to the model of the score that the plug-in made of the same text at the same rhythm
 /// level: by bar, position and string. A dead note becomes a note on its open string, also where the score
-/// has a rest. A mark whose note is not in the score is left out. Without markings the model stays as it is.
+/// has a rest. A mark whose note is not in the score is left out. Tunings are joined as well. Without
+/// markings and with one tuning the model stays as it is.
 void JoinMarkings(const TabReading& reading, const Markings& markings, Score::ScoreModel& score);
 
 } // namespace TabText

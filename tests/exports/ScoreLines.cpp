@@ -7,17 +7,24 @@
 //     when tied on 128 rest
 //
 // With the tab and the folder of the options as further arguments, each note that the text marks has the
-// letters of its techniques at its end: "256 5:3:48=hv".
+// letters of its techniques at its end: "256 5:3:48=hv". The frets are then compared with the digits of the
+// text first; nothing is printed when they differ.
 
+#include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/ReferenceHost/ScoreFile.h"
 #include "Projects/Score/ScoreModel.h"
 #include "Projects/Score/Utf8.h"
 #include "Projects/TabText/Markings.h"
+#include "Projects/TabText/StruckNotes.h"
 #include "Projects/TabText/TabReading.h"
 
 #include <algorithm>
 #include <iostream>
+#include <map>
 #include <memory>
+#include <set>
+#include <span>
+#include <utility>
 
 namespace {
 
@@ -38,7 +45,7 @@ std::string Letters(const ModelNote& note) {
     return letters.empty() ? letters : "=" + letters;
 }
 
-void PrintEvent(const ScoreModel& score, const ModelEvent& event) {
+void PrintEvent(const std::vector<int>& tuning, const ModelEvent& event) {
     std::cout << event.Duration;
     if (event.Notes.empty())
         std::cout << " rest";
@@ -50,13 +57,55 @@ void PrintEvent(const ScoreModel& score, const ModelEvent& event) {
         if (note.Fret < 0)
             std::cout << "-:-";
         else
-            std::cout << static_cast<int>(score.Tuning.size()) - note.String << ':' << note.Fret;
+            std::cout << static_cast<int>(tuning.size()) - note.String << ':' << note.Fret;
         std::cout << ':' << note.Midi << (note.TiedToNext ? "~" : "") << Letters(note);
     }
     std::cout << '\n';
 }
 
-void PrintBar(const ScoreModel& score, std::size_t index) {
+// Each note that is struck in some bars: string from the lowest, fret.
+using Frets = std::multiset<std::pair<int, int>>;
+
+Frets FretsOf(const TabText::BarReading& reading) {
+    Frets frets;
+    for (const TabText::StruckNote& note : TabText::StruckNotesOf(*reading.Bar))
+        frets.insert({note.String, note.Fret});
+    return frets;
+}
+
+Frets FretsOf(std::span<const ModelBar> bars) {
+    Frets frets;
+    std::map<int, int> tied;
+    for (const ModelBar& bar : bars)
+        for (const ModelEvent& event : bar.Events) {
+            const std::map<int, int> before = std::exchange(tied, {});
+            for (const ModelNote& note : event.Notes) {
+                const auto from = before.find(note.String);
+                if (note.TiedToNext)
+                    tied[note.String] = note.Midi;
+                if ((from == before.end() || from->second != note.Midi) &&
+                    FindTechnique(note.Techniques, Technique::Dead) == nullptr)
+                    frets.insert({note.String, note.Fret});
+            }
+        }
+    return frets;
+}
+
+// The score has the frets of the text, bar by bar; the text's own digits say which.
+bool HasTheFretsOfTheText(const TabText::TabReading& reading, const ScoreModel& score) {
+    for (const TabText::BarReading& bar : reading.GetBars()) {
+        const auto first = static_cast<std::size_t>(bar.FirstScoreBar);
+        const auto count = static_cast<std::size_t>(bar.Bar->ScoreBarCount());
+        if (first + count <= score.Bars.size() &&
+            FretsOf(bar) == FretsOf(std::span(score.Bars).subspan(first, count)))
+            continue;
+        std::cerr << "bar " << first + 1 << " has other frets than the text\n";
+        return false;
+    }
+    return true;
+}
+
+void PrintBar(const ScoreModel& score, const std::vector<int>& tuning, std::size_t index) {
     const ModelBar& bar = score.Bars[index];
     std::cout << "bar " << index + 1 << (bar.Repeats.IsStart ? " [" : "");
     if (bar.Repeats.IsEnd)
@@ -66,7 +115,7 @@ void PrintBar(const ScoreModel& score, std::size_t index) {
         for (const ModelText& chord : bar.ChordSymbols)
             if (chord.Position == event.Position)
                 std::cout << "chord " << ToUtf8(chord.Text) << '\n';
-        PrintEvent(score, event);
+        PrintEvent(tuning, event);
     }
 }
 
@@ -85,10 +134,16 @@ int main(int argc, char** argv) {
     if (argc == 4) {
         const TabText::TabReading reading(argv[2], argv[3]);
         TabText::JoinMarkings(reading, TabText::ReadMarkings(reading), *score);
+        if (!HasTheFretsOfTheText(reading, *score))
+            return 1;
     }
     if (score->Heading.Capo > 0)
         std::cout << "capo " << score->Heading.Capo << '\n';
-    for (std::size_t bar = 0; bar < score->Bars.size(); ++bar)
-        PrintBar(*score, bar);
+    const std::vector<int>* tuning = &score->Tuning;
+    for (std::size_t bar = 0; bar < score->Bars.size(); ++bar) {
+        if (score->Bars[bar].Tuning)
+            tuning = &*score->Bars[bar].Tuning;
+        PrintBar(*score, *tuning, bar);
+    }
     return 0;
 }

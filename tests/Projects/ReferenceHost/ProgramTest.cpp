@@ -328,8 +328,10 @@ TEST_F(Program, ShowsNotesOfAStaveThatIsHigherThanTheFirst) {
     for (int i = 0; i < 4 + 6; ++i)
         text += i == 4 ? "\n" + line : line;
     Write("mixed.tab", text);
-    EXPECT_EQ(0, Run("mixed.tab --to musicxml,mid,ly").ExitCode);
-    EXPECT_TRUE(Has(Read("mixed.ly"), "openingTab")) << "a stave of four lines has no fifth string";
+    EXPECT_EQ(0, Run("mixed.tab --to nvf,musicxml,mid,ly").ExitCode);
+    EXPECT_TRUE(Has(Read("mixed.ly"), "TabStaff.stringTunings = \\stringTuning < e, a, d g b e' >"));
+    EXPECT_EQ(0, Run("mixed.nvf -o alone.ly").ExitCode);
+    EXPECT_TRUE(Has(Read("alone.ly"), "openingTab")) << "a score of four strings has no fifth one";
 }
 
 TEST_F(Program, ExplainsWhatItRead) {

@@ -153,6 +153,36 @@ TEST(Markings, OfTheWholePiece) {
     EXPECT_EQ(Score::ModelHeading{}, headingOf("Just a song, no capo"));
 }
 
+TEST(Markings, GiveEachStaveItsStringsAndFrets) {
+    const auto stave = [](const std::string& letters, const std::string& lowest) {
+        std::string text;
+        for (std::size_t line = 0; line < letters.size(); ++line)
+            text += letters[line] + (line + 1 == letters.size() ? lowest : "|-----|") + "\n";
+        return text + "\n";
+    };
+    const ReadText reading(stave("eBGDAE", "|-3---|") + stave("eBGDAD", "|-0---|") +
+                           stave("eBGDAD", "|-5---|") + stave("BGDAD", "|-1---|") + stave("GDAE", "|-2---|"));
+    Score::ScoreModel score;
+    score.Tuning = {40, 45, 50, 55, 59, 64};
+    score.Bars.resize(5);
+    // As a score alone has them: frets from the first tuning.
+    score.Bars[0].Events = {{0, 128, {{0, 3, 43, 25, false}}}};
+    score.Bars[1].Events = {{0, 128, {{0, -2, 38, 22, false}}}};
+    score.Bars[2].Events = {{0, 128, {{0, 3, 43, 25, false}}}};
+    score.Bars[3].Events = {{0, 128, {{0, -1, 39, 23, false}}}};
+    score.Bars[4].Events = {{0, 128, {{0, -10, 30, 17, false}}}};
+    TabText::JoinTunings(*reading, score);
+    const std::optional<std::vector<int>> none;
+    EXPECT_EQ(none, score.Bars[0].Tuning) << "the score says it";
+    EXPECT_EQ((std::vector{38, 45, 50, 55, 59, 64}), score.Bars[1].Tuning);
+    EXPECT_EQ(none, score.Bars[2].Tuning) << "nothing changes";
+    EXPECT_EQ(none, score.Bars[3].Tuning) << "the highest line is missing";
+    EXPECT_EQ((std::vector{28, 33, 38, 43}), score.Bars[4].Tuning);
+    const int kFrets[] = {3, 0, 5, 1, 2};
+    for (std::size_t bar = 0; bar < score.Bars.size(); ++bar)
+        EXPECT_EQ(kFrets[bar], score.Bars[bar].Events[0].Notes[0].Fret) << "bar " << bar;
+}
+
 TEST(Markings, JoinTheNotesOfTheScore) {
     const ReadText reading(With("|-5h7-x---|-9~~---|", "(x2)\n"));
     Score::ScoreModel score;
