@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <utility>
 
 namespace Fretline {
 
@@ -78,6 +79,7 @@ void TabBar::ImportToScore(Nvr::TreeNode* bars, Nvr::TreeNode*& lastNoteRest) {
     ReadBar(lastNoteRest);
     for (const std::unique_ptr<ScoreBar>& scoreBar : m_ScoreBars)
         WriteScoreBar(*scoreBar, bars, lastNoteRest);
+    GiveBackReading();
 }
 
 void TabBar::ReadBar(Nvr::TreeNode* lastNoteRest) {
@@ -90,6 +92,16 @@ void TabBar::ReadBar(Nvr::TreeNode* lastNoteRest) {
     ReadChords();
     AttachChords();
     ReadNotes(lastNoteRest);
+    m_HasChords = !m_Chords.empty();
+    m_ScoreBarCount = static_cast<int>(m_ScoreBars.size());
+}
+
+// The bars of a book, all read, would otherwise take as much as a quarter of its score.
+void TabBar::GiveBackReading() {
+    std::exchange(m_Columns, {});
+    std::exchange(m_ScoreBars, {});
+    std::exchange(m_Chords, {});
+    m_Rhythm.reset();
 }
 
 void TabBar::WriteScoreBar(const ScoreBar& scoreBar, Nvr::TreeNode* bars,

@@ -60,8 +60,10 @@ public:
     TabBar& operator=(const TabBar&) = delete;
 
     /// Reads the bar and appends its score bars to the section `bars` of the score's stave. `lastNoteRest`
-    /// is the last NoteRest written so far, null before the first; left alone when none was written.
-    /// REQUIRES: the bar has not been read, and the analysis is complete.
+    /// is the last NoteRest written so far, null before the first; left alone when none was written. Columns,
+    /// score bars and chords are given back as soon as they stand in the score, and asked for again are
+    /// empty; how many bars there were, whether there were rhythms or chords, and the lengths stay. REQUIRES:
+    /// the bar has not been read, and the analysis is complete.
     void ImportToScore(Nvr::TreeNode* bars, Nvr::TreeNode*& lastNoteRest);
 
     /// The reading half of ImportToScore: everything is known afterwards, and nothing written. Only a tie at
@@ -79,8 +81,8 @@ public:
     bool HasDash() const { return m_HasDash; }
     /// The bar has real durations, from a rhythm line or from spacing.
     bool HasRhythms() const { return m_HasRhythms; }
-    int ScoreBarCount() const { return static_cast<int>(m_ScoreBars.size()); }
-    bool HasChords() const { return !m_Chords.empty(); }
+    int ScoreBarCount() const { return m_ScoreBarCount; }
+    bool HasChords() const { return m_HasChords; }
 
     const TabFile& GetFile() const { return m_File; }
     int GetFirstLine() const { return m_FirstLine; }
@@ -92,7 +94,7 @@ public:
     const std::vector<int>& GetTuning() const { return m_Tuning; }
 
     bool HasBeenRead() const { return m_HasBeenRead; }
-    /// What reading has found. All of it is empty before; the pointers live as long as the bar.
+    /// What ReadBar has found. All of it is empty before; the pointers live as long as the bar.
     ///
     /// The columns that are timed, by bar-relative column.
     const ColumnMap& GetColumns() const { return m_Columns; }
@@ -144,6 +146,7 @@ private:
     bool Displaces(const TabChord& chord, const TabChord& holder, int column) const;
 
     void WriteScoreBar(const ScoreBar& scoreBar, Nvr::TreeNode* bars, Nvr::TreeNode*& lastNoteRest) const;
+    void GiveBackReading();
 
     TabFile& m_File;
     int m_FirstLine;
@@ -165,6 +168,8 @@ private:
     /// Of a NoteLengths line, counted from m_FirstLine; 0, which is a line of the stave, for none.
     int m_RhythmLineOffset = 0;
     bool m_HasRhythms = false;
+    bool m_HasChords = false;
+    int m_ScoreBarCount = 0;
     RhythmLine m_RhythmLine;
     /// The line of the file; -1 for none.
     int m_ChordLine = -1;

@@ -49,16 +49,14 @@ bool TabAnalysis::HasRhythms() const {
 int TabAnalysis::ScoreBarCount() {
     assert(std::all_of(m_ReadableBars.begin(), m_ReadableBars.end(),
                        [](const TabBar* bar) { return bar->HasBeenRead(); }));
-    int count = 0;
     m_BarOfScoreBar.clear();
-    for (std::size_t index = 0; index < m_ReadableBars.size(); ++index)
-        for (int left = m_ReadableBars[index]->ScoreBarCount(); left > 0; --left)
-            m_BarOfScoreBar.emplace_hint(m_BarOfScoreBar.end(), ++count, static_cast<int>(index));
-    return count;
+    for (const TabBar* bar : m_ReadableBars)
+        m_BarOfScoreBar.insert(m_BarOfScoreBar.end(), static_cast<std::size_t>(bar->ScoreBarCount()), bar);
+    return static_cast<int>(m_BarOfScoreBar.size());
 }
 
 const TabBar& TabAnalysis::BarOf(int scoreBar) const {
-    return *m_ReadableBars[static_cast<std::size_t>(m_BarOfScoreBar.at(scoreBar))];
+    return *m_BarOfScoreBar.at(static_cast<std::size_t>(scoreBar) - 1);
 }
 
 int TabAnalysis::BarLengthOf(int scoreBar) const {

@@ -4,7 +4,6 @@
 #include "Projects/Fretline/text/TabTimeSignature.h"
 
 #include <cstddef>
-#include <map>
 #include <memory>
 #include <vector>
 
@@ -86,8 +85,8 @@ private:
     std::vector<TabBar*> m_ReadableBars;
     /// By line, then by column.
     std::vector<std::unique_ptr<TabTimeSignature>> m_TimeSignatures;
-    /// Index into m_ReadableBars of each score bar, counted from 1.
-    std::map<int, int> m_BarOfScoreBar;
+    /// The bar of each score bar; that of the first, whose number is 1, stands at 0.
+    std::vector<const TabBar*> m_BarOfScoreBar;
     /// By line; on one line by keyword, then by column.
     std::vector<std::unique_ptr<RiffLabel>> m_Labels;
 };

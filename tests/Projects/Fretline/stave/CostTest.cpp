@@ -62,6 +62,7 @@ TEST_F(Cost, OfManyScoreBars) {
     bar.ImportToScore(&bars, last);
     EXPECT_EQ(bars.GetChildCount(), static_cast<int>(kMany));
     EXPECT_EQ(bar.ScoreBarCount(), bars.GetChildCount());
+    EXPECT_TRUE(bar.GetScoreBars().empty() && bar.GetColumns().empty()) << "given back once they are written";
 }
 
 TEST_F(Cost, OfManyLetters) {
