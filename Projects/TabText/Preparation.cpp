@@ -40,6 +40,10 @@ constexpr std::array kSteps = std::to_array<PreparationStep>({
      "Words that would be read as chords, rhythms, labels or time signatures: lyrics and prose blanked, "
      "remarks beside chords in small letters",
      false, RunText},
+    {"rhythm",
+     "Small letters for note lengths to large ones; strokes and fingers that would be counted as beats "
+     "blanked; a barline where counts begin anew",
+     false, RunRhythm},
 });
 
 // As often as steps may find something in what others made before they have to be at rest.

@@ -14,5 +14,6 @@ void RunTuning(Draft& draft);
 void RunBends(Draft& draft);
 void RunDigits(Draft& draft);
 void RunText(Draft& draft);
+void RunRhythm(Draft& draft);
 
 } // namespace TabText

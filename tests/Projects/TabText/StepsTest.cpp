@@ -100,4 +100,44 @@ TEST(PreparationSteps, TakeWordsOutOfTheWay) {
         ExpectCase(row);
 }
 
+// Two bars of 3/4 without a barline between them, under their counts.
+std::string Waltz(const std::string& counts, const std::string& first = "-",
+                  const std::string& time = "3/4") {
+    return time + "\n" + counts + "\ne|-0---1---3--" + first + "3---1---0---|\n" + "B|------------" + first +
+           "------------|\n" + "G|------------" + first + "------------|\n" + "D|------------" + first +
+           "------------|\n";
+}
+
+TEST(PreparationSteps, MakeRhythmLinesPlain) {
+    const Case rows[] = {
+        {"rhythm", "   q   q   q   q    w\n#", "   Q   Q   Q   Q    W\n#", "small letters over notes"},
+        {"rhythm", "   q   e.  s   h    w\n#", "   Q   E.  S   H    W\n#", "with dots"},
+        {"rhythm", "   q   q   e        h\n#", "   q   q   e        h\n#", "no bar is full"},
+        {"rhythm", "     q   q   q   q    w\n#", "     q   q   q   q    w\n#", "not over the notes"},
+        {"rhythm", "       h   h   \n#", "       h   h   \n#", "hammer-ons"},
+        {"rhythm", "   q   q   p   q    w\n#", "   q   q   p   q    w\n#", "a letter that is no length"},
+        {"rhythm", "   d   u   d   u    d   u   d\n#", Blank("   d   u   d   u    d   u   d\n#"), "strokes"},
+        {"rhythm", "   ^   v   ^   v    ^   v   ^\n#", Blank("   ^   v   ^   v    ^   v   ^\n#"), "arrows"},
+        {"rhythm", "   D   U   D U D    D U D U\n#", Blank("   D   U   D U D    D U D U\n#"),
+         "read as chords"},
+        {"rhythm", "   D       D        D       D\n#", "   D       D        D       D\n#", "chords"},
+        {"rhythm", "   p   i   m   i    p   i   p\n#", Blank("   p   i   m   i    p   i   p\n#"), "fingers"},
+        {"rhythm", "   T   1   2   1    T   1   2\n#", Blank("   T   1   2   1    T   1   2\n#"),
+         "of numbers"},
+        {"rhythm", "   1   2   3   4    1   2   3   4\n#", "   1   2   3   4    1   2   3   4\n#", "counts"},
+        {"rhythm", Waltz("   1   2   3   1   2   3"), Waltz("   1   2   3   1   2   3", "|"),
+         "else six quavers"},
+        {"rhythm", Waltz("   1 & 2 & 3 & 1 & 2 & 3 &"), Waltz("   1 & 2 & 3 & 1 & 2 & 3 &", "|"),
+         "else one bar too long"},
+        {"rhythm", Waltz("   1   2   3   1   2   3", "-", "a waltz"),
+         Waltz("   1   2   3   1   2   3", "-", "a waltz"), "no metre stated"},
+        {"rhythm", Waltz("   1   2   3   1   2  "), Waltz("   1   2   3   1   2  "),
+         "not counted to the end"},
+        {"rhythm", Waltz("   1   2   3   1   2   3", "5"), Waltz("   1   2   3   1   2   3", "5"),
+         "no room for a barline"},
+    };
+    for (const Case& row : rows)
+        ExpectCase(row);
+}
+
 } // namespace
