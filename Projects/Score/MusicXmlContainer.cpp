@@ -77,7 +77,7 @@ std::string CompressedMusicXml(const ScoreModel& score, std::string& why) {
         why = zip_strerror(archive.get());
         return {};
     }
-    archive.release();
+    static_cast<void>(archive.release());
     std::string bytes = ReadAll(target.get());
     if (bytes.empty())
         why = "the container could not be read back";

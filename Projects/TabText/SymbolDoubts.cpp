@@ -16,7 +16,6 @@ namespace TabText {
 
 namespace {
 
-using Fretline::TabBar;
 using Fretline::TabChord;
 using Fretline::TabFile;
 using Nvr::Ascii::IsAlnum;

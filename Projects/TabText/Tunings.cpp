@@ -19,6 +19,7 @@ constexpr std::array<int, 7> kPitchClasses{9, 11, 0, 2, 4, 5, 7};
 
 std::string TuningText(const std::vector<int>& tuning) {
     std::vector<int> strings;
+    strings.reserve(tuning.size());
     for (const int pitch : tuning)
         strings.push_back(pitch / Fretline::kChrom2PerSemitone);
     return Score::TuningLetters(strings);

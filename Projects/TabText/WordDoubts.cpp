@@ -18,8 +18,6 @@ namespace TabText {
 
 namespace {
 
-using Fretline::TabFile;
-
 constexpr int kChrom2PerSemitone = 2;
 constexpr int kSemitonesPerOctave = 12;
 

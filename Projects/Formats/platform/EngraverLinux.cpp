@@ -86,6 +86,7 @@ int RunLilyPond(const fs::path& folder, const std::string& kind) {
                                    output,
                                    input};
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);

@@ -125,7 +125,7 @@ bool IsString(string_view body, bool hasName) {
     // Letters without a fret are chords or beats, but for a stray one.
     if (!hasFret && counts.HasManyLetters())
         return false;
-    return (hasName || counts.HasStroke || hasFret) && body.find("-") != string_view::npos &&
+    return (hasName || counts.HasStroke || hasFret) && body.find('-') != string_view::npos &&
            counts.Drawn * 100 >= counts.All * kPercentDrawn &&
            counts.DrawnOrMarks * 100 >= counts.All * kPercentDrawnOrMarks;
 }

@@ -37,7 +37,7 @@ public:
                 isRemoved[static_cast<std::size_t>(blank)] = true;
             // The lines above have gaps too, and stand within reach only without them.
             for (int above = line - 2; IsBlank(above + 1) && IsText(above); above -= 2)
-                isRemoved[static_cast<std::size_t>(above + 1)] = true;
+                isRemoved[static_cast<std::size_t>(above) + 1] = true;
             hasRemoved = true;
             line = last;
         }

@@ -225,7 +225,7 @@ private:
         if (!hasStroke)
             for (int line = m_Stave.FirstLine; line < m_Stave.EndLine; ++line) {
                 string text = m_Draft.GetLine(line);
-                text[static_cast<std::size_t>(place + 1)] = '|';
+                text[static_cast<std::size_t>(place) + 1] = '|';
                 m_Draft.Overwrite(line, std::move(text));
             }
         Write(place, letters);
