@@ -1,14 +1,13 @@
 #include "Projects/ReferenceHost/Converter.h"
 
 #include "Projects/Explain/Explanation.h"
-#include "Projects/Explain/WhyNot.h"
 #include "Projects/Formats/Formats.h"
 #include "Projects/Formats/Json.h"
-#include "Projects/ReferenceHost/Opening.h"
+#include "Projects/Opening/WholeFile.h"
+#include "Projects/ReferenceHost/ProgressWatcher.h"
 #include "Projects/ReferenceHost/ScoreFile.h"
 #include "Projects/ReferenceHost/Summary.h"
 #include "Projects/ReferenceHost/Terminal.h"
-#include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
 
@@ -16,29 +15,11 @@ namespace ReferenceHost {
 
 namespace fs = std::filesystem;
 
+using Opening::ReadWholeFile;
 using Status = JobResult::Status;
 using Printing = CommandLine::Printing;
 
 namespace {
-
-// The numbers of lines in a message of the plug-in, as the user counts them.
-std::string WithOriginalLines(const std::string& message, const TabText::LineMap& map) {
-    std::string text;
-    for (std::size_t at = 0; at < message.size();) {
-        std::size_t end = at;
-        while (end < message.size() && Nvr::Ascii::IsDigit(message[end]))
-            ++end;
-        if (end == at) {
-            text += message[at++];
-            continue;
-        }
-        const int line = std::stoi(message.substr(at, end - at)) - 1;
-        text += line >= 0 && line < map.GetLineCount() ? std::to_string(map.ToOriginal(line, 0).Line + 1)
-                                                       : message.substr(at, end - at);
-        at = end;
-    }
-    return text;
-}
 
 // What would tidy the text up; nothing for a tidy one.
 std::string HelpOfPreparation(const fs::path& tab) {
@@ -64,7 +45,7 @@ std::string WriteTarget(const Formats::Conversion& conversion, const Target& tar
 
 } // namespace
 
-Converter::Converter(const CommandLine& line, const Plugin& plugin, fs::path configFolder,
+Converter::Converter(const CommandLine& line, const Opening::Plugin& plugin, fs::path configFolder,
                      const RunFolder& folder, bool showsProgress)
     : m_Line(line), m_Plugin(plugin), m_ConfigFolder(std::move(configFolder)), m_Folder(folder),
       m_ShowsProgress(showsProgress) {}
@@ -94,7 +75,7 @@ JobResult Converter::Convert(const Input& input, const std::vector<Target>& targ
 Converter::Opened Converter::Open(const Input& input, std::optional<TemporaryTab>& name) const {
     switch (input.What) {
     case Input::Kind::Score:
-        return OpenScore(input.Path);
+        return Opening::TabOpener::OpenScore(input.Path);
     case Input::Kind::OtherText:
         name = TemporaryTab::NameFor(m_Folder, input.Path);
         return OpenTab(name->Path(), input.Path);
@@ -124,50 +105,17 @@ Converter::Opened Converter::OpenPrepared(const TabText::PreparedText& prepared,
     name = TemporaryTab::Write(m_Folder, input.Relative.stem().string(), prepared.Text);
     if (name->Path().empty())
         return Opened(Status::Failed, "no room for a temporary file");
-    Opened opened = OpenTab(name->Path(), input.Path);
-    opened.Changes = TabText::ChangesText(prepared);
-    for (std::string& message : opened.Messages)
-        message = WithOriginalLines(message, prepared.Map);
-    if (opened.Conversion)
-        opened.Conversion->Tab->Map = prepared.Map;
-    return opened;
-}
-
-Converter::Opened Converter::OpenScore(const fs::path& file) const {
-    const std::optional<std::string> bytes = ReadWholeFile(file);
-    if (!bytes)
-        return Opened(Status::Refused, "cannot be read");
-    Opened opened;
-    std::string why;
-    opened.Conversion = Formats::Conversion::Of(*bytes, file, why);
-    if (!opened.Conversion) {
-        opened.Ended = Status::Refused;
-        opened.Reason = "the score cannot be read: " + why;
-    }
-    return opened;
+    ProgressWatcher watcher(m_ShowsProgress);
+    return Opener(watcher).OpenPrepared(prepared, name->Path(), input.Path);
 }
 
 Converter::Opened Converter::OpenTab(const fs::path& tab, const fs::path& source) const {
-    OpeningResult result = Opening(m_ShowsProgress).Open(m_Plugin, tab);
-    Opened opened;
-    opened.Messages = std::move(result.Messages);
-    if (result.Cancelled) {
-        opened.Ended = Status::Cancelled;
-        opened.Reason = "cancelled, no score was kept";
-    } else if (!result.Score) {
-        opened.Ended = Status::Refused;
-        opened.Reason = result.Taken ? Explain::WhyNoScore(tab) : Explain::WhyNotTaken(tab);
-    } else {
-        std::string why;
-        opened.Conversion = Formats::Conversion::Of(std::move(*result.Score), source, why);
-        opened.Ended = opened.Conversion ? Status::Done : Status::Failed;
-        opened.Reason = "its score cannot be read: " + why;
-    }
-    if (opened.Conversion)
-        opened.Conversion->Tab = Formats::TabPlace{tab, m_ConfigFolder, {}};
-    if (opened.Conversion)
-        opened.Conversion->Layout = m_Line.Layout;
-    return opened;
+    ProgressWatcher watcher(m_ShowsProgress);
+    return Opener(watcher).OpenTab(tab, source);
+}
+
+Opening::TabOpener Converter::Opener(Opening::OpeningWatcher& watcher) const {
+    return {m_Plugin, m_ConfigFolder, m_Line.Layout, watcher};
 }
 
 JobResult Converter::TellRefusal(const Input& input, const Opened& opened) const {

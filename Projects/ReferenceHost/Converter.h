@@ -1,10 +1,10 @@
 #pragma once
 
-#include "Projects/Formats/Conversion.h"
+#include "Projects/Opening/Plugin.h"
+#include "Projects/Opening/TabOpener.h"
 #include "Projects/ReferenceHost/CommandLine.h"
 #include "Projects/ReferenceHost/Inputs.h"
 #include "Projects/ReferenceHost/JobResult.h"
-#include "Projects/ReferenceHost/Plugin.h"
 #include "Projects/ReferenceHost/RunFolder.h"
 #include "Projects/ReferenceHost/Targets.h"
 #include "Projects/TabText/Preparation.h"
@@ -20,8 +20,8 @@ namespace ReferenceHost {
 /// of it. Borrows everything, which must outlive it. Nothing throws but a failed allocation.
 class Converter {
 public:
-    /// The plug-in must be loaded; the options that it uses lie in `configFolder`.
-    Converter(const CommandLine& line, const Plugin& plugin, std::filesystem::path configFolder,
+    /// The plug-in must be started; the options that it uses lie in `configFolder`.
+    Converter(const CommandLine& line, const Opening::Plugin& plugin, std::filesystem::path configFolder,
               const RunFolder& folder, bool showsProgress);
 
     /// One input with its targets.
@@ -32,22 +32,11 @@ public:
     JobResult ConvertLine(std::string_view line) const;
 
 private:
-    /// What came of opening one file: a conversion, or why not.
-    struct Opened {
-        Opened() = default;
-        Opened(JobResult::Status ended, std::string reason) : Ended(ended), Reason(std::move(reason)) {}
-
-        std::optional<Formats::Conversion> Conversion;
-        std::vector<std::string> Messages;
-        JobResult::Status Ended = JobResult::Status::Done;
-        std::string Reason;
-        // Of a text that was prepared: what was changed.
-        std::string Changes;
-    };
+    using Opened = Opening::Opened;
 
     Opened Open(const Input& input, std::optional<TemporaryTab>& name) const;
-    Opened OpenScore(const std::filesystem::path& file) const;
     Opened OpenTab(const std::filesystem::path& tab, const std::filesystem::path& source) const;
+    Opening::TabOpener Opener(Opening::OpeningWatcher& watcher) const;
     // The bytes of a text, prepared; opened under a temporary name where that changed it. Null when there are
     // none.
     std::optional<TabText::PreparedText> Prepare(const Input& input) const;
@@ -61,7 +50,7 @@ private:
                         const std::vector<std::string>& files) const;
 
     const CommandLine& m_Line;
-    const Plugin& m_Plugin;
+    const Opening::Plugin& m_Plugin;
     std::filesystem::path m_ConfigFolder;
     const RunFolder& m_Folder;
     bool m_ShowsProgress;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Projects/Opening/TabOpener.h"
+
 #include <string>
 #include <string_view>
 
@@ -7,7 +9,7 @@ namespace ReferenceHost {
 
 /// What came of one job, to be told in the order of the jobs. Travels from a worker to its caller as bytes.
 struct JobResult {
-    enum class Status : char { Done, Refused, Failed, Cancelled };
+    using Status = Opening::Outcome;
 
     Status Ended = Status::Done;
     /// For standard output.

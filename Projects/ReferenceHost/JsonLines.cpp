@@ -3,6 +3,7 @@
 #include "Projects/Formats/Formats.h"
 #include "Projects/Formats/Json.h"
 #include "Projects/ReferenceHost/Converter.h"
+#include "Projects/ReferenceHost/ProgressWatcher.h"
 
 #include <nlohmann/json.hpp>
 
@@ -108,9 +109,10 @@ JobResult Converter::ConvertLine(std::string_view line) const {
     const TemporaryTab tab = TemporaryTab::Write(m_Folder, kDefaultName, text);
     if (tab.Path().empty())
         return Refused(id, "no room for a temporary file");
-    Opened opened = OpenTab(tab.Path(), kDefaultName);
-    if (opened.Conversion && prepared)
-        opened.Conversion->Tab->Map = prepared->Map;
+    ProgressWatcher watcher(m_ShowsProgress);
+    const Opening::TabOpener opener = Opener(watcher);
+    const Opened opened = prepared ? opener.OpenPrepared(*prepared, tab.Path(), kDefaultName)
+                                   : opener.OpenTab(tab.Path(), kDefaultName);
     if (!opened.Conversion) {
         JobResult result = Refused(id, opened.Reason);
         result.Ended = opened.Ended;

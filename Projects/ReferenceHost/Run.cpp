@@ -2,7 +2,8 @@
 
 #include "Projects/ReferenceHost/Converter.h"
 #include "Projects/ReferenceHost/JsonLines.h"
-#include "Projects/ReferenceHost/Opening.h"
+#include "Projects/ReferenceHost/PluginLibrary.h"
+#include "Projects/ReferenceHost/ProgressWatcher.h"
 #include "Projects/ReferenceHost/RunOptions.h"
 #include "Projects/ReferenceHost/RunProgress.h"
 #include "Projects/ReferenceHost/Terminal.h"
@@ -107,7 +108,7 @@ private:
     std::string LoadUnattended() {
         if (std::string why = LayOutOptions(m_Line, m_Folder); !why.empty())
             return why;
-        return m_Plugin.Load(m_Line.Plugin, m_Folder.Path(), false);
+        return m_Library.Load(m_Line.Plugin, m_Folder.Path(), false);
     }
 
     // The first tab is opened with the dialog; what was answered holds for the rest. False when nothing more
@@ -116,21 +117,22 @@ private:
         std::error_code failure;
         const fs::path folder = fs::absolute(m_Line.ConfigFolder);
         fs::create_directories(folder, failure);
-        Plugin plugin;
-        if (const std::string why = plugin.Load(m_Line.Plugin, folder, true); !why.empty()) {
+        PluginLibrary library;
+        if (const std::string why = library.Load(m_Line.Plugin, folder, true); !why.empty()) {
             m_Totals.Refusals.push_back(why);
             Terminal::Complain(why);
             return false;
         }
         Terminal::SayWhatIsAskedFor(m_Inputs.front().Path.string(), m_Inputs.size() - 1);
-        if (!Tell(Converter(m_Line, plugin, folder, m_Folder, true).Convert(m_Inputs[0], m_Targets[0])))
+        if (!Tell(Converter(m_Line, library.GetPlugin(), folder, m_Folder, true)
+                      .Convert(m_Inputs[0], m_Targets[0])))
             return false;
         m_First = 1;
         return true;
     }
 
     void ConvertFiles() {
-        if (!m_Plugin.IsLoaded()) {
+        if (!m_Library.IsLoaded()) {
             if (!ConvertFirstWithDialog() || m_First == m_Inputs.size())
                 return;
             if (const std::string why = LoadUnattended(); !why.empty()) {
@@ -142,7 +144,7 @@ private:
         const std::size_t count = m_Inputs.size() - m_First;
         if (count > 1)
             m_Progress.Begin(count);
-        const Converter converter(m_Line, m_Plugin, m_Folder.Path(), m_Folder, count == 1);
+        const Converter converter(m_Line, m_Library.GetPlugin(), m_Folder.Path(), m_Folder, count == 1);
         InputNumbers numbers(m_First, m_Inputs.size());
         const int processes =
             static_cast<int>(std::min<std::size_t>(static_cast<std::size_t>(m_Line.Jobs), count));
@@ -158,7 +160,7 @@ private:
     }
 
     void ConvertLines() {
-        const Converter converter(m_Line, m_Plugin, m_Folder.Path(), m_Folder, false);
+        const Converter converter(m_Line, m_Library.GetPlugin(), m_Folder.Path(), m_Folder, false);
         StandardInputLines lines;
         RunJobs(
             lines, m_Line.Jobs, [&](const std::string& job) { return converter.ConvertLine(job); },
@@ -212,7 +214,7 @@ private:
 
     const CommandLine& m_Line;
     RunFolder m_Folder;
-    Plugin m_Plugin;
+    PluginLibrary m_Library;
     std::vector<Input> m_Inputs;
     std::vector<std::vector<Target>> m_Targets;
     std::size_t m_First = 0;

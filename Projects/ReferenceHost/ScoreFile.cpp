@@ -40,16 +40,6 @@ void GiveUsualRights(int file) {
 
 } // namespace
 
-std::optional<std::string> ReadWholeFile(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        return std::nullopt;
-    std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    if (file.bad())
-        return std::nullopt;
-    return bytes;
-}
-
 std::string WriteWholeFile(const std::filesystem::path& target, const std::string& bytes) {
     std::error_code failure;
     if (std::filesystem::exists(target, failure) && !std::filesystem::is_regular_file(target, failure)) {

@@ -1,6 +1,6 @@
 #include "Projects/ReferenceHost/Workers.h"
 
-#include "Projects/ReferenceHost/Opening.h"
+#include "Projects/ReferenceHost/ProgressWatcher.h"
 
 #include <cerrno>
 #include <csignal>

@@ -11,7 +11,7 @@
 // text first; nothing is printed when they differ.
 
 #include "Projects/Fretline/stave/TabBar.h"
-#include "Projects/ReferenceHost/ScoreFile.h"
+#include "Projects/Opening/WholeFile.h"
 #include "Projects/Score/ScoreModel.h"
 #include "Projects/Score/Utf8.h"
 #include "Projects/TabText/Markings.h"
@@ -28,7 +28,7 @@
 
 namespace {
 
-using namespace ReferenceHost;
+using Opening::ReadWholeFile;
 using namespace Score;
 
 // The techniques that both reading programs can hold, or one of them.
