@@ -96,6 +96,7 @@ private:
 
     std::string Music(const std::string& suffix, bool isForTab) {
         LilyPondNotes notes(m_Score, isForTab);
+        m_Length = 0;
         std::string text;
         std::string all;
         for (const Section& section : m_Sections) {
@@ -122,7 +123,7 @@ private:
     std::string Bar(std::size_t index, LilyPondNotes& notes) {
         const ModelBar& bar = m_Score.Bars[index];
         const WrittenBar& written = m_Bars[index];
-        if (written.Pieces.empty())
+        if (written.Pieces.empty() && m_Score.HasRhythms)
             return {};
         std::string text = TimeOf(bar, written) + TuningOf(bar, notes);
         if (bar.Repeats.IsStart)
@@ -130,9 +131,13 @@ private:
         for (const std::string& label : bar.Labels)
             text += "  \\mark \\markup \\box " + QuotedText(ToUtf8(label)) + "\n";
         text += "  ";
-        for (std::size_t piece = 0; piece < written.Pieces.size(); ++piece)
+        for (std::size_t piece = 0; piece < written.Pieces.size() && !written.IsRest(); ++piece)
             text += notes.Piece(written.Pieces[piece], NextPiece(index, piece), bar) + " ";
-        text += Numbered("| % ", static_cast<long long>(index) + 1) + "\n";
+        if (written.IsRest())
+            text += "R" + LengthText(written.Length) + " ";
+        else if (written.Pieces.empty())
+            text += "s" + LengthText(LengthOf(written)) + " ";
+        text += Numbered("| % ", static_cast<long long>(index) + (m_Bars.front().IsPickup ? 0 : 1)) + "\n";
         if (bar.Repeats.IsEnd)
             text += "  \\bar \":|.\"\n";
         return text;
@@ -151,15 +156,17 @@ private:
     std::string TimeOf(const ModelBar& bar, const WrittenBar& written) {
         std::string text;
         const bool isFirst = m_Length == 0;
-        if (bar.TimeSignature || isFirst) {
-            const ModelTimeSignature signature = bar.TimeSignature.value_or(m_Score.FirstTimeSignature);
-            text += Numbered(Numbered("  \\time ", signature.Numerator) + "/", signature.Denominator) + "\n";
-            m_Length = kUnitsPerWholeNote / signature.Denominator * signature.Numerator;
-        }
-        if (written.Length != m_Length) {
-            text += Numbered("  \\set Timing.measureLength = #(ly:make-moment ", written.Length) +
-                    Numbered("/", kUnitsPerWholeNote) + ")\n";
-            m_Length = written.Length;
+        if (m_Score.HasRhythms && (bar.TimeSignature || isFirst))
+            text +=
+                Numbered(Numbered("  \\time ", written.Metre.Numerator) + "/", written.Metre.Denominator) +
+                "\n";
+        if (bar.TimeSignature || isFirst)
+            m_Length = m_Score.HasRhythms ? WrittenBar::LengthOf(written.Metre) : kUnitsPerWholeNote;
+        if (written.IsPickup) {
+            text += "  \\partial " + LengthText(written.Length) + "\n";
+        } else if (LengthOf(written) != m_Length) {
+            m_Length = LengthOf(written);
+            text += "  \\set Timing.measureLength = #(ly:make-moment " + FractionText(m_Length) + ")\n";
         }
         return text;
     }
@@ -183,6 +190,11 @@ private:
     bool ChangesTuning() const {
         return std::any_of(m_Score.Bars.begin(), m_Score.Bars.end(),
                            [](const ModelBar& bar) { return bar.Tuning.has_value(); });
+    }
+
+    // A bar without anything in it is as long as one note where the order of the notes is all.
+    static int LengthOf(const WrittenBar& written) {
+        return written.Pieces.empty() ? kUnitsPerCrotchet : written.Length;
     }
 
     std::string Book() const {
@@ -209,7 +221,7 @@ private:
     bool m_IsOnePage;
     bool m_LacksFrets;
     std::vector<Section> m_Sections;
-    // Of the bar before.
+    // Of the bar before; 0 before the first.
     int m_Length = 0;
 };
 

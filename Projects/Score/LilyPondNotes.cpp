@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdlib>
+#include <numeric>
 
 namespace Score {
 
@@ -35,15 +37,15 @@ constexpr std::array<SignText, 13> kSigns{{
     {Technique::PullOff, "^\\markup \\tiny \"P\""},
 }};
 
-std::string DurationText(const WrittenPiece& piece) {
+std::string DurationText(int value, int dots) {
     std::string text;
-    if (piece.Value > 2 * kUnitsPerWholeNote)
+    if (value > 2 * kUnitsPerWholeNote)
         text = "\\longa";
-    else if (piece.Value > kUnitsPerWholeNote)
+    else if (value > kUnitsPerWholeNote)
         text = "\\breve";
     else
-        text = std::to_string(kUnitsPerWholeNote / piece.Value);
-    return text + std::string(static_cast<std::size_t>(piece.Dots), '.');
+        text = std::to_string(kUnitsPerWholeNote / value);
+    return text + std::string(static_cast<std::size_t>(dots), '.');
 }
 
 const ModelTechnique* FindIn(const WrittenPiece& piece, Technique kind) {
@@ -62,13 +64,6 @@ std::string BendText(int quarterTones) {
     return whole == 0 ? part : std::to_string(whole) + " " + part;
 }
 
-bool GoesOnIn(const ModelNote& note, const WrittenPiece* next) {
-    return next != nullptr && next->Notes != nullptr &&
-           std::any_of(next->Notes->begin(), next->Notes->end(), [&](const ModelNote& other) {
-               return other.Midi == note.Midi && other.String == note.String;
-           });
-}
-
 } // namespace
 
 std::string QuotedText(const std::string& text) {
@@ -81,6 +76,23 @@ std::string QuotedText(const std::string& text) {
     return quoted + '"';
 }
 
+std::string FractionText(int length) {
+    const int divisor = std::gcd(length, kUnitsPerWholeNote);
+    return std::to_string(length / divisor) + "/" + std::to_string(kUnitsPerWholeNote / divisor);
+}
+
+std::string LengthText(int length) {
+    for (const int dots : {0, 1}) {
+        // A dotted value is three halves of it.
+        const int value = dots == 0 ? length : length / 3 * 2;
+        const bool isNoteValue = std::has_single_bit(static_cast<unsigned>(value)) &&
+                                 value <= kUnitsPerWholeNote && value + dots * value / 2 == length;
+        if (isNoteValue)
+            return DurationText(value, dots);
+    }
+    return "1*" + FractionText(length);
+}
+
 std::string PitchName(const SpelledPitch& pitch) {
     std::string name(1, static_cast<char>(pitch.Step - 'A' + 'a'));
     name += std::string(static_cast<std::size_t>(std::abs(pitch.Alter)), pitch.Alter > 0 ? 's' : 'f');
@@ -89,15 +101,15 @@ std::string PitchName(const SpelledPitch& pitch) {
 }
 
 std::string LilyPondNotes::Piece(const WrittenPiece& piece, const WrittenPiece* next, const ModelBar& bar) {
-    const std::string duration = DurationText(piece);
+    const std::string duration = DurationText(piece.Value, piece.Dots);
     std::string text;
     std::string notes;
     if (piece.Notes == nullptr) {
         text = "r" + duration;
     } else {
-        for (const ModelNote& note : *piece.Notes)
-            if (!m_IsForTab || note.Fret >= 0)
-                notes += (notes.empty() ? "" : " ") + Note(note, piece, next);
+        for (std::size_t index = 0; index < piece.Notes->size(); ++index)
+            if (const ModelNote& note = (*piece.Notes)[index]; !m_IsForTab || note.Fret >= 0)
+                notes += (notes.empty() ? "" : " ") + Note(note) + (piece.IsTied[index] ? "~" : "");
         text = notes.empty() ? "s" + duration : "<" + notes + ">" + duration;
     }
     if (!notes.empty())
@@ -108,8 +120,7 @@ std::string LilyPondNotes::Piece(const WrittenPiece& piece, const WrittenPiece* 
     return text;
 }
 
-std::string LilyPondNotes::Note(const ModelNote& note, const WrittenPiece& piece,
-                                const WrittenPiece* next) const {
+std::string LilyPondNotes::Note(const ModelNote& note) const {
     SpelledPitch pitch = Spell(note.Midi, note.Diat);
     if (std::abs(pitch.Alter) > 2)
         pitch = SpellMidi(note.Midi);
@@ -124,8 +135,6 @@ std::string LilyPondNotes::Note(const ModelNote& note, const WrittenPiece& piece
         text += "\\" + std::to_string(strings - note.String);
     if (FindTechnique(note.Techniques, Technique::NaturalHarmonic) != nullptr)
         text += "\\harmonic";
-    if (piece.TiedToNext && GoesOnIn(note, next))
-        text += "~";
     return text;
 }
 
@@ -143,7 +152,7 @@ std::string LilyPondNotes::SignsAfter(const WrittenPiece& piece, const WrittenPi
             text += sign.Text;
     if (const ModelTechnique* bend = FindIn(piece, Technique::Bend))
         text += "^\\markup \\tiny " + QuotedText("bend " + BendText(bend->Amount));
-    if (FindIn(piece, Technique::Slide) != nullptr && hasNext && !piece.TiedToNext)
+    if (FindIn(piece, Technique::Slide) != nullptr && hasNext && !piece.HasTie())
         text += "\\glissando";
     const bool isSlurred =
         FindIn(piece, Technique::HammerOn) != nullptr || FindIn(piece, Technique::PullOff) != nullptr;

@@ -14,6 +14,12 @@ std::string QuotedText(const std::string& text);
 /// A pitch by the English names of notes, such as "fs'" for F sharp above middle C.
 std::string PitchName(const SpelledPitch& pitch);
 
+/// A length of time in score units, as a duration: "4." or "1*5/8".
+std::string LengthText(int length);
+
+/// The same as a fraction of a whole note, such as "5/8".
+std::string FractionText(int length);
+
 /// Writes notes, chords and rests one after the other. Borrows the score.
 class LilyPondNotes {
 public:
@@ -28,7 +34,7 @@ public:
     std::string Piece(const WrittenPiece& piece, const WrittenPiece* next, const ModelBar& bar);
 
 private:
-    std::string Note(const ModelNote& note, const WrittenPiece& piece, const WrittenPiece* next) const;
+    std::string Note(const ModelNote& note) const;
     std::string SignsAfter(const WrittenPiece& piece, const WrittenPiece* next);
 
     const std::vector<int>* m_Tuning;

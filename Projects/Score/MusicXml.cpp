@@ -1,7 +1,9 @@
 #include "Projects/Score/MusicXml.h"
 
+#include "Projects/Score/Beams.h"
 #include "Projects/Score/ChordName.h"
 #include "Projects/Score/MusicXmlMarks.h"
+#include "Projects/Score/Notation.h"
 #include "Projects/Score/Spelling.h"
 #include "Projects/Score/Utf8.h"
 
@@ -52,10 +54,26 @@ const char* NoteType(int duration) {
     return kTypes[static_cast<std::size_t>(std::min(exponent, static_cast<int>(kTypes.size()) - 1))];
 }
 
+const char* BeamText(Beam beam) {
+    switch (beam) {
+    case Beam::Begin:
+        return "begin";
+    case Beam::Continue:
+        return "continue";
+    case Beam::End:
+        return "end";
+    case Beam::ForwardHook:
+        return "forward hook";
+    default:
+        return "backward hook";
+    }
+}
+
 // Writes one score; keeps what goes from bar to bar.
 class Writer {
 public:
-    explicit Writer(const ScoreModel& score) : m_Score(score), m_Tuning(&score.Tuning) {}
+    explicit Writer(const ScoreModel& score)
+        : m_Score(score), m_Bars(WriteOut(score)), m_Tuning(&score.Tuning) {}
 
     void Write(pugi::xml_document& document) {
         xml_node declaration = document.append_child(pugi::node_declaration);
@@ -104,7 +122,7 @@ private:
     void WriteBar(xml_node part, std::size_t index) {
         const ModelBar& bar = m_Score.Bars[index];
         xml_node measure = Add(part, "measure");
-        Set(measure, "number", std::to_string(index + 1));
+        WriteNumber(measure, index);
         if (bar.Tuning)
             m_Tuning = &*bar.Tuning;
         if (index == 0)
@@ -119,8 +137,16 @@ private:
             Set(direction, "placement", "above");
             Add(Add(direction, "direction-type"), "rehearsal", ToUtf8(label));
         }
-        WriteMusic(measure, bar);
-        MusicXmlMarks::WriteRepeatEnd(measure, bar.Repeats);
+        WriteMusic(measure, bar, m_Bars[index]);
+        MusicXmlMarks::WriteBarEnd(measure, bar.Repeats, index + 1 == m_Score.Bars.size());
+    }
+
+    // Bars count from the one after a pickup.
+    void WriteNumber(xml_node measure, std::size_t index) const {
+        const bool hasPickup = m_Bars.front().IsPickup;
+        Set(measure, "number", std::to_string(hasPickup ? index : index + 1));
+        if (hasPickup && index == 0)
+            Set(measure, "implicit", "yes");
     }
 
     void WriteAttributes(xml_node measure, const ModelTimeSignature* time) const {
@@ -166,96 +192,113 @@ private:
         Add(node, "beat-type", time.Denominator);
     }
 
-    void WriteMusic(xml_node measure, const ModelBar& bar) {
-        int now = 0;
-        auto chord = bar.ChordSymbols.begin();
-        for (const ModelEvent& event : bar.Events) {
-            if (event.Position > now)
-                Add(Add(measure, "forward"), "duration", event.Position - now);
-            for (; chord != bar.ChordSymbols.end() && chord->Position <= event.Position; ++chord)
-                WriteHarmony(measure, *chord);
-            WriteEvent(measure, event);
-            now = std::max(now, event.Position) + event.Duration;
+    void WriteMusic(xml_node measure, const ModelBar& bar, const WrittenBar& written) {
+        const std::vector<std::vector<Beam>> beams = BeamsOf(written);
+        std::size_t chord = 0;
+        for (std::size_t index = 0; index < written.Pieces.size(); ++index) {
+            const WrittenPiece& piece = written.Pieces[index];
+            const int end = piece.Position + piece.GetDuration();
+            for (; chord < bar.ChordSymbols.size() && written.ChordPositions[chord] < end; ++chord)
+                WriteHarmony(measure, bar.ChordSymbols[chord],
+                             written.ChordPositions[chord] - piece.Position);
+            if (!written.IsRest())
+                WritePiece(measure, piece, beams[index]);
         }
-        for (; chord != bar.ChordSymbols.end(); ++chord)
-            WriteHarmony(measure, *chord);
-        if (bar.Events.empty() && bar.Length > 0)
+        for (; chord < bar.ChordSymbols.size(); ++chord)
+            WriteHarmony(measure, bar.ChordSymbols[chord], 0);
+        if (written.IsRest())
+            WriteWholeBarRest(measure, written.Length);
+        else if (written.Pieces.empty() && bar.Length > 0)
             WriteWholeBarRest(measure, bar.Length);
-        else if (now < bar.Length)
-            Add(Add(measure, "forward"), "duration", bar.Length - now);
     }
 
-    void WriteWholeBarRest(xml_node measure, int length) const {
+    void WriteWholeBarRest(xml_node measure, int length) {
         xml_node note = Add(measure, "note");
+        // Where nobody knows how long anything lasts, an empty bar shows nothing.
+        if (!m_Score.HasRhythms)
+            Set(note, "print-object", "no");
         Set(Add(note, "rest"), "measure", "yes");
         Add(note, "duration", length);
         Add(note, "voice", 1);
+        m_OpenTies.clear();
     }
 
-    void WriteEvent(xml_node measure, const ModelEvent& event) {
-        if (event.Notes.empty()) {
+    void WritePiece(xml_node measure, const WrittenPiece& piece, const std::vector<Beam>& beams) {
+        std::set<std::pair<int, int>> tiedFrom;
+        if (piece.Notes == nullptr) {
             xml_node note = Add(measure, "note");
             Add(note, "rest");
-            WriteLength(note, event.Duration);
-            m_OpenTies.clear();
-            return;
-        }
-        std::set<std::pair<int, int>> tiedFrom;
-        bool isFirst = true;
-        for (const ModelNote& note : event.Notes) {
-            const std::pair<int, int> key{note.String, note.Midi};
-            const bool isTiedFrom = m_OpenTies.count(key) != 0;
-            WriteNote(measure, event, note, isFirst, isTiedFrom);
-            if (note.TiedToNext)
-                tiedFrom.insert(key);
-            isFirst = false;
+            Add(note, "duration", piece.GetDuration());
+            WriteValue(note, piece);
+        } else {
+            for (std::size_t index = 0; index < piece.Notes->size(); ++index) {
+                const ModelNote& note = (*piece.Notes)[index];
+                WriteNote(measure, piece, index, beams);
+                if (piece.IsTied[index])
+                    tiedFrom.insert({note.String, note.Midi});
+            }
         }
         m_OpenTies = std::move(tiedFrom);
     }
 
-    void WriteLength(xml_node note, int duration) const {
-        Add(note, "duration", duration);
+    static void WriteValue(xml_node note, const WrittenPiece& piece) {
         Add(note, "voice", 1);
-        Add(note, "type", std::string(NoteType(duration)));
+        Add(note, "type", std::string(NoteType(piece.Value)));
+        for (int dot = 0; dot < piece.Dots; ++dot)
+            Add(note, "dot");
     }
 
-    void WriteNote(xml_node measure, const ModelEvent& event, const ModelNote& model, bool isFirst,
-                   bool isTiedFrom) {
+    void WriteNote(xml_node measure, const WrittenPiece& piece, std::size_t index,
+                   const std::vector<Beam>& beams) {
+        const ModelNote& model = (*piece.Notes)[index];
+        const TieEnds ties{m_OpenTies.count({model.String, model.Midi}) != 0, piece.IsTied[index]};
         xml_node note = Add(measure, "note");
-        if (!isFirst)
+        if (index > 0)
             Add(note, "chord");
+        WritePitch(note, model);
+        Add(note, "duration", piece.GetDuration());
+        WriteTies(note, "tie", ties);
+        WriteValue(note, piece);
+        if (!m_Score.HasRhythms)
+            Add(note, "stem", std::string("none"));
+        MusicXmlMarks::WriteNotehead(note, model);
+        for (std::size_t level = 0; level < beams.size() && index == 0; ++level)
+            Set(Add(note, "beam", std::string(BeamText(beams[level]))), "number", std::to_string(level + 1));
+        WriteNotations(note, model, ties);
+        MusicXmlMarks::WritePlay(note, model);
+    }
+
+    static void WritePitch(xml_node note, const ModelNote& model) {
         const SpelledPitch spelled = Spell(model.Midi, model.Diat);
         xml_node pitch = Add(note, "pitch");
         Add(pitch, "step", std::string(1, spelled.Step));
         if (spelled.Alter != 0)
             Add(pitch, "alter", spelled.Alter);
         Add(pitch, "octave", spelled.Octave);
-        Add(note, "duration", event.Duration);
-        if (isTiedFrom)
-            Set(Add(note, "tie"), "type", "stop");
-        if (model.TiedToNext)
-            Set(Add(note, "tie"), "type", "start");
-        Add(note, "voice", 1);
-        Add(note, "type", std::string(NoteType(event.Duration)));
-        if (!m_Score.HasRhythms)
-            Add(note, "stem", std::string("none"));
-        MusicXmlMarks::WriteNotehead(note, model);
-        WriteNotations(note, model, isTiedFrom);
-        MusicXmlMarks::WritePlay(note, model);
     }
 
-    void WriteNotations(xml_node note, const ModelNote& model, bool isTiedFrom) {
+    // Of one note: a tie ends at it, and one begins.
+    struct TieEnds {
+        bool Stops;
+        bool Starts;
+    };
+
+    static void WriteTies(xml_node parent, const char* element, const TieEnds& ties) {
+        if (ties.Stops)
+            Set(Add(parent, element), "type", "stop");
+        if (ties.Starts)
+            Set(Add(parent, element), "type", "start");
+    }
+
+    void WriteNotations(xml_node note, const ModelNote& model, const TieEnds& ties) {
         // A stave of the text that is tuned lower than the first one may give notes that its stave type has
         // no fret for.
         const bool hasFret = model.Fret >= 0;
-        const bool hasMarks = !isTiedFrom && m_Marks.HasNotations(model);
-        if (!hasFret && !hasMarks && !isTiedFrom && !model.TiedToNext)
+        const bool hasMarks = !ties.Stops && m_Marks.HasNotations(model);
+        if (!hasFret && !hasMarks && !ties.Stops && !ties.Starts)
             return;
         xml_node notations = Add(note, "notations");
-        if (isTiedFrom)
-            Set(Add(notations, "tied"), "type", "stop");
-        if (model.TiedToNext)
-            Set(Add(notations, "tied"), "type", "start");
+        WriteTies(notations, "tied", ties);
         if (!hasFret && !hasMarks)
             return;
         xml_node technical = Add(notations, "technical");
@@ -268,7 +311,8 @@ private:
         Add(technical, "fret", model.Fret);
     }
 
-    void WriteHarmony(xml_node measure, const ModelText& symbol) const {
+    // `offset` is from the next note on.
+    void WriteHarmony(xml_node measure, const ModelText& symbol, int offset) const {
         const ChordName name = ChordName::Parse(symbol.Text);
         xml_node harmony = Add(measure, "harmony");
         xml_node root = Add(harmony, "root");
@@ -291,6 +335,8 @@ private:
             Add(node, "degree-alter", degree.Alter);
             Add(node, "degree-type", std::string(degree.How == ChordDegree::Change::Add ? "add" : "alter"));
         }
+        if (offset > 0)
+            Add(harmony, "offset", offset);
     }
 
     // What stands between root and bass: readers write root and bass themselves.
@@ -303,10 +349,11 @@ private:
     }
 
     const ScoreModel& m_Score;
+    std::vector<WrittenBar> m_Bars;
     // Of the present bar.
     const std::vector<int>* m_Tuning;
     MusicXmlMarks m_Marks;
-    // String and pitch of the notes that are tied into the next event.
+    // String and pitch of the notes that are tied into the next piece.
     std::set<std::pair<int, int>> m_OpenTies;
 };
 

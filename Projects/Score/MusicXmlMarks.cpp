@@ -158,12 +158,14 @@ void MusicXmlMarks::WriteRepeatStart(xml_node measure, const ModelRepeats& repea
     Set(Add(barline, "repeat"), "direction", "forward");
 }
 
-void MusicXmlMarks::WriteRepeatEnd(xml_node measure, const ModelRepeats& repeats) {
-    if (!repeats.IsEnd)
+void MusicXmlMarks::WriteBarEnd(xml_node measure, const ModelRepeats& repeats, bool isLast) {
+    if (!repeats.IsEnd && !isLast)
         return;
     xml_node barline = Add(measure, "barline");
     Set(barline, "location", "right");
     Add(barline, "bar-style", "light-heavy");
+    if (!repeats.IsEnd)
+        return;
     xml_node repeat = Add(barline, "repeat");
     Set(repeat, "direction", "backward");
     Set(repeat, "times", std::to_string(repeats.Times).c_str());

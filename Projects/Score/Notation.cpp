@@ -1,6 +1,7 @@
 #include "Projects/Score/Notation.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace Score {
 
@@ -12,46 +13,78 @@ constexpr int kLongestValue = 4 * kUnitsPerWholeNote;
 struct Stretch {
     int Position = 0;
     int Length = 0;
-    const ModelEvent* Event = nullptr;
-    // It is tied to the stretch after it, in the next bar.
-    bool TiedToNext = false;
+    // Null for a rest. A stretch of tied events ends with another one than it begins with.
+    const ModelEvent* First = nullptr;
+    const ModelEvent* Last = nullptr;
     bool IsStruck = true;
 };
 
-bool IsTied(const ModelEvent& event) {
-    return !event.Notes.empty() && std::all_of(event.Notes.begin(), event.Notes.end(),
-                                               [](const ModelNote& note) { return note.TiedToNext; });
+bool IsSameNote(const ModelNote& a, const ModelNote& b) {
+    return a.String == b.String && a.Midi == b.Midi;
+}
+
+const ModelNote* FindSame(const std::vector<ModelNote>& notes, const ModelNote& note) {
+    const auto found = std::find_if(notes.begin(), notes.end(),
+                                    [&](const ModelNote& other) { return IsSameNote(note, other); });
+    return found == notes.end() ? nullptr : &*found;
+}
+
+bool GoesOnFrom(const ModelNote& note, const ModelEvent& before) {
+    const ModelNote* same = FindSame(before.Notes, note);
+    return same != nullptr && same->TiedToNext;
+}
+
+bool IsAllTied(const ModelEvent& event) {
+    return std::all_of(event.Notes.begin(), event.Notes.end(),
+                       [](const ModelNote& note) { return note.TiedToNext; });
 }
 
 bool HasSameNotes(const ModelEvent& a, const ModelEvent& b) {
-    return std::equal(
-        a.Notes.begin(), a.Notes.end(), b.Notes.begin(), b.Notes.end(),
-        [](const ModelNote& x, const ModelNote& y) { return x.String == y.String && x.Midi == y.Midi; });
+    return std::equal(a.Notes.begin(), a.Notes.end(), b.Notes.begin(), b.Notes.end(), IsSameNote);
 }
 
-// A value may begin at each multiple of its half: a syncopation is written as one note, anything finer is cut
-// and tied.
-bool FitsAt(int position, int value, int dots) {
-    const int step = dots > 0 ? value : std::max(value / 2, 1);
-    return position % step == 0;
-}
+// Values as one metre allows them.
+class Metre {
+public:
+    explicit Metre(const WrittenBar& bar) : m_Beat(CompoundBeat(bar.Metre)), m_Offset(bar.GetOffset()) {}
 
-// The longest value that fits at the position and into the length.
-WrittenPiece LongestPiece(int position, int length) {
-    WrittenPiece piece;
-    piece.Position = position;
-    for (int value = kLongestValue; value > 0; value /= 2) {
-        for (const int dots : {1, 0}) {
-            piece.Value = value;
-            piece.Dots = dots;
-            if (piece.GetDuration() <= length && (value > 1 || dots == 0) && FitsAt(position, value, dots))
-                return piece;
+    // The longest value that fits at the position and into the length.
+    WrittenPiece LongestPiece(int position, int length) const {
+        WrittenPiece piece;
+        piece.Position = position;
+        for (int value = kLongestValue; value > 0; value /= 2) {
+            for (const int dots : {1, 0}) {
+                piece.Value = value;
+                piece.Dots = dots;
+                if (piece.GetDuration() <= length && (value > 1 || dots == 0) && Fits(piece))
+                    return piece;
+            }
         }
+        piece.Value = 1;
+        piece.Dots = 0;
+        return piece;
     }
-    piece.Value = 1;
-    piece.Dots = 0;
-    return piece;
-}
+
+private:
+    // A value may begin at each multiple of its half: a syncopation is written as one note, anything finer is
+    // cut and tied. A dotted value begins where its value may stand, or ends where twice that does. None
+    // crosses a beat of three parts, unless it is one or several of them.
+    bool Fits(const WrittenPiece& piece) const {
+        int position = piece.Position + m_Offset;
+        const int duration = piece.GetDuration();
+        if (m_Beat != 0) {
+            position %= m_Beat;
+            if (position + duration > m_Beat)
+                return position == 0 && duration % m_Beat == 0;
+        }
+        if (piece.Dots > 0)
+            return position % piece.Value == 0 || (position + duration) % (2 * piece.Value) == 0;
+        return position % std::max(piece.Value / 2, 1) == 0;
+    }
+
+    int m_Beat;
+    int m_Offset;
+};
 
 // Writes the bars one after the other; a tie reaches over a barline.
 class Writer {
@@ -60,29 +93,49 @@ public:
 
     std::vector<WrittenBar> Write() {
         std::vector<WrittenBar> bars;
-        for (const ModelBar& bar : m_Score.Bars)
-            bars.push_back(m_Score.HasRhythms ? WriteBar(bar) : WriteWithoutRhythms(bar));
+        ModelTimeSignature metre = m_Score.FirstTimeSignature;
+        for (const ModelBar& bar : m_Score.Bars) {
+            metre = bar.TimeSignature.value_or(metre);
+            bars.push_back(m_Score.HasRhythms ? WriteBar(bar, metre, bars.empty())
+                                              : WriteWithoutRhythms(bar, metre));
+        }
+        KeepTiesThatLeadSomewhere(bars);
         return bars;
     }
 
 private:
-    static WrittenBar WriteWithoutRhythms(const ModelBar& bar) {
-        WrittenBar written;
+    // A chord symbol stands at the note that it stood at.
+    WrittenBar WriteWithoutRhythms(const ModelBar& bar, const ModelTimeSignature& metre) {
+        WrittenBar written{0, metre};
+        auto chord = bar.ChordSymbols.begin();
         for (const ModelEvent& event : bar.Events) {
-            if (event.Notes.empty())
+            const bool goesOn = GoesOn(event);
+            m_Before = event.Notes.empty() ? nullptr : &event;
+            if (event.Notes.empty() || goesOn)
                 continue;
-            written.Pieces.push_back({written.Length, kUnitsPerCrotchet, 0, &event.Notes, false, true});
+            for (; chord != bar.ChordSymbols.end() && chord->Position <= event.Position; ++chord)
+                written.ChordPositions.push_back(written.Length);
+            written.Pieces.push_back({written.Length, kUnitsPerCrotchet, 0, &event.Notes,
+                                      std::vector<bool>(event.Notes.size()), true});
             written.Length += kUnitsPerCrotchet;
         }
+        written.ChordPositions.resize(bar.ChordSymbols.size(),
+                                      std::max(written.Length - kUnitsPerCrotchet, 0));
         return written;
     }
 
-    WrittenBar WriteBar(const ModelBar& bar) {
-        WrittenBar written;
-        for (const Stretch& stretch : StretchesOf(bar)) {
-            written.Length = stretch.Position + stretch.Length;
-            Cut(stretch, written.Pieces);
-        }
+    WrittenBar WriteBar(const ModelBar& bar, const ModelTimeSignature& metre, bool isFirst) {
+        const std::vector<Stretch> stretches = StretchesOf(bar);
+        WrittenBar written{0, metre};
+        if (!stretches.empty())
+            written.Length = stretches.back().Position + stretches.back().Length;
+        written.IsPickup = isFirst && m_Score.Bars.size() > 1 && written.Length > 0 &&
+                           written.Length < WrittenBar::LengthOf(metre);
+        const Metre grid(written);
+        for (const Stretch& stretch : stretches)
+            Cut(stretch, grid, written.Pieces);
+        for (const ModelText& chord : bar.ChordSymbols)
+            written.ChordPositions.push_back(std::clamp(chord.Position, 0, written.Length));
         return written;
     }
 
@@ -91,49 +144,85 @@ private:
         int cursor = 0;
         for (const ModelEvent& event : bar.Events) {
             if (event.Position > cursor)
-                Append(stretches, {cursor, event.Position - cursor, nullptr, false, true});
+                AppendRest(stretches, cursor, event.Position);
             const int start = std::max(cursor, event.Position);
-            const int length = event.Position + event.Duration - start;
-            if (length <= 0)
+            const int end = event.Position + event.Duration;
+            if (end <= start)
                 continue;
-            const ModelEvent* notes = event.Notes.empty() ? nullptr : &event;
-            const bool goesOn = notes != nullptr && m_Before != nullptr && IsTied(*m_Before) &&
-                                HasSameNotes(*m_Before, event);
-            Append(stretches, {start, length, notes, false, !goesOn});
-            m_Before = notes;
-            cursor = start + length;
+            if (event.Notes.empty())
+                AppendRest(stretches, start, end);
+            else
+                AppendNotes(stretches, start, end, event);
+            cursor = end;
         }
         if (cursor < bar.Length)
-            Append(stretches, {cursor, bar.Length - cursor, nullptr, false, true});
-        if (!stretches.empty() && m_Before != nullptr && IsTied(*m_Before))
-            stretches.back().TiedToNext = true;
+            AppendRest(stretches, cursor, bar.Length);
         return stretches;
     }
 
-    // Joins what goes on from the stretch before, in the same bar.
-    static void Append(std::vector<Stretch>& stretches, const Stretch& stretch) {
-        const bool isRest = stretch.Event == nullptr;
-        const bool joins =
-            !stretches.empty() && (isRest ? stretches.back().Event == nullptr
-                                          : stretches.back().Event != nullptr && !stretch.IsStruck);
-        if (joins)
-            stretches.back().Length += stretch.Length;
+    void AppendRest(std::vector<Stretch>& stretches, int start, int end) {
+        if (!stretches.empty() && stretches.back().First == nullptr)
+            stretches.back().Length = end - stretches.back().Position;
         else
-            stretches.push_back(stretch);
+            stretches.push_back({start, end - start});
+        m_Before = nullptr;
     }
 
-    static void Cut(const Stretch& stretch, std::vector<WrittenPiece>& pieces) {
+    // Joins what goes on from the stretch before, in the same bar.
+    void AppendNotes(std::vector<Stretch>& stretches, int start, int end, const ModelEvent& event) {
+        const bool joins = !stretches.empty() && m_Before != nullptr && IsAllTied(*m_Before) &&
+                           HasSameNotes(*m_Before, event);
+        if (joins) {
+            stretches.back().Length = end - stretches.back().Position;
+            stretches.back().Last = &event;
+        } else {
+            stretches.push_back({start, end - start, &event, &event, !GoesOn(event)});
+        }
+        m_Before = &event;
+    }
+
+    // All its notes go on from the event before.
+    bool GoesOn(const ModelEvent& event) const {
+        return m_Before != nullptr &&
+               std::all_of(event.Notes.begin(), event.Notes.end(),
+                           [&](const ModelNote& note) { return GoesOnFrom(note, *m_Before); });
+    }
+
+    static void Cut(const Stretch& stretch, const Metre& metre, std::vector<WrittenPiece>& pieces) {
         int position = stretch.Position;
         int left = stretch.Length;
         while (left > 0) {
-            WrittenPiece piece = LongestPiece(position, left);
-            piece.Notes = stretch.Event == nullptr ? nullptr : &stretch.Event->Notes;
+            WrittenPiece piece = metre.LongestPiece(position, left);
             piece.IsStruck = stretch.IsStruck && position == stretch.Position;
             position += piece.GetDuration();
             left -= piece.GetDuration();
-            piece.TiedToNext = stretch.Event != nullptr && (left > 0 || stretch.TiedToNext);
-            pieces.push_back(piece);
+            if (stretch.First != nullptr) {
+                piece.Notes = &stretch.First->Notes;
+                for (const ModelNote& note : stretch.Last->Notes)
+                    piece.IsTied.push_back(left > 0 || note.TiedToNext);
+            }
+            pieces.push_back(std::move(piece));
         }
+    }
+
+    // A tie into a rest, or into other notes, is none.
+    static void KeepTiesThatLeadSomewhere(std::vector<WrittenBar>& bars) {
+        WrittenPiece* before = nullptr;
+        for (WrittenBar& bar : bars) {
+            for (WrittenPiece& piece : bar.Pieces) {
+                if (before != nullptr)
+                    KeepTiesInto(*before, piece.Notes);
+                before = &piece;
+            }
+        }
+        if (before != nullptr)
+            KeepTiesInto(*before, nullptr);
+    }
+
+    static void KeepTiesInto(WrittenPiece& piece, const std::vector<ModelNote>* next) {
+        for (std::size_t note = 0; note < piece.IsTied.size(); ++note)
+            if (next == nullptr || FindSame(*next, (*piece.Notes)[note]) == nullptr)
+                piece.IsTied[note] = false;
     }
 
     const ScoreModel& m_Score;
@@ -142,6 +231,29 @@ private:
 };
 
 } // namespace
+
+bool WrittenPiece::HasTie() const {
+    return std::find(IsTied.begin(), IsTied.end(), true) != IsTied.end();
+}
+
+bool WrittenBar::IsRest() const {
+    return !Pieces.empty() && std::all_of(Pieces.begin(), Pieces.end(),
+                                          [](const WrittenPiece& piece) { return piece.Notes == nullptr; });
+}
+
+int WrittenBar::LengthOf(const ModelTimeSignature& metre) {
+    // A damaged score may count more beats than there are units of time.
+    const int beat = kUnitsPerWholeNote / metre.Denominator;
+    return beat * std::min(metre.Numerator, std::numeric_limits<int>::max() / beat);
+}
+
+int CompoundBeat(const ModelTimeSignature& metre) {
+    constexpr int kParts = 3;
+    constexpr int kQuaver = 8;
+    const bool isCompound =
+        metre.Numerator % kParts == 0 && (metre.Numerator > kParts || metre.Denominator >= kQuaver);
+    return isCompound ? kUnitsPerWholeNote / metre.Denominator * kParts : 0;
+}
 
 std::vector<WrittenBar> WriteOut(const ScoreModel& score) {
     return Writer(score).Write();

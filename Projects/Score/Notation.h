@@ -15,24 +15,43 @@ struct WrittenPiece {
     int Dots = 0;
     /// Null for a rest.
     const std::vector<ModelNote>* Notes = nullptr;
-    /// It goes on into the next piece, which has the same notes.
-    bool TiedToNext = false;
-    /// The first piece of what is struck: only here stand signs of how it is played.
+    /// One entry a note: it is tied to the same note in the next piece. Empty for a rest.
+    std::vector<bool> IsTied = {};
+    /// At least one of the notes is struck here. Signs of how it is played stand only where it is.
     bool IsStruck = true;
 
     int GetDuration() const { return Value + (Dots > 0 ? Value / 2 : 0); }
+    bool HasTie() const;
 };
 
 /// One bar as a reader of music expects it.
 struct WrittenBar {
     /// All pieces together, in score units.
     int Length = 0;
-    std::vector<WrittenPiece> Pieces;
+    /// The time signature in force.
+    ModelTimeSignature Metre = {};
+    /// The first bar, when it is the end of a bar of its metre.
+    bool IsPickup = false;
+    std::vector<WrittenPiece> Pieces = {};
+    /// Where each chord symbol of the bar stands, in the positions of the pieces.
+    std::vector<int> ChordPositions = {};
+
+    /// Where the bar begins in its metre: 0 but for a pickup.
+    int GetOffset() const { return IsPickup ? LengthOf(Metre) - Length : 0; }
+    /// There are pieces, and all are rests.
+    bool IsRest() const;
+
+    /// In score units.
+    static int LengthOf(const ModelTimeSignature& metre);
 };
 
+/// How long a beat of three parts lasts, such as the dotted crotchet of 6/8; 0 for a metre whose beats have
+/// two.
+int CompoundBeat(const ModelTimeSignature& metre);
+
 /// Writes a score out: the tied pieces of one struck note become one dotted note, and rests one rest, where
-/// the beat allows it; what is empty becomes rests. A score without rhythms has a crotchet for each chord, in
-/// order, and no rests. The model must outlive the result.
+/// the beat allows it; what is empty becomes rests. A score without rhythms has a crotchet for each chord
+/// that is struck, in order, and no rests. The model must outlive the result.
 std::vector<WrittenBar> WriteOut(const ScoreModel& score);
 
 } // namespace Score

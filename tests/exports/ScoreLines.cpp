@@ -1,18 +1,21 @@
-// Prints what a score file holds, one line a bar, event and chord symbol, for comparison with what other
-// programs understood of its exports:
+// Prints what a score file holds, one line a bar, chord symbol, sounding note and rest, for comparison with
+// what other programs understood of its exports:
 //
-//     bar 1
-//     chord Am
-//     256 5:3:48 2:1:60        duration in score units, then string (1 is the highest), fret, MIDI note; "~"
-//     when tied on 128 rest
+//     rhythms                       when the score has them
+//     bar 1 for 1024                its length in score units
+//     chord Am at 0
+//     0 for 256 5:3:48              from the start of the bar, in all, ties joined: string (1 is the
+//     highest), 256 for 768 rest              fret, MIDI note
 //
-// With the tab and the folder of the options as further arguments, each note that the text marks has the
-// letters of its techniques at its end: "256 5:3:48=hv". The frets are then compared with the digits of the
-// text first; nothing is printed when they differ.
+// The times are those of the timeline that MIDI is made from. Of a score without rhythms only the order
+// counts: each chord lasts 256 units. With the tab and the folder of the options as further arguments, each
+// note that the text marks has the letters of its techniques at its end: "0 for 256 5:3:48=hv". The
+// frets are then compared with the digits of the text first; nothing is printed when they differ.
 
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Opening/WholeFile.h"
 #include "Projects/Score/ScoreModel.h"
+#include "Projects/Score/Timeline.h"
 #include "Projects/Score/Utf8.h"
 #include "Projects/TabText/Markings.h"
 #include "Projects/TabText/StruckNotes.h"
@@ -32,7 +35,7 @@ using Opening::ReadWholeFile;
 using namespace Score;
 
 // The techniques that both reading programs can hold, or one of them.
-std::string Letters(const ModelNote& note) {
+std::string Letters(const std::vector<ModelTechnique>& techniques) {
     static constexpr std::pair<Technique, char> kLetters[] = {
         {Technique::HammerOn, 'h'}, {Technique::PullOff, 'h'},         {Technique::Slide, 's'},
         {Technique::Bend, 'b'},     {Technique::Vibrato, 'v'},         {Technique::Dead, 'x'},
@@ -40,27 +43,9 @@ std::string Letters(const ModelNote& note) {
     };
     std::string letters;
     for (const auto& [kind, letter] : kLetters)
-        if (FindTechnique(note.Techniques, kind) != nullptr && letters.find(letter) == std::string::npos)
+        if (FindTechnique(techniques, kind) != nullptr && letters.find(letter) == std::string::npos)
             letters += letter;
     return letters.empty() ? letters : "=" + letters;
-}
-
-void PrintEvent(const std::vector<int>& tuning, const ModelEvent& event) {
-    std::cout << event.Duration;
-    if (event.Notes.empty())
-        std::cout << " rest";
-    std::vector<ModelNote> notes = event.Notes;
-    std::sort(notes.begin(), notes.end(),
-              [](const ModelNote& a, const ModelNote& b) { return a.String > b.String; });
-    for (const ModelNote& note : notes) {
-        std::cout << ' ';
-        if (note.Fret < 0)
-            std::cout << "-:-";
-        else
-            std::cout << static_cast<int>(tuning.size()) - note.String << ':' << note.Fret;
-        std::cout << ':' << note.Midi << (note.TiedToNext ? "~" : "") << Letters(note);
-    }
-    std::cout << '\n';
 }
 
 // Each note that is struck in some bars: string from the lowest, fret.
@@ -105,19 +90,107 @@ bool HasTheFretsOfTheText(const TabText::TabReading& reading, const ScoreModel& 
     return true;
 }
 
-void PrintBar(const ScoreModel& score, const std::vector<int>& tuning, std::size_t index) {
-    const ModelBar& bar = score.Bars[index];
-    std::cout << "bar " << index + 1 << (bar.Repeats.IsStart ? " [" : "");
-    if (bar.Repeats.IsEnd)
-        std::cout << " ]" << bar.Repeats.Times;
-    std::cout << '\n';
-    for (const ModelEvent& event : bar.Events) {
-        for (const ModelText& chord : bar.ChordSymbols)
-            if (chord.Position == event.Position)
-                std::cout << "chord " << ToUtf8(chord.Text) << '\n';
-        PrintEvent(tuning, event);
+// What is printed of one bar after its chord symbols, by start; rests and then strings from the highest.
+struct Line {
+    int Start;
+    int String;
+    int Duration;
+    std::string Text;
+};
+
+class Printer {
+public:
+    explicit Printer(const ScoreModel& score)
+        : m_Score(score), m_Tuning(&score.Tuning), m_Starts(BarStarts(score)), m_Notes(SoundingNotes(score)) {
     }
-}
+
+    void Print() {
+        if (m_Score.HasRhythms)
+            std::cout << "rhythms\n";
+        if (m_Score.Heading.Capo > 0)
+            std::cout << "capo " << m_Score.Heading.Capo << '\n';
+        for (std::size_t bar = 0; bar < m_Score.Bars.size(); ++bar)
+            PrintBar(bar);
+    }
+
+private:
+    void PrintBar(std::size_t index) {
+        const ModelBar& bar = m_Score.Bars[index];
+        if (bar.Tuning)
+            m_Tuning = &*bar.Tuning;
+        std::vector<Line> lines = LinesOf(index);
+        std::cout << "bar " << index + 1 << " for " << LengthOf(index, lines)
+                  << (bar.Repeats.IsStart ? " [" : "");
+        if (bar.Repeats.IsEnd)
+            std::cout << " ]" << bar.Repeats.Times;
+        std::cout << '\n';
+        for (const ModelText& chord : bar.ChordSymbols)
+            std::cout << "chord " << ToUtf8(chord.Text) << " at " << OrderedTime(lines, chord.Position)
+                      << '\n';
+        std::vector<Line> ordered = lines;
+        for (Line& line : ordered)
+            line.Start = OrderedTime(lines, line.Start);
+        std::sort(ordered.begin(), ordered.end(), [](const Line& a, const Line& b) {
+            return a.Start != b.Start ? a.Start < b.Start : a.String > b.String;
+        });
+        for (const Line& line : ordered)
+            std::cout << line.Start << " for " << line.Duration << ' ' << line.Text << '\n';
+    }
+
+    std::vector<Line> LinesOf(std::size_t bar) {
+        const int start = m_Starts[bar];
+        const int end = m_Starts[bar + 1];
+        std::vector<Line> lines;
+        for (; m_Next < m_Notes.size() && m_Notes[m_Next].Start < end; ++m_Next) {
+            const SoundingNote& note = m_Notes[m_Next];
+            AddRest(lines, start, note.Start);
+            m_SilentFrom = std::max(m_SilentFrom, note.End);
+            lines.push_back({note.Start - start, note.String,
+                             m_Score.HasRhythms ? note.End - note.Start : kUnitsPerCrotchet, TextOf(note)});
+        }
+        AddRest(lines, start, end);
+        return lines;
+    }
+
+    void AddRest(std::vector<Line>& lines, int barStart, int end) {
+        if (m_Score.HasRhythms && end > m_SilentFrom)
+            lines.push_back({m_SilentFrom - barStart, -1, end - m_SilentFrom, "rest"});
+        m_SilentFrom = std::max(m_SilentFrom, end);
+    }
+
+    std::string TextOf(const SoundingNote& note) const {
+        const std::string place = note.Fret < 0
+                                      ? "-:-"
+                                      : std::to_string(static_cast<int>(m_Tuning->size()) - note.String) +
+                                            ":" + std::to_string(note.Fret);
+        return place + ":" + std::to_string(note.Midi) + Letters(*note.Techniques);
+    }
+
+    int LengthOf(std::size_t bar, const std::vector<Line>& lines) const {
+        const int length = m_Starts[bar + 1] - m_Starts[bar];
+        return lines.empty() ? length : OrderedTime(lines, length);
+    }
+
+    // The time itself where there are rhythms, else as many crotchets as chords begin before it.
+    int OrderedTime(const std::vector<Line>& lines, int time) const {
+        if (m_Score.HasRhythms)
+            return time;
+        std::set<int> before;
+        for (const Line& line : lines)
+            if (line.Start < time)
+                before.insert(line.Start);
+        return static_cast<int>(before.size()) * kUnitsPerCrotchet;
+    }
+
+    const ScoreModel& m_Score;
+    // Of the present bar.
+    const std::vector<int>* m_Tuning;
+    std::vector<int> m_Starts;
+    std::vector<SoundingNote> m_Notes;
+    // The first note that begins in the present bar or after it.
+    std::size_t m_Next = 0;
+    int m_SilentFrom = 0;
+};
 
 } // namespace
 
@@ -137,13 +210,6 @@ int main(int argc, char** argv) {
         if (!HasTheFretsOfTheText(reading, *score))
             return 1;
     }
-    if (score->Heading.Capo > 0)
-        std::cout << "capo " << score->Heading.Capo << '\n';
-    const std::vector<int>* tuning = &score->Tuning;
-    for (std::size_t bar = 0; bar < score->Bars.size(); ++bar) {
-        if (score->Bars[bar].Tuning)
-            tuning = &*score->Bars[bar].Tuning;
-        PrintBar(*score, *tuning, bar);
-    }
+    Printer(*score).Print();
     return 0;
 }

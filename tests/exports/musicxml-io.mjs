@@ -2,6 +2,7 @@
 import './web-crypto.mjs';
 import { parse } from 'musicxml-io';
 import { readFileSync } from 'node:fs';
+import { Sounding } from './sounding.mjs';
 
 const steps = { C: 0, D: 2, E: 4, F: 5, G: 7, A: 9, B: 11 };
 const sign = (alter) => (alter > 0 ? '#' : alter < 0 ? 'b' : '');
@@ -30,7 +31,13 @@ function marks(entry) {
 function note(entry) {
     const midi = 12 * (entry.pitch.octave + 1) + steps[entry.pitch.step] + (entry.pitch.alter ?? 0);
     const ties = entry.ties ?? (entry.tie ? [entry.tie] : []);
-    return `${technical(entry, 'string')}:${technical(entry, 'fret')}:${midi}${ties.some((t) => t.type === 'start') ? '~' : ''}${marks(entry)}`;
+    return {
+        string: parseInt(technical(entry, 'string')) || 0,
+        text: `${technical(entry, 'string')}:${technical(entry, 'fret')}:${midi}`,
+        marks: marks(entry),
+        isTiedFrom: ties.some((t) => t.type === 'stop'),
+        isTiedOn: ties.some((t) => t.type === 'start'),
+    };
 }
 
 const repeats = (measure) =>
@@ -39,22 +46,28 @@ const repeats = (measure) =>
         .join('');
 
 const score = parse(readFileSync(process.argv[2], 'utf8'));
-score.parts[0].measures.forEach((measure, index) => {
-    console.log(`bar ${index + 1}${repeats(measure)}`);
-    let event = null;
+const sounding = new Sounding();
+for (const measure of score.parts[0].measures) {
+    sounding.bar(repeats(measure));
+    let piece = null;
     const flush = () => {
-        if (event) console.log(`${event.duration} ${event.notes.length ? event.notes.sort((a, b) => parseInt(a) - parseInt(b)).join(' ') : 'rest'}`);
-        event = null;
+        if (piece) sounding.piece(piece.duration, piece.notes);
+        piece = null;
     };
     for (const entry of measure.entries) {
         if (entry.type === 'harmony') {
             flush();
-            console.log(`chord ${chord(entry)}`);
-        } else if (entry.type === 'note' && !entry.rest?.measure) {
+            sounding.chord(chord(entry), entry.offset ?? 0);
+        } else if (entry.type === 'note') {
             if (!entry.chord) flush();
-            event ??= { duration: entry.duration, notes: [] };
-            if (entry.pitch) event.notes.push(note(entry));
+            if (entry.printObject === false) {
+                sounding.empty(entry.duration);
+                continue;
+            }
+            piece ??= { duration: entry.duration, notes: [] };
+            if (entry.pitch) piece.notes.push(note(entry));
         }
     }
     flush();
-});
+}
+sounding.print();

@@ -21,7 +21,7 @@ std::string Describe(const pugi::xml_node& note) {
     std::string text = note.child("rest") ? "rest"
                                           : Text(note, "pitch/step") + Text(note, "pitch/alter") + "/" +
                                                 Text(note, "pitch/octave");
-    text += " " + Text(note, "duration") + " " + Text(note, "type");
+    text += " " + Text(note, "duration") + " " + Text(note, "type") + (note.child("dot") ? "." : "");
     if (note.child("chord"))
         text += " chord";
     if (note.child("pitch"))
@@ -51,10 +51,26 @@ TEST(MusicXml, SaysWhatTheScoreHolds) {
     for (const auto& note : root.select_nodes("part/measure/note"))
         notes.push_back(Describe(note.node()));
     const std::vector<std::string> expected{
-        "C/3 256 quarter 5:3",        "C/4 256 quarter chord 2:1",    "rest 128 eighth",
-        "F1/2 256 quarter 6:2 start", "F1/2 512 half 6:2 stop start", "F1/2 256 quarter 6:2 stop",
+        "C/3 256 quarter 5:3",        "C/4 256 quarter chord 2:1", "rest 128 eighth",
+        "F1/2 256 quarter 6:2 start", "F1/2 768 half. 6:2 stop",
     };
     EXPECT_EQ(expected, notes);
+    EXPECT_EQ(1U, Count(root, "part/measure[1][@number='0'][@implicit='yes']")) << "a pickup";
+    EXPECT_EQ(1U, Count(root, "part/measure[2][@number='1']"));
+    EXPECT_EQ("light-heavy", Text(root, "part/measure[2]/barline[@location='right']/bar-style"));
+    EXPECT_EQ(1U, Count(root, "//barline"));
+}
+
+TEST(MusicXml, BeamsAndRestsOfABar) {
+    pugi::xml_document document;
+    ASSERT_TRUE(
+        document.load_string(MusicXmlText(TestSupport::ScoreOf({{192}, {64}, {-256}, {512}})).c_str()));
+    EXPECT_EQ("begin", Text(document, "//note[1]/beam[@number='1']"));
+    EXPECT_EQ("backward hook", Text(document, "//note[2]/beam[@number='2']"));
+    EXPECT_EQ(3U, Count(document, "//beam"));
+    ASSERT_TRUE(document.load_string(MusicXmlText(TestSupport::ScoreOf({{-256}, {-512}}, {3, 4})).c_str()));
+    EXPECT_EQ("768", Text(document, "//note[rest[@measure='yes']][not(type)]/duration"))
+        << "a whole bar's rest";
 }
 
 TEST(MusicXml, SaysHowNotesArePlayed) {
@@ -142,8 +158,8 @@ TEST(MusicXml, WithoutRhythmsThereIsNoMetreAndNoStem) {
     ASSERT_TRUE(document.load_string(MusicXmlText(score).c_str()));
     EXPECT_EQ(0U, Count(document, "//beats"));
     EXPECT_EQ(3U, Count(document, "//stem[text()='none']"));
-    EXPECT_EQ("768", Text(document, "//measure[2]/note/duration"))
-        << "an empty bar is a rest of its own length";
+    EXPECT_EQ("768", Text(document, "//measure[2]/note[@print-object='no'][rest]/duration"))
+        << "an empty bar is as long as it is, and shows nothing";
 }
 
 TEST(MusicXml, TheContainerHoldsTheScoreAndItsPlace) {

@@ -29,4 +29,32 @@ inline Score::ScoreModel SmallScore() {
     return score;
 }
 
+/// One part of a bar: a duration, negative for a rest; tied where the next one is to go on.
+struct Part {
+    int Duration;
+    bool IsTied = false;
+};
+
+/// A bar of these parts, each a note on the lowest string, in that metre.
+inline Score::ScoreModel ScoreOf(const std::vector<Part>& parts, Score::ModelTimeSignature metre = {4, 4}) {
+    using namespace Score;
+    ScoreModel score;
+    score.HasRhythms = true;
+    score.Tuning = {40, 45, 50, 55, 59, 64};
+    score.FirstTimeSignature = metre;
+    ModelBar bar;
+    int position = 0;
+    for (const Part& part : parts) {
+        const int duration = part.Duration < 0 ? -part.Duration : part.Duration;
+        ModelEvent event{position, duration, {}};
+        if (part.Duration > 0)
+            event.Notes = {{0, 0, 40, 0, part.IsTied}};
+        bar.Events.push_back(event);
+        position += duration;
+    }
+    bar.Length = position;
+    score.Bars = {bar};
+    return score;
+}
+
 } // namespace TestSupport
