@@ -15,5 +15,6 @@ void RunBends(Draft& draft);
 void RunDigits(Draft& draft);
 void RunText(Draft& draft);
 void RunRhythm(Draft& draft);
+void RunGrid(Draft& draft);
 
 } // namespace TabText
