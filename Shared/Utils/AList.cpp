@@ -15,6 +15,11 @@ namespace {
 constexpr std::uint32_t kLargestCapacity = std::numeric_limits<std::int32_t>::max();
 constexpr std::uint64_t kLargestBlock = std::numeric_limits<std::ptrdiff_t>::max();
 
+// In bytes.
+constexpr std::uint64_t ArraySize(std::uint32_t capacity) {
+    return std::uint64_t{ListGrowth::AllocatedSlots(capacity)} * sizeof(void*);
+}
+
 } // namespace
 
 std::uint32_t ListGrowth::NextCapacity(std::uint32_t capacity, std::uint32_t growBy) {
@@ -29,7 +34,15 @@ AList::AList(int capacity, int growBy) : m_GrowBy(static_cast<std::uint32_t>(std
 }
 
 AList::~AList() {
-    FreeBlock(m_Items);
+    AList::FreeArray(m_Items, 0);
+}
+
+void* AList::ResizeArray(void* array, std::size_t /*oldSize*/, std::size_t newSize) {
+    return ResizeBlock(array, newSize);
+}
+
+void AList::FreeArray(void* array, std::size_t /*size*/) noexcept {
+    FreeBlock(array);
 }
 
 void AList::Insert(void* item, int index) {
@@ -75,17 +88,16 @@ void AList::DeleteAll() {
     // Taken out first, so that an item that looks at its list on its way out finds an empty one.
     void** const items = std::exchange(m_Items, nullptr);
     const std::uint32_t count = std::exchange(m_Count, 0U);
-    m_Capacity = 0;
+    const std::uint32_t capacity = std::exchange(m_Capacity, 0U);
     for (std::uint32_t i = 0; i < count; ++i) {
         if (items[i] != nullptr)
             DeleteItem(items[i]);
     }
-    FreeBlock(items);
+    Free(items, capacity);
 }
 
 void AList::Forget() noexcept {
-    FreeBlock(std::exchange(m_Items, nullptr));
-    m_Capacity = 0;
+    Free(std::exchange(m_Items, nullptr), std::exchange(m_Capacity, 0U));
     m_Count = 0;
 }
 
@@ -117,14 +129,20 @@ void AList::Grow() {
 }
 
 void AList::SetCapacity(std::uint32_t capacity) {
-    const std::uint32_t slots = ListGrowth::AllocatedSlots(capacity);
-    if (m_Items == nullptr || slots != ListGrowth::AllocatedSlots(m_Capacity)) {
-        const std::uint64_t bytes = std::uint64_t{slots} * sizeof(void*);
-        if (bytes > kLargestBlock)
+    const std::uint64_t size = ArraySize(capacity);
+    const std::uint64_t present = ArraySize(m_Capacity);
+    if (m_Items == nullptr || size != present) {
+        if (size > kLargestBlock)
             RaiseAllocationFailure();
-        m_Items = static_cast<void**>(ResizeBlock(m_Items, static_cast<std::size_t>(bytes)));
+        m_Items = static_cast<void**>(
+            ResizeArray(m_Items, static_cast<std::size_t>(present), static_cast<std::size_t>(size)));
     }
     m_Capacity = capacity;
+}
+
+void AList::Free(void** items, std::uint32_t capacity) noexcept {
+    if (items != nullptr)
+        FreeArray(items, static_cast<std::size_t>(ArraySize(capacity)));
 }
 
 void AList::TakeOutAt(std::uint32_t index) noexcept {

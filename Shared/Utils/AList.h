@@ -2,6 +2,7 @@
 
 #include "Shared/Utils/ListGrowth.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace Nvr {
@@ -56,6 +57,7 @@ public:
     void Truncate() noexcept { m_Count = 0; }
     /// Deletes the present items and takes array, capacity and count of `other`, which is left empty. The
     /// grow-by of both stays. Nothing when `other` is this list.
+    /// REQUIRES: both have their arrays from the same place, as lists of the same class do.
     void TakeFrom(AList& other);
     /// Appends the items of `other` from the index `first` on, which it no longer has then. The capacity is
     /// the one that adding them one by one leaves. Nothing when there are none. A failed allocation leaves
@@ -64,12 +66,18 @@ public:
 
 protected:
     virtual void DeleteItem(void* item) = 0;
+    /// Makes an array `newSize` bytes long that was `oldSize`, or a new one when `array` is null, as
+    /// ResizeBlock does. A class that has its arrays elsewhere than in general memory overrides both of
+    /// these, and empties the list in its own destructor.
+    virtual void* ResizeArray(void* array, std::size_t oldSize, std::size_t newSize);
+    virtual void FreeArray(void* array, std::size_t size) noexcept;
     /// The array, null when nothing is allocated; for fast walks in derived lists.
     void* const* Items() const { return m_Items; }
 
 private:
     void Grow();
     void SetCapacity(std::uint32_t capacity);
+    void Free(void** items, std::uint32_t capacity) noexcept;
     void TakeOutAt(std::uint32_t index) noexcept;
 
     void** m_Items = nullptr;

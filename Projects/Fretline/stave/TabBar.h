@@ -62,8 +62,9 @@ public:
     /// Reads the bar and appends its score bars to the section `bars` of the score's stave. `lastNoteRest`
     /// is the last NoteRest written so far, null before the first; left alone when none was written. Columns,
     /// score bars and chords are given back as soon as they stand in the score, and asked for again are
-    /// empty; how many bars there were, whether there were rhythms or chords, and the lengths stay. REQUIRES:
-    /// the bar has not been read, and the analysis is complete.
+    /// empty; how many bars there were, whether there were rhythms or chords, and the lengths stay.
+    ///
+    /// REQUIRES: the bar has not been read, and the analysis is complete.
     void ImportToScore(Nvr::TreeNode* bars, Nvr::TreeNode*& lastNoteRest);
 
     /// The reading half of ImportToScore: everything is known afterwards, and nothing written. Only a tie at

@@ -1,13 +1,24 @@
 #include "Shared/Utils/tree/TreeNodeList.h"
 
+#include "Shared/Utils/AllocationFailure.h"
 #include "Shared/Utils/tree/TreeNodePool.h"
 
+#include <algorithm>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <utility>
 #include <vector>
 
 namespace Nvr {
+
+namespace {
+
+constexpr bool IsPooled(std::size_t size) {
+    return size <= TreeNodePool::kLargestSize;
+}
+
+} // namespace
 
 TreeNodeList::TreeNodeList(const TreeNodeList& other) : TAList() {
     AppendCopiesOf(other);
@@ -67,13 +78,31 @@ void TreeNodeList::AppendCopiesOf(const TreeNodeList& other) {
 }
 
 void* TreeNodeList::operator new(std::size_t size) {
-    void* const cell = TreeNodePool::Shared().Allocate(size);
-    return cell != nullptr ? cell : ::operator new(size);
+    static_assert(IsPooled(sizeof(TreeNodeList)));
+    return TreeNodePool::Shared().Allocate(size);
 }
 
 void TreeNodeList::operator delete(void* address) noexcept {
-    if (!TreeNodePool::Shared().Release(address))
-        ::operator delete(address);
+    TreeNodePool::Shared().ReleaseCell(address);
+}
+
+void* TreeNodeList::ResizeArray(void* array, std::size_t oldSize, std::size_t newSize) {
+    if (!IsPooled(newSize) && (array == nullptr || !IsPooled(oldSize)))
+        return ResizeBlock(array, newSize);
+    void* const resized =
+        IsPooled(newSize) ? TreeNodePool::Shared().Allocate(newSize) : ResizeBlock(nullptr, newSize);
+    if (array != nullptr) {
+        std::memcpy(resized, array, std::min(oldSize, newSize));
+        TreeNodeList::FreeArray(array, oldSize);
+    }
+    return resized;
+}
+
+void TreeNodeList::FreeArray(void* array, std::size_t size) noexcept {
+    if (IsPooled(size))
+        TreeNodePool::Shared().ReleaseCell(array);
+    else
+        FreeBlock(array);
 }
 
 TreeNode* TreeNodeList::Find(const String& label) const {

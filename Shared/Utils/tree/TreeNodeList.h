@@ -7,8 +7,8 @@ namespace Nvr {
 
 /// The children of a node, which it owns: an array of node pointers that grows by 4 slots at a time. See
 /// AList for the operations that it inherits. Deleting and copying need no recursion, and deleting no memory,
-/// however deep the trees below.
-class TreeNodeList : public TAList<TreeNode, BasicDeleter<TreeNode>> {
+/// however deep the trees below. Lists lie in the TreeNodePool, and so do their arrays while they are short.
+class TreeNodeList final : public TAList<TreeNode, BasicDeleter<TreeNode>> {
 public:
     TreeNodeList() = default;
     /// Deep copies of all children, in order. A failed allocation frees what was copied until then.
@@ -24,6 +24,10 @@ public:
     /// The first child with that label, or with that label and that value; null when there is none.
     TreeNode* Find(const String& label) const;
     TreeNode* Find(const String& label, const String& value) const;
+
+protected:
+    void* ResizeArray(void* array, std::size_t oldSize, std::size_t newSize) override;
+    void FreeArray(void* array, std::size_t size) noexcept override;
 
 private:
     /// Deletes the nodes and frees the array. The nodes' own lists are put before `waiting`.

@@ -1,16 +1,31 @@
 #include "Shared/Utils/tree/TreeNodePool.h"
 
 #include <cstring>
+#include <memory>
 #include <new>
 
 namespace Nvr {
 
 namespace {
 
-constexpr std::align_val_t kPageAlignment{TreeNodePool::kPageSize};
+// Both pages and stretches lie in lists of this kind.
+template <class Item>
+void Link(Item*& list, Item& item) {
+    item.Previous = nullptr;
+    item.Next = list;
+    if (list != nullptr)
+        list->Previous = &item;
+    list = &item;
+}
 
-void WriteLink(char* page, std::uint32_t cell, std::uint32_t next) {
-    std::memcpy(page + cell, &next, sizeof next);
+template <class Item>
+void Unlink(Item*& list, Item& item) {
+    if (item.Previous != nullptr)
+        item.Previous->Next = item.Next;
+    else
+        list = item.Next;
+    if (item.Next != nullptr)
+        item.Next->Previous = item.Previous;
 }
 
 } // namespace
@@ -19,7 +34,7 @@ constinit TreeNodePool TreeNodePool::s_Shared;
 
 void TreeNodePool::Rearrange(Page* page) noexcept {
     if (page->CellsInUse == 0) {
-        Unlink(page);
+        Unlink(ListOf(*page), *page);
         DeletePage(page);
     } else {
         MoveToOtherList(page);
@@ -36,55 +51,69 @@ std::size_t TreeNodePool::FullPages(std::size_t size) const noexcept {
 
 TreeNodePool::Page* TreeNodePool::NewPage(std::size_t classIndex) {
     m_Pages.MakeRoomForOne();
-    void* const block = ::operator new(kPageSize, kPageAlignment);
-    const auto cellSize = static_cast<std::uint32_t>(CellSizeOf(classIndex));
-    const auto firstCell = static_cast<std::uint32_t>(sizeof(Page));
-    Page* const page =
-        new (block) Page{nullptr, firstCell, 0, nullptr, static_cast<std::uint32_t>(classIndex), false};
+    Stretch& stretch = NeedStretch();
+    char* const first = FirstPageOf(stretch);
+    char* place = reinterpret_cast<char*>(stretch.FreePages);
+    if (place != nullptr)
+        stretch.FreePages = stretch.FreePages->Next;
+    else
+        place = first + kPageSize * stretch.PagesTouched++;
+    if (++stretch.PagesInUse == kPagesOfStretch)
+        Unlink(m_Stretches, stretch);
 
-    char* const base = static_cast<char*>(block);
-    std::uint32_t cell = firstCell;
-    for (; cell + 2 * cellSize <= kPageSize; cell += cellSize)
-        WriteLink(base, cell, cell + cellSize);
-    WriteLink(base, cell, 0);
-
-    m_Pages.Add(reinterpret_cast<std::uintptr_t>(block));
-    Link(page);
+    const std::size_t head = place == first ? sizeof(Page) + sizeof(Stretch) : sizeof(Page);
+    Page* const page = new (place) Page{.Next = nullptr,
+                                        .Previous = nullptr,
+                                        .Owner = &stretch,
+                                        .FirstFree = 0,
+                                        .FirstUntouched = static_cast<std::uint32_t>(head),
+                                        .CellsInUse = 0,
+                                        .ClassIndex = static_cast<std::uint16_t>(classIndex),
+                                        .IsFull = false};
+    m_Pages.Add(reinterpret_cast<std::uintptr_t>(page));
+    Link(ListOf(*page), *page);
     return page;
 }
 
 void TreeNodePool::DeletePage(Page* page) noexcept {
     m_LastReleasedFrom = nullptr;
     m_Pages.Remove(reinterpret_cast<std::uintptr_t>(page));
-    ::operator delete(page, kPageAlignment);
+    Stretch& stretch = *page->Owner;
+    page->Next = stretch.FreePages;
+    stretch.FreePages = page;
+    if (stretch.PagesInUse-- == kPagesOfStretch)
+        Link(m_Stretches, stretch);
+    if (stretch.PagesInUse != 0)
+        return;
+    Unlink(m_Stretches, stretch);
+    ::operator delete(stretch.Memory);
+}
+
+TreeNodePool::Stretch& TreeNodePool::NeedStretch() {
+    if (m_Stretches == nullptr) {
+        // Not asked for as aligned memory: an allocator that cuts that out of more cannot use it for the next
+        // one once it is given back.
+        void* const memory = ::operator new(kStretchSize);
+        void* firstPage = memory;
+        std::size_t room = kStretchSize;
+        std::align(kPageSize, kPagesOfStretch * kPageSize, firstPage, room);
+        Link(m_Stretches, *new (static_cast<char*>(firstPage) + sizeof(Page)) Stretch{.Memory = memory});
+    }
+    return *m_Stretches;
+}
+
+char* TreeNodePool::FirstPageOf(Stretch& stretch) noexcept {
+    return reinterpret_cast<char*>(&stretch) - sizeof(Page);
 }
 
 TreeNodePool::Page*& TreeNodePool::ListOf(const Page& page) noexcept {
     return page.IsFull ? m_Full[page.ClassIndex] : m_WithFreeCells[page.ClassIndex];
 }
 
-void TreeNodePool::Link(Page* page) noexcept {
-    Page*& list = ListOf(*page);
-    page->Previous = nullptr;
-    page->Next = list;
-    if (list != nullptr)
-        list->Previous = page;
-    list = page;
-}
-
-void TreeNodePool::Unlink(Page* page) noexcept {
-    if (page->Previous != nullptr)
-        page->Previous->Next = page->Next;
-    else
-        ListOf(*page) = page->Next;
-    if (page->Next != nullptr)
-        page->Next->Previous = page->Previous;
-}
-
 void TreeNodePool::MoveToOtherList(Page* page) noexcept {
-    Unlink(page);
+    Unlink(ListOf(*page), *page);
     page->IsFull = !page->IsFull;
-    Link(page);
+    Link(ListOf(*page), *page);
 }
 
 std::size_t TreeNodePool::CountPages(const Page* page) noexcept {
