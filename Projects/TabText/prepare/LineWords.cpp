@@ -22,11 +22,14 @@ constexpr auto kPlayingWords = std::to_array<string_view>(
      "rit",  "gliss", "fine", "d.c",     "d.s",  "al",   "distortion", "repeat", "riff",  "strum", "x2",
      "1st",  "2nd",   "3rd",  "time",    "cont", "gtr",  "n.c",        "nc"});
 
-// Lines with one of these are read by what looks for tempo, capo, tuning, title and marks above the notes.
-constexpr auto kStatements = std::to_array<string_view>(
-    {"capo", "tuning",   "tuned", "tune",  "tempo",   "bpm", "title",  "song",    "artist",
-     "band", "composer", "swing", "swung", "shuffle", "gtr", "guitar", "guitars", "bass",
-     "pm",   "p.m",      "n.h",   "nh",    "a.h",     "ah",  "p.h",    "ph",      "ring"});
+// Lines with one of these are read by what looks for tempo, capo and tuning.
+constexpr auto kFacts = std::to_array<string_view>(
+    {"capo", "tuning", "tuned", "tune", "tempo", "bpm", "swing", "swung", "shuffle"});
+// So are those with one of these and a colon after it.
+constexpr auto kHeadings = std::to_array<string_view>({"title:", "song:", "artist:", "band:", "composer:"});
+// These mark notes, or say who plays.
+constexpr auto kMarks = std::to_array<string_view>(
+    {"gtr", "guitar", "guitars", "bass", "pm", "p.m", "n.h", "nh", "a.h", "ah", "p.h", "ph", "ring"});
 
 template <std::size_t Size>
 bool IsAmong(string_view word, const std::array<string_view, Size>& words) {
@@ -132,11 +135,18 @@ void LineWords::TellArticlesFromChords() {
     }
 }
 
-bool StatesSomething(string_view line) {
+bool StatesAFact(string_view line) {
+    const std::vector<Word> words = WordsOf(line);
+    return std::any_of(words.begin(), words.end(), [](const Word& word) {
+        return IsAmong(WithoutPunctuation(word).Text, kFacts) || IsAmong(word.Text, kHeadings);
+    });
+}
+
+bool HasMarks(string_view line) {
     const std::vector<Word> words = WordsOf(line);
     return std::any_of(words.begin(), words.end(), [](const Word& word) {
         const string_view bare = WithoutPunctuation(word).Text;
-        return IsAmong(bare, kStatements) || IsTimes(bare) || word.Text == "=";
+        return IsAmong(bare, kMarks) || IsTimes(bare) || word.Text == "=";
     });
 }
 

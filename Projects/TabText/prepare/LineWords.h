@@ -42,8 +42,10 @@ private:
     int m_Others = 0;
 };
 
-/// True when the line states what others want to read in it, such as a capo, a tempo, a title, or a mark
-/// above the notes.
-bool StatesSomething(std::string_view line);
+/// True when the line states what others want to read in it: a capo, a tempo, a tuning, a title.
+bool StatesAFact(std::string_view line);
+
+/// True when the line says who plays, how often, or marks notes ("x4", "Gtr 2", "PM---", "h = hammer-on").
+bool HasMarks(std::string_view line);
 
 } // namespace TabText

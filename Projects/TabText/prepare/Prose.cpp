@@ -138,20 +138,30 @@ private:
             m_Prose.push_back(--block.End);
     }
 
+    // It was taken for a string, or keeps strings from being read: of hyphens alone it may have so many that
+    // the strings beside it seem to have few.
     bool IsRuleOf(const Run& block, int rule) const {
-        if (At(rule).Kind != LineKind::Dashes || !m_Reading.IsStaveLine(rule))
+        const bool hidesStrings = CountUnread(block) >= kFewestStrings;
+        if (At(rule).Kind != LineKind::Dashes || (!m_Reading.IsStaveLine(rule) && !hidesStrings))
             return false;
         const int strings = CountKind(block, LineKind::String);
         const bool isTooMany = block.End - block.First > kMostStrings;
         int unnamed = 0;
         bool hasLength = false;
         for (int line = block.First; line < block.End; ++line) {
-            if (line == rule)
-                continue;
-            unnamed += StartsLikeAString(line) || At(line).Kind == LineKind::Dashes ? 0 : 1;
-            hasLength = hasLength || m_Draft.GetLine(line).size() == m_Draft.GetLine(rule).size();
+            const bool isString = At(line).Kind == LineKind::String;
+            unnamed += isString && !StartsLikeAString(line) ? 1 : 0;
+            hasLength =
+                hasLength || (isString && m_Draft.GetLine(line).size() == m_Draft.GetLine(rule).size());
         }
-        return unnamed == 0 && IsWholeStaves(strings) && (isTooMany || !hasLength);
+        return unnamed == 0 && IsWholeStaves(strings) && (isTooMany || hidesStrings || !hasLength);
+    }
+
+    int CountUnread(const Run& block) const {
+        int count = 0;
+        for (int line = block.First; line < block.End; ++line)
+            count += At(line).Kind == LineKind::String && !m_Reading.IsStaveLine(line) ? 1 : 0;
+        return count;
     }
 
     Draft& m_Draft;

@@ -92,7 +92,7 @@ private:
         const LineWords words(text);
         if (words.IsLineOfSymbols())
             SetLine(line, WithSmallLetters(text, words, columns));
-        else if (StatesSomething(text) || HasLabel(line))
+        else if (StatesAFact(text) || HasMarks(text) || HasLabel(line))
             SetLine(line, InSmallLetters(text, columns));
         else
             Blank(line);
@@ -142,7 +142,7 @@ private:
             const int line = (*first)->m_Line;
             const auto end = std::find_if(first, labels.end(),
                                           [line](const auto& label) { return label->m_Line != line; });
-            if (IsBeside(line) && !StatesSomething(GetLine(line)))
+            if (IsBeside(line) && !StatesAFact(GetLine(line)))
                 CleanLabelsOf(line, first, end);
             first = end;
         }

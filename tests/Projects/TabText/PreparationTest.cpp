@@ -34,6 +34,26 @@ TEST(Preparation, LeavesTidyTabsAlone) {
         ExpectUnchanged(TestSupport::MakeOddTab(seed), "odd tab " + std::to_string(seed));
 }
 
+// The table of docs/preparation.md: "name, on", a line each.
+std::string DocumentedSteps() {
+    std::string steps;
+    std::ifstream page(FRETLINE_SOURCE_DIR "/docs/preparation.md");
+    for (std::string line; std::getline(page, line);)
+        if (line.starts_with("| `")) {
+            const std::size_t end = line.find('`', 3);
+            steps += line.substr(3, end - 3) + ", " +
+                     (line.find("| by name |") == std::string::npos ? "on" : "by name") + "\n";
+        }
+    return steps;
+}
+
+TEST(Preparation, HasItsStepsDocumented) {
+    std::string steps;
+    for (const TabText::PreparationStep& step : TabText::AllPreparationSteps())
+        steps += std::string(step.Name) + ", " + (step.IsOnByDefault ? "on" : "by name") + "\n";
+    EXPECT_EQ(steps, DocumentedSteps());
+}
+
 TEST(Preparation, PutsZerosApartUnlessNumbersArePadded) {
     const struct {
         const char* String;
