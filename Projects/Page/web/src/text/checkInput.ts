@@ -9,10 +9,10 @@ const isBinary = (bytes: Uint8Array): boolean => {
     return !hasUtf16Mark && bytes.includes(0);
 };
 
-/** Why a file cannot be opened at all, as a sentence for people; null where it can. */
-export function whyNotOpened(name: string, bytes: Uint8Array): string | null {
-    if (bytes.length > longestInput)
-        return `${name} has ${inMegabytes(bytes.length)}. The page takes up to ${inMegabytes(longestInput)}: split it, or use the command line, which has no limit.`;
+/** Why a file of `size` bytes, or what is known of them yet, cannot be opened, as a sentence for people; null where it can. */
+export function whyNotOpened(name: string, bytes: Uint8Array, size = bytes.length): string | null {
+    if (size > longestInput)
+        return `${name} has ${inMegabytes(size)}. The page takes up to ${inMegabytes(longestInput)}: split it, or use the command line, which has no limit.`;
     if (isBinary(bytes)) return `${name} is no text file. A tab is plain text, as a text editor shows it.`;
     return null;
 }

@@ -1,0 +1,358 @@
+import type { FormatName, Options, Result } from 'fretline';
+import { Editor } from '../editor/Editor';
+import type { Doubt } from '../editor/doubts';
+import { MusicView } from '../music/MusicView';
+import { Player } from '../music/Player';
+import type { Staves } from '../music/score';
+import { fromFragment, longestFragment, toFragment } from '../text/address';
+import { whyNotOpened, whyNotRead } from '../text/checkInput';
+import { decode, encode, encodingFor, type Encoding } from '../text/encoding';
+import { lineEndOf, withLineEnds, withLineFeeds, type LineEnd } from '../text/lineEnds';
+import { DoubtList } from '../ui/DoubtList';
+import { download, nameWith } from '../ui/download';
+import { byId, radioGroup } from '../ui/elements';
+import { showLegend } from '../ui/legend';
+import { PreparePanel } from '../ui/PreparePanel';
+import { Status } from '../ui/Status';
+import type { Abilities } from '../worker/protocol';
+import { Cancelled, type Reader } from '../worker/Reader';
+import { firstExample, type Example } from './examples';
+import { instrumentOf, refusalOf, summaryOf } from './words';
+
+type Rhythms = NonNullable<Options['rhythms']>;
+
+/** So long after the last key the text is read. */
+const typingPauseMilliseconds = 120;
+const addressPauseMilliseconds = 500;
+/** Longer texts give no link that could be used. */
+const longestShared = 400_000;
+
+const messageOf = (error: unknown): string => (error instanceof Error ? error.message : String(error));
+
+/** The whole page: takes a text, has it read, and shows what comes of it. */
+export class Page {
+    private readonly status = new Status(() => this.reader.cancel());
+    private readonly editor: Editor;
+    private readonly music: MusicView;
+    private readonly player: Player;
+    private readonly doubts: DoubtList;
+    private readonly prepare: PreparePanel;
+    private readonly rhythms = radioGroup<Rhythms>('rhythms', () => this.readSoon(0));
+    private readonly name = byId<HTMLInputElement>('name');
+    private abilities: Abilities | null = null;
+    private encoding: Encoding = 'utf-8';
+    private lineEnd: LineEnd = '\n';
+    private readTimer: ReturnType<typeof setTimeout> | undefined;
+    private addressTimer: ReturnType<typeof setTimeout> | undefined;
+    /** Counts what the text was; an answer to an older one is not shown. */
+    private revision = 0;
+    private shown: Result | null = null;
+    private waitsForMusic: Result | null = null;
+
+    constructor(private readonly reader: Reader) {
+        this.editor = new Editor(byId('editor'), 'Tab text', {
+            changed: () => this.textChanged(typingPauseMilliseconds),
+            moved: () => this.cursorMoved(),
+        });
+        this.music = new MusicView(byId('score'), byId('score-scroller'), {
+            noteChosen: (place) => {
+                if (!place) return;
+                this.editor.select(place, false);
+                this.cursorMoved();
+            },
+            notesPlayed: (places) => this.editor.showPlayed(places),
+            drawn: () => this.status.drawn(),
+        });
+        this.player = new Player({
+            started: () => {},
+            stopped: () => this.editor.showPlayed([]),
+            selectedRange: () => this.music.rangeOfMarks(),
+        });
+        this.doubts = new DoubtList((doubt) => this.goTo(doubt));
+        this.prepare = new PreparePanel({
+            changed: () => this.readSoon(0),
+            takeOver: (text) => this.takeOver(text),
+        });
+        radioGroup<Staves>('staves', (staves) => this.music.showStaves(staves));
+        this.name.addEventListener('change', () => this.readSoon(0));
+        addEventListener('hashchange', () => void this.openAddress());
+    }
+
+    /** Shows the tab of the address, or the first example; music and module are loaded beside it. */
+    async start(colours: Parameters<MusicView['start']>[0]): Promise<void> {
+        this.reader.abilities.then(
+            (abilities) => this.takeAbilities(abilities),
+            (error: unknown) => this.status.refuse(messageOf(error)),
+        );
+        const musicStarts = this.music.start(colours).then(
+            (api) => {
+                this.player.connect(api);
+                if (this.waitsForMusic) this.showMusic(this.waitsForMusic);
+            },
+            (error: unknown) => this.status.refuse(`The notation could not be loaded: ${messageOf(error)}`),
+        );
+        if (!(await this.openAddress())) await this.openExample(firstExample);
+        await musicStarts;
+    }
+
+    setColours(colours: Parameters<MusicView['start']>[0]): void {
+        this.music.setColours(colours);
+    }
+
+    async openExample(example: Example): Promise<void> {
+        const text = await example.load();
+        this.setText(withLineFeeds(text), example.name, 'utf-8', lineEndOf(text));
+    }
+
+    async openFile(file: File): Promise<void> {
+        // The size comes first: a film is not read into memory to be refused.
+        const head = new Uint8Array(await file.slice(0, 4096).arrayBuffer());
+        const refusal = whyNotOpened(file.name, head, file.size);
+        if (refusal) return this.status.refuse(refusal);
+        const bytes = new Uint8Array(await file.arrayBuffer());
+        const late = whyNotOpened(file.name, bytes, file.size);
+        if (late) return this.status.refuse(late);
+        const { text, encoding } = decode(bytes);
+        this.setText(withLineFeeds(text), file.name, encoding, lineEndOf(text));
+    }
+
+    /** Opens a text that was pasted outside of the editor. */
+    openPasted(text: string): void {
+        this.setText(withLineFeeds(text), 'untitled.tab', 'utf-8', '\n');
+        this.editor.focus();
+    }
+
+    /** The link that shares the tab; an error with a sentence where it would be too long. */
+    async makeLink(): Promise<string> {
+        const fragment = await this.makeFragment();
+        if (fragment === null)
+            throw new RangeError(
+                'This tab is too long for a link. Download the text and send the file instead.',
+            );
+        history.replaceState(null, '', `#${fragment}`);
+        return location.href;
+    }
+
+    async downloadFormat(format: FormatName): Promise<void> {
+        const extension = this.abilities?.formats.find(({ name }) => name === format)?.extension ?? format;
+        try {
+            const { files, taken } = await this.reader.convert(this.bytes(), {
+                ...this.options(),
+                formats: [format],
+            });
+            const bytes = files[format];
+            if (!taken || !bytes) this.status.say('There is no score to download: the text was not taken.');
+            else download(nameWith(this.fileName, extension), bytes);
+        } catch (error) {
+            this.status.refuse(messageOf(error));
+        }
+    }
+
+    downloadText(): void {
+        const bytes = encode(withLineEnds(this.editor.text, this.lineEnd), this.currentEncoding());
+        download(this.fileName, bytes, 'text/plain');
+    }
+
+    downloadGuitarPro(): void {
+        const bytes = this.shown && this.music.exportGuitarPro();
+        if (bytes) download(nameWith(this.fileName, 'gp'), bytes);
+        else this.status.say('There is no score to download.');
+    }
+
+    get formats(): Abilities['formats'] {
+        return this.abilities?.formats ?? [];
+    }
+
+    get canPrint(): boolean {
+        return this.shown !== null;
+    }
+
+    print(): void {
+        if (this.shown) this.music.print();
+        else this.status.say('There is no score to print.');
+    }
+
+    say(words: string): void {
+        this.status.say(words);
+    }
+
+    togglePlaying(): void {
+        this.player.playOrPause();
+    }
+
+    private get fileName(): string {
+        return this.name.value.trim() || 'untitled.tab';
+    }
+
+    private options(): Options {
+        return { name: this.fileName, rhythms: this.rhythms.value, prepare: this.prepare.chosen };
+    }
+
+    private currentEncoding(): Encoding {
+        return encodingFor(this.editor.text, this.encoding);
+    }
+
+    private bytes(): Uint8Array {
+        return encode(this.editor.text, this.currentEncoding());
+    }
+
+    private setText(text: string, name: string, encoding: Encoding, lineEnd: LineEnd): void {
+        this.encoding = encoding;
+        this.lineEnd = lineEnd;
+        this.name.value = name;
+        this.editor.replaceText(text);
+        this.textChanged(0);
+    }
+
+    private takeOver(text: Uint8Array): void {
+        const { text: tidied, encoding } = decode(text);
+        this.encoding = encoding;
+        this.editor.replaceText(withLineFeeds(tidied));
+        this.revision++;
+        this.prepare.choose([]);
+    }
+
+    private takeAbilities(abilities: Abilities): void {
+        this.abilities = abilities;
+        this.prepare.setSteps(abilities.steps, this.stepsOfAddress);
+        showLegend(abilities.kinds);
+        byId('about').dataset.version = abilities.version;
+        this.readSoon(0);
+    }
+
+    private textChanged(pause: number): void {
+        this.revision++;
+        this.readSoon(pause);
+    }
+
+    private readSoon(pause: number): void {
+        clearTimeout(this.readTimer);
+        this.readTimer = setTimeout(() => void this.read(), pause);
+        clearTimeout(this.addressTimer);
+        this.addressTimer = setTimeout(() => void this.keepInAddress(), addressPauseMilliseconds);
+    }
+
+    private async read(): Promise<void> {
+        if (!this.abilities) return;
+        const revision = this.revision;
+        const bytes = this.bytes();
+        const refusal = whyNotRead(this.editor.text, bytes.length);
+        if (refusal) {
+            this.reader.cancel();
+            return this.showNothing(refusal);
+        }
+        this.status.begin();
+        try {
+            const options: Options = { ...this.options(), formats: ['musicxml'] };
+            const result = await this.reader.readTyped(bytes, options, (percent) =>
+                this.status.progress(percent),
+            );
+            if (revision === this.revision) this.show(result);
+        } catch (error) {
+            if (error instanceof Cancelled) this.status.cancelled();
+            else this.showNothing(messageOf(error));
+        }
+    }
+
+    private show(result: Result): void {
+        const doubts = (result.json.doubts ?? []) as Doubt[];
+        this.editor.show({
+            encoding: this.currentEncoding(),
+            lines: result.lines,
+            kinds: this.abilities?.kinds ?? [],
+            doubts,
+        });
+        this.doubts.show(doubts);
+        this.prepare.show(result);
+        if (result.taken) {
+            this.shown = result;
+            this.status.taken(summaryOf(result), instrumentOf(result));
+            this.showMusic(result);
+        } else {
+            this.withoutMusic(refusalOf(result), result.helpful);
+        }
+        this.cursorMoved();
+    }
+
+    private showMusic(result: Result): void {
+        this.waitsForMusic = this.music.api ? null : result;
+        if (!this.music.api) return;
+        this.music.show(result);
+        this.player.setEnabled(true, this.music.tempo);
+        this.cursorMoved();
+    }
+
+    private showNothing(refusal: string): void {
+        this.editor.show({ encoding: this.currentEncoding(), lines: [], kinds: [], doubts: [] });
+        this.doubts.show([]);
+        this.withoutMusic(refusal, []);
+    }
+
+    private withoutMusic(refusal: string, helpful: readonly string[]): void {
+        this.shown = null;
+        this.waitsForMusic = null;
+        this.player.setEnabled(false);
+        const offer =
+            helpful.length === 0
+                ? undefined
+                : {
+                      text: 'Tidy the text up',
+                      action: () => {
+                          this.prepare.setOpen(true);
+                          this.prepare.choose(helpful);
+                      },
+                  };
+        this.status.refuse(refusal, offer);
+    }
+
+    private cursorMoved(): void {
+        byId('at-cursor').textContent = this.editor.wordsAtCursor;
+        const { from, to } = this.editor.selection;
+        this.music.markNotesOfText(from.line, from.column, to.line, to.column);
+        const range = this.music.rangeOfMarks();
+        if (range) this.player.moveTo(range.startTick);
+    }
+
+    private goTo(doubt: Doubt): void {
+        this.editor.select(
+            { line: doubt.line - 1, column: doubt.column - 1, end: doubt.endColumn - 1 },
+            true,
+        );
+        this.cursorMoved();
+    }
+
+    private stepsOfAddress: readonly string[] = [];
+
+    /** True where the address holds a tab, also one that cannot be opened. */
+    private async openAddress(): Promise<boolean> {
+        try {
+            const shared = await fromFragment(location.hash);
+            if (!shared) return false;
+            if (['never', 'indicated', 'always'].includes(shared.rhythms))
+                this.rhythms.value = shared.rhythms as Rhythms;
+            this.stepsOfAddress = shared.steps;
+            if (this.abilities) this.prepare.setSteps(this.abilities.steps, shared.steps);
+            this.setText(withLineFeeds(shared.text), shared.name, 'utf-8', '\n');
+        } catch (error) {
+            this.showNothing(messageOf(error));
+        }
+        return true;
+    }
+
+    private async makeFragment(): Promise<string | null> {
+        const { text } = this.editor;
+        if (text.length > longestShared) return null;
+        const steps = this.abilities ? this.prepare.chosen : this.stepsOfAddress;
+        const fragment = await toFragment({ text, name: this.fileName, rhythms: this.rhythms.value, steps });
+        return fragment.length > longestFragment ? null : fragment;
+    }
+
+    private async keepInAddress(): Promise<void> {
+        const fragment = await this.makeFragment();
+        history.replaceState(
+            null,
+            '',
+            fragment === null ? location.pathname + location.search : `#${fragment}`,
+        );
+    }
+}

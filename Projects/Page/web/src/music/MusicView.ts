@@ -1,0 +1,199 @@
+import type { AlphaTabApi, model } from '@coderline/alphatab';
+import type { NotePlace, Result } from 'fretline';
+import { libraryFile, loadLibrary, type Library } from './library';
+import { NotePlaces } from './notePlaces';
+import { readScore, showStaves, struckNotes, type Staves } from './score';
+
+export interface MusicEvents {
+    /** A note was clicked; null where its place in the text is not known. */
+    noteChosen(place: NotePlace | null): void;
+    /** These notes sound now; none when playing has stopped. */
+    notesPlayed(places: NotePlace[]): void;
+    drawn(): void;
+}
+
+interface Colours {
+    ink: string;
+    faint: string;
+    accent: string;
+}
+
+/** The engraved score. Draws what it is given last, tells of clicks, and marks the notes that the text points at. */
+export class MusicView {
+    /** Null until the library is loaded. */
+    api: AlphaTabApi | null = null;
+    private library: Library | null = null;
+    private score: model.Score | null = null;
+    private places = new NotePlaces<model.Note>([], []);
+    private marked: model.Note[] = [];
+    private readonly marks: HTMLElement;
+    private staves: Staves = 'both';
+
+    constructor(
+        private readonly element: HTMLElement,
+        private readonly scroller: HTMLElement,
+        private readonly events: MusicEvents,
+    ) {
+        this.marks = document.createElement('div');
+        this.marks.className = 'note-marks';
+        this.marks.setAttribute('aria-hidden', 'true');
+    }
+
+    /** Loads the library and makes the player; the score can be shown from then on. */
+    async start(colours: Colours): Promise<AlphaTabApi> {
+        const library = await loadLibrary();
+        this.library = library;
+        const settings = new library.Settings();
+        settings.core.fontDirectory = libraryFile('font/');
+        settings.core.smuflFontSources = new Map([
+            [library.FontFileFormat.Woff2, libraryFile('font/Bravura.woff2')],
+        ]);
+        settings.core.includeNoteBounds = true;
+        settings.core.logLevel = library.LogLevel.Warning;
+        settings.player.playerMode = library.PlayerMode.EnabledSynthesizer;
+        settings.player.scrollElement = this.scroller;
+        settings.player.scrollOffsetY = -24;
+        settings.player.scrollMode = library.ScrollMode.Continuous;
+        settings.display.staveProfile = library.StaveProfile.Default;
+        settings.notation.rhythmMode = library.TabRhythmMode.Hidden;
+        // Said beside the summary instead.
+        settings.notation.elements.set(library.NotationElement.GuitarTuning, false);
+        this.applyColours(settings, colours);
+        const api = new library.AlphaTabApi(this.element, settings);
+        this.api = api;
+        this.element.append(this.marks);
+        api.noteMouseDown.on((note) => this.events.noteChosen(this.placeOf(note)));
+        api.playedBeatChanged.on((beat) => this.events.notesPlayed(this.placesOf(beat)));
+        api.postRenderFinished.on(() => {
+            this.drawMarks();
+            this.events.drawn();
+        });
+        return api;
+    }
+
+    /** Draws a score that was taken, and knows its notes' places. */
+    show(result: Result): void {
+        if (!this.api || !this.library || !result.files.musicxml) return;
+
+        const score = readScore(this.library, result, this.staves);
+        this.score = score;
+        this.places = new NotePlaces(struckNotes(score), result.notes);
+        this.marked = [];
+        this.api.renderScore(score);
+    }
+
+    showStaves(staves: Staves): void {
+        this.staves = staves;
+        if (!this.score || !this.api) return;
+        showStaves(this.score, staves);
+        this.api.renderScore(this.score);
+    }
+
+    setColours(colours: Colours): void {
+        if (!this.api) return;
+        this.applyColours(this.api.settings, colours);
+        this.api.updateSettings();
+        if (this.score) this.api.render();
+    }
+
+    /** Marks the notes at a stretch of the text, and scrolls to the first of them. Tells how many these are. */
+    markNotesOfText(fromLine: number, fromColumn: number, toLine: number, toColumn: number): number {
+        const isCursor = fromLine === toLine && fromColumn === toColumn;
+        const atCursor = isCursor ? this.places.noteAt(fromLine, fromColumn) : null;
+        this.marked = isCursor
+            ? atCursor
+                ? [atCursor]
+                : []
+            : this.places.notesBetween(fromLine, fromColumn, toLine, toColumn);
+        this.drawMarks();
+        this.scrollToMarks();
+        return this.marked.length;
+    }
+
+    /** The stretch of time that the marked notes take, in ticks of the player; null where none is marked. */
+    rangeOfMarks(): { startTick: number; endTick: number; firstBar: number; lastBar: number } | null {
+        if (this.marked.length === 0) return null;
+        const starts = this.marked.map((note) => note.beat.absolutePlaybackStart);
+        const ends = this.marked.map((note) => note.beat.absolutePlaybackStart + note.beat.playbackDuration);
+        const bars = this.marked.map((note) => note.beat.voice.bar.index);
+        return {
+            startTick: Math.min(...starts),
+            endTick: Math.max(...ends),
+            firstBar: Math.min(...bars),
+            lastBar: Math.max(...bars),
+        };
+    }
+
+    /** The score as a Guitar Pro file, by the library's own writer. */
+    exportGuitarPro(): Uint8Array | null {
+        if (!this.library || !this.score) return null;
+        return new this.library.exporter.Gp7Exporter().export(this.score, this.api?.settings ?? null);
+    }
+
+    /** Crotchets a minute; 0 where there is no score. */
+    get tempo(): number {
+        return this.score?.tempo ?? 0;
+    }
+
+    /** Engraves the score for paper, black on white, in a window of its own, and has that printed. */
+    print(): void {
+        const black = { r: 0, g: 0, b: 0 };
+        void black;
+        this.api?.print();
+    }
+
+    private placeOf(note: model.Note): NotePlace | null {
+        return this.places.placeOf(note.isTieDestination && note.tieOrigin ? note.tieOrigin : note);
+    }
+
+    private placesOf(beat: model.Beat): NotePlace[] {
+        return beat.notes.map((note) => this.places.placeOf(note)).filter((place) => place !== null);
+    }
+
+    private applyColours(settings: AlphaTabApi['settings'], { ink, faint, accent }: Colours): void {
+        const { Color } = this.library!.model;
+        const resources = settings.display.resources;
+        const colour = (text: string) => Color.fromJson(text)!;
+        resources.mainGlyphColor = colour(ink);
+        resources.scoreInfoColor = colour(ink);
+        resources.secondaryGlyphColor = colour(faint);
+        resources.staffLineColor = colour(faint);
+        resources.barSeparatorColor = colour(faint);
+        resources.barNumberColor = colour(accent);
+    }
+
+    private drawMarks(): void {
+        const lookup = this.api?.boundsLookup;
+        const boxes = this.marked.map((note) => this.boundsOf(lookup ?? null, note)).flat();
+        this.marks.replaceChildren(
+            ...boxes.map(({ x, y, w, h }) => {
+                const mark = document.createElement('div');
+                Object.assign(mark.style, {
+                    left: `${x - 3}px`,
+                    top: `${y - 3}px`,
+                    width: `${w + 6}px`,
+                    height: `${h + 6}px`,
+                });
+                return mark;
+            }),
+        );
+    }
+
+    private boundsOf(lookup: AlphaTabApi['boundsLookup'], note: model.Note) {
+        const beats = lookup?.findBeats(note.beat) ?? [];
+        return beats
+            .flatMap((beat) => beat.notes ?? [])
+            .filter((bounds) => bounds.note === note || bounds.note.id === note.id)
+            .map((bounds) => bounds.noteHeadBounds);
+    }
+
+    private scrollToMarks(): void {
+        const first = this.marks.firstElementChild as HTMLElement | null;
+        if (!first) return;
+        const top = first.offsetTop;
+        const { scrollTop, clientHeight } = this.scroller;
+        const margin = 80;
+        if (top < scrollTop + margin || top > scrollTop + clientHeight - margin)
+            this.scroller.scrollTo({ top: Math.max(0, top - clientHeight / 3), behavior: 'auto' });
+    }
+}

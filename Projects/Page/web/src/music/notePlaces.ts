@@ -1,0 +1,87 @@
+import type { NotePlace } from 'fretline';
+
+/** What this needs to know of an engraved note. */
+export interface EngravedNote {
+    /** Lowest string first, from 1. */
+    string: number;
+    beat: { playbackStart: number; voice: { bar: { index: number } } };
+}
+
+const unitsPerQuarter = 256;
+const ticksPerQuarter = 960;
+/** Triplets and the like are rounded, on both sides; nothing that is struck lies closer than this. */
+const tolerance = 12;
+
+const keyOf = (bar: number, string: number): string => `${bar}:${string}`;
+
+function groupBy<Item>(items: readonly Item[], keyOfItem: (item: Item) => string): Map<string, Item[]> {
+    const groups = new Map<string, Item[]>();
+    for (const item of items) {
+        const key = keyOfItem(item);
+        const group = groups.get(key);
+        if (group) group.push(item);
+        else groups.set(key, [item]);
+    }
+    return groups;
+}
+
+/** Which engraved note stands where in the text, and the other way round. */
+export class NotePlaces<Note extends EngravedNote> {
+    private readonly places = new Map<Note, NotePlace>();
+    private readonly notesOfLine = new Map<number, { place: NotePlace; note: Note }[]>();
+
+    constructor(notes: readonly Note[], places: readonly NotePlace[]) {
+        const notesByKey = groupBy(notes, (note) => keyOf(note.beat.voice.bar.index, note.string - 1));
+        const placesByKey = groupBy(places, (place) => keyOf(place.bar, place.string));
+        for (const [key, group] of notesByKey) this.joinAll(group, placesByKey.get(key) ?? []);
+    }
+    get count(): number {
+        return this.places.size;
+    }
+
+    /** Null for a note that the text does not show by itself. */
+    placeOf(note: Note): NotePlace | null {
+        return this.places.get(note) ?? null;
+    }
+
+    /** The note at a column, or at the end of one, as a cursor stands there. */
+    noteAt(line: number, column: number): Note | null {
+        const notes = this.notesOfLine.get(line) ?? [];
+        const at = notes.find(({ place }) => place.column <= column && column < place.end);
+        return (at ?? notes.find(({ place }) => place.end === column))?.note ?? null;
+    }
+
+    /** All notes of a stretch of the text, lines and columns from the first to before the last. */
+    notesBetween(fromLine: number, fromColumn: number, toLine: number, toColumn: number): Note[] {
+        const found: Note[] = [];
+        for (const [line, notes] of this.notesOfLine)
+            for (const { place, note } of notes) {
+                if (line < fromLine || line > toLine) continue;
+                if (line === fromLine && place.end <= fromColumn) continue;
+                if (line === toLine && place.column >= toColumn) continue;
+                found.push(note);
+            }
+        return found;
+    }
+
+    /** The notes and places of one string in one bar. */
+    private joinAll(notes: readonly Note[], places: readonly NotePlace[]): void {
+        // A pick-up is engraved without the rest that it begins with, so that its notes stand elsewhere in the bar.
+        const areEqual = notes.length === places.length;
+        const inOrder = [...places].sort((a, b) => a.position - b.position);
+        notes.forEach((note, index) => {
+            const position = (note.beat.playbackStart * unitsPerQuarter) / ticksPerQuarter;
+            const place = areEqual
+                ? inOrder[index]
+                : places.find((candidate) => Math.abs(candidate.position - position) <= tolerance);
+            if (place) this.join(note, place);
+        });
+    }
+
+    private join(note: Note, place: NotePlace): void {
+        this.places.set(note, place);
+        const notes = this.notesOfLine.get(place.line);
+        if (notes) notes.push({ place, note });
+        else this.notesOfLine.set(place.line, [{ place, note }]);
+    }
+}
