@@ -54,7 +54,7 @@ export class MusicView {
         settings.player.scrollElement = this.scroller;
         settings.player.scrollOffsetY = -24;
         settings.player.scrollMode = library.ScrollMode.Continuous;
-        settings.display.staveProfile = library.StaveProfile.Default;
+        settings.display.padding = [12, 20];
         settings.notation.rhythmMode = library.TabRhythmMode.Hidden;
         // Said beside the summary instead.
         settings.notation.elements.set(library.NotationElement.GuitarTuning, false);

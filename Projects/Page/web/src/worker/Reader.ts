@@ -37,6 +37,8 @@ export class Reader {
     private running: Job | null = null;
     private readonly waiting: Job[] = [];
     private lastId = 0;
+    /** Why the module cannot be loaded; nothing is read then. */
+    private loadFailure: Error | null = null;
     private deadline: ReturnType<typeof setTimeout> | undefined;
     private settleAbilities!: { resolve: (abilities: Abilities) => void; reject: (error: Error) => void };
 
@@ -70,6 +72,7 @@ export class Reader {
         onProgress?: (percent: number) => void,
     ): Promise<Result> {
         return new Promise((resolve, reject) => {
+            if (this.loadFailure) return reject(this.loadFailure);
             const id = ++this.lastId;
             this.waiting.push({ id, text, options, isOfTyping, startedAt: 0, onProgress, resolve, reject });
             this.startNext();
@@ -123,23 +126,25 @@ export class Reader {
     private startWorker(): ReadingWorker {
         const worker = this.makeWorker();
         worker.onmessage = ({ data }: MessageEvent<Answer>) => this.take(data);
-        worker.onerror = (event) => {
-            this.settleAbilities.reject(new ReadingFailed('The reading could not be loaded.'));
-            this.replaceAfterCrash(event instanceof ErrorEvent ? event.message : '');
-        };
+        worker.onerror = (event) => this.failToLoad(event instanceof ErrorEvent ? event.message : '');
         return worker;
     }
 
     private take(answer: Answer): void {
         if (answer.type === 'ready') this.settleAbilities.resolve(answer.abilities);
-        else if (answer.type === 'failed' && answer.id === null)
-            this.settleAbilities.reject(
-                new ReadingFailed(`The reading could not be loaded: ${answer.message}`),
-            );
+        else if (answer.type === 'failed' && answer.id === null) this.failToLoad(answer.message);
         else if (answer.id !== this.running?.id) return;
         else if (answer.type === 'progress') this.running.onProgress?.(answer.percent);
         else if (answer.type === 'result') this.finish((job) => job.resolve(answer.result));
         else this.replaceAfterCrash(answer.message);
+    }
+
+    private failToLoad(message: string): void {
+        const failure = new ReadingFailed(`The reading could not be loaded. ${message}`.trim());
+        this.loadFailure = failure;
+        this.settleAbilities.reject(failure);
+        for (const job of this.waiting.splice(0)) job.reject(failure);
+        this.finish((job) => job.reject(failure));
     }
 
     /** A module that threw may have broken off anywhere; it is not used again. */
