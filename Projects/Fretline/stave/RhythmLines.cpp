@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 namespace Fretline {
 
@@ -51,8 +52,9 @@ struct BeatSymbols {
 BeatSymbols GatherBeatSymbols(const TabFile& file, int line, int startColumn, int width) {
     BeatSymbols symbols;
     bool filledBefore = false;
-    for (int i = 0; i < width; ++i) {
-        const char c = file.GetChar(line, startColumn + i);
+    const std::string_view cells = file.GetStretch(line, startColumn, width);
+    for (int i = 0; i < static_cast<int>(cells.size()); ++i) {
+        const char c = cells[static_cast<std::size_t>(i)];
         const bool filled = c != 0 && !Nvr::Ascii::IsSpace(c);
         if (filled) {
             const char symbol = Nvr::Ascii::IsDigit(c) ? '0' : c;
@@ -87,8 +89,9 @@ bool IsNoteLengthsLine(const TabFile& file, int line, int firstColumn, int endCo
     std::int64_t sum = 0;
     int loneEs = 0;
     bool lastLetterAlone = false;
-    for (int column = firstColumn; column < endColumn; ++column) {
-        const char c = file.GetChar(line, column);
+    const std::string_view cells = file.GetStretch(line, firstColumn, endColumn - firstColumn);
+    for (int column = firstColumn; column < firstColumn + static_cast<int>(cells.size()); ++column) {
+        const char c = cells[static_cast<std::size_t>(column - firstColumn)];
         if (c == 'E') {
             // Both a note length and a chord name: only a lone one is taken for a length, and even that does
             // not vouch for the line.
@@ -109,11 +112,14 @@ bool IsNoteLengthsLine(const TabFile& file, int line, int firstColumn, int endCo
 bool IsBeatPositionsLine(const TabBar& bar, int offset) {
     const BeatSymbols symbols =
         GatherBeatSymbols(bar.GetFile(), bar.GetFirstLine() + offset, bar.GetStartColumn(), bar.GetWidth());
+    // Most lines are blank.
+    if (symbols.m_Total < 2)
+        return false;
     const int distinct = symbols.DistinctCount();
     const bool isPair = symbols.m_Total == 2 && distinct == 2;
-    return symbols.m_Total >= 2 && (symbols.HasRepeats() || isPair) && !symbols.m_LateAdjacent &&
-           !symbols.HasChordLetter() && (!symbols.m_EarlyAdjacent || symbols.m_Total > 2) &&
-           distinct <= kMostKindsOfBeatSymbol && IsSpread(symbols, bar.GetWidth());
+    return (symbols.HasRepeats() || isPair) && !symbols.m_LateAdjacent && !symbols.HasChordLetter() &&
+           (!symbols.m_EarlyAdjacent || symbols.m_Total > 2) && distinct <= kMostKindsOfBeatSymbol &&
+           IsSpread(symbols, bar.GetWidth());
 }
 
 } // namespace Fretline

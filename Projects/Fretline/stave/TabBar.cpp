@@ -6,8 +6,8 @@
 #include "Projects/Fretline/stave/Rhythms.h"
 #include "Projects/Fretline/text/TabFile.h"
 
-#include <algorithm>
 #include <cassert>
+#include <string_view>
 #include <utility>
 
 namespace Fretline {
@@ -26,12 +26,9 @@ const Nvr::String& ChordStyle() {
 }
 
 bool HasDashIn(const TabFile& file, int firstLine, int lineCount, int startColumn, int width) {
-    for (int line = firstLine; line < firstLine + lineCount; ++line) {
-        const int end = std::min(startColumn + width, file.GetLineLength(line));
-        for (int column = startColumn; column < end; ++column)
-            if (file.GetChar(line, column) == '-')
-                return true;
-    }
+    for (int line = firstLine; line < firstLine + lineCount; ++line)
+        if (file.GetStretch(line, startColumn, width).find('-') != std::string_view::npos)
+            return true;
     return false;
 }
 

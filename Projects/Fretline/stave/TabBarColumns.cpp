@@ -2,10 +2,10 @@
 
 #include "Projects/Fretline/text/TabChars.h"
 #include "Projects/Fretline/text/TabFile.h"
-#include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 
 namespace Fretline {
 
@@ -25,28 +25,30 @@ struct FretRun {
 // gathered once, so that asking for each of its columns does not cost its length each time.
 class FretRunReader {
 public:
-    FretRunReader(const TabBar& bar, int line) : m_Bar(bar), m_Line(line) {}
+    // `cells`: what the line holds between the columns of the bar.
+    explicit FretRunReader(std::string_view cells) : m_Cells(cells) {}
 
+    int GetWidth() const { return static_cast<int>(m_Cells.size()); }
+
+    bool HasRunAt(int column) const { return IsFretChar(CharAt(column)); }
+
+    // REQUIRES: a run begins or goes on here.
     FretRun ReadAt(int column) {
         if (column >= m_End)
             Gather(column);
-        return {m_End - column, column < m_End && IsTooBigFrom(column)};
+        return {m_End - column, IsTooBigFrom(column)};
     }
 
 private:
-    char CharAt(int column) const { return m_Bar.GetFile().GetChar(m_Line, m_Bar.GetStartColumn() + column); }
+    char CharAt(int column) const { return m_Cells[static_cast<std::size_t>(column)]; }
 
     void Gather(int column) {
         m_End = column;
         m_LastMuted = -1;
         m_FirstNonZero = column;
-        for (; m_End < m_Bar.GetWidth(); ++m_End) {
-            const char c = CharAt(m_End);
-            if (IsMuted(c))
+        for (; m_End < GetWidth() && HasRunAt(m_End); ++m_End)
+            if (IsMuted(CharAt(m_End)))
                 m_LastMuted = m_End;
-            else if (!Nvr::Ascii::IsDigit(c))
-                return;
-        }
     }
 
     bool IsTooBigFrom(int column) {
@@ -63,8 +65,7 @@ private:
         return (CharAt(m_FirstNonZero) - '0') * 10 + (CharAt(m_FirstNonZero + 1) - '0');
     }
 
-    const TabBar& m_Bar;
-    int m_Line;
+    std::string_view m_Cells;
     int m_End = 0;
     int m_LastMuted = -1;
     int m_FirstNonZero = 0;
@@ -87,13 +88,15 @@ void TabBar::FindColumns() {
 }
 
 void TabBar::FindColumnsOfLine(int line) {
-    FretRunReader runs(*this, line);
+    FretRunReader runs(m_File.GetStretch(line, m_StartColumn, m_Width));
     int i = 0;
-    while (i < m_Width) {
-        const FretRun run = runs.ReadAt(i);
-        if (run.m_Length == 0) {
+    while (i < runs.GetWidth()) {
+        if (!runs.HasRunAt(i)) {
             ++i;
-        } else if (run.m_TooBig) {
+            continue;
+        }
+        const FretRun run = runs.ReadAt(i);
+        if (run.m_TooBig) {
             for (const int end = i + run.m_Length; i < end; ++i) {
                 TabColumn& column = GetColumn(i);
                 column.m_Single = true;

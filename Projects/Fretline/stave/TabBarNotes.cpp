@@ -85,8 +85,7 @@ void TabBar::ReadNotesOfColumn(const TabColumn& column, std::vector<TabNote>& no
         // Only the low bits of a pitch are kept, so a number too long for any type may lose its high ones.
         unsigned number = 0;
         bool hasDigit = false;
-        for (int i = first; i < end; ++i) {
-            const char c = m_File.GetChar(line, m_StartColumn + i);
+        for (const char c : m_File.GetStretch(line, m_StartColumn + first, end - first)) {
             if (!Nvr::Ascii::IsDigit(c))
                 continue;
             number = number * 10 + static_cast<unsigned>(c - '0');

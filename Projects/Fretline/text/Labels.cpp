@@ -4,7 +4,6 @@
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
-#include <optional>
 #include <set>
 #include <utility>
 
@@ -15,43 +14,59 @@ namespace {
 // The blank that a label does not reach over.
 constexpr std::ptrdiff_t kStoppingBlank = 3;
 
-bool IsLetterAt(const TabFile& file, int line, int column) {
-    return column >= 0 && Nvr::Ascii::IsAlpha(file.GetChar(line, column));
+constexpr std::size_t kNoKeyword = kLabelKeywords.size();
+
+// A keyword is then a whole run of letters, and no other.
+static_assert(std::ranges::all_of(kLabelKeywords, [](std::string_view keyword) {
+    return std::ranges::all_of(keyword, [](char c) { return c >= 'a' && c <= 'z'; });
+}));
+
+// The place in the table of a run of letters, in any case.
+std::size_t FindKeyword(std::string_view letters) {
+    const auto found = std::ranges::find_if(kLabelKeywords, [letters](std::string_view keyword) {
+        return std::ranges::equal(letters, keyword, {}, Nvr::Ascii::ToLower);
+    });
+    return static_cast<std::size_t>(found - kLabelKeywords.begin());
 }
 
-bool IsPartOfWord(const TabFile& file, int line, int column, int length) {
-    return IsLetterAt(file, line, column - 1) || IsLetterAt(file, line, column + length);
+struct KeywordPlace {
+    std::size_t m_Keyword;
+    int m_Column;
+
+    auto operator<=>(const KeywordPlace&) const = default;
+};
+
+std::vector<KeywordPlace> FindKeywords(std::string_view line) {
+    std::vector<KeywordPlace> places;
+    auto start = line.begin();
+    while ((start = std::find_if(start, line.end(), Nvr::Ascii::IsAlpha)) != line.end()) {
+        const auto end = std::find_if_not(start, line.end(), Nvr::Ascii::IsAlpha);
+        if (const std::size_t keyword = FindKeyword({start, end}); keyword != kNoKeyword)
+            places.push_back({keyword, static_cast<int>(start - line.begin())});
+        start = end;
+    }
+    std::ranges::sort(places);
+    return places;
 }
 
 // The labels of one line on their way into the list.
 class LineLabels {
 public:
     LineLabels(const TabFile& file, int line, std::vector<std::unique_ptr<RiffLabel>>& found)
-        : m_File(file), m_Line(line), m_Found(found) {}
+        : m_File(file), m_Line(line), m_Found(found), m_Extents(file.GetLine(line)) {}
 
-    void Search(std::string_view keyword) {
-        const int length = static_cast<int>(keyword.size());
-        for (int column = m_File.FindText(m_Line, 0, keyword); column >= 0;
-             column = m_File.FindText(m_Line, column + length, keyword))
-            if (!IsPartOfWord(m_File, m_Line, column, length))
-                Add(column, keyword);
-    }
-
-private:
     void Add(int column, std::string_view keyword) {
-        // Most lines hold no keyword and are spared this.
-        if (!m_Extents)
-            m_Extents.emplace(m_File.GetLine(m_Line));
-        const auto [start, end] = m_Extents->Around(column, static_cast<int>(keyword.size()));
+        const auto [start, end] = m_Extents.Around(column, static_cast<int>(keyword.size()));
         if (m_Places.emplace(start, end).second)
             m_Found.push_back(
                 std::make_unique<RiffLabel>(RiffLabel{&m_File, m_Line, start, end, Nvr::String(keyword)}));
     }
 
+private:
     const TabFile& m_File;
     int m_Line;
     std::vector<std::unique_ptr<RiffLabel>>& m_Found;
-    std::optional<LabelExtents> m_Extents;
+    LabelExtents m_Extents;
     std::set<std::pair<int, int>> m_Places;
 };
 
@@ -101,9 +116,12 @@ int LabelExtents::FindEnd(int column) const {
 }
 
 void FindLabelsIn(const TabFile& file, int line, std::vector<std::unique_ptr<RiffLabel>>& found) {
+    const std::vector<KeywordPlace> places = FindKeywords(file.GetLine(line));
+    if (places.empty())
+        return;
     LineLabels labels(file, line, found);
-    for (const std::string_view keyword : kLabelKeywords)
-        labels.Search(keyword);
+    for (const KeywordPlace& place : places)
+        labels.Add(place.m_Column, kLabelKeywords[place.m_Keyword]);
 }
 
 } // namespace Fretline

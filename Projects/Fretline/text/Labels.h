@@ -11,7 +11,8 @@ namespace Fretline {
 
 class TabFile;
 
-/// The words that make a section label, in any case, in the order in which a line is searched for them.
+/// The words that make a section label, in any case, in the order in which the labels of a line are listed.
+/// Letters from a to z.
 inline constexpr auto kLabelKeywords = std::to_array<std::string_view>(
     {"intro", "riff", "verse", "chorus", "fig", "prechorus", "coda", "bridge", "solo", "pattern", "outro"});
 

@@ -1,6 +1,5 @@
 #include "Projects/Fretline/text/TabFile.h"
 
-#include "Shared/Utils/AsciiChars.h"
 #include "Shared/Utils/FileStream.h"
 
 #include <algorithm>
@@ -110,19 +109,6 @@ int TabFile::FindChar(int line, int start, char character) const {
         return static_cast<int>(column);
     const int firstBeyondEnd = std::max(start, static_cast<int>(text.size()));
     return character == '\0' && firstBeyondEnd < m_MaxLineLength ? firstBeyondEnd : -1;
-}
-
-int TabFile::FindText(int line, int start, std::string_view text) const {
-    const std::string_view characters = GetLine(line);
-    if (text.empty())
-        return -1;
-    std::size_t matched = 0;
-    for (auto column = static_cast<std::size_t>(start); column < characters.size(); ++column) {
-        matched = Nvr::Ascii::ToLower(characters[column]) == text[matched] ? matched + 1 : 0;
-        if (matched == text.size())
-            return static_cast<int>(column + 1 - matched);
-    }
-    return -1;
 }
 
 Nvr::String TabFile::GetText(int line, int column, int length) const {

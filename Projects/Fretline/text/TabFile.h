@@ -4,6 +4,7 @@
 #include "Shared/Utils/ByteBuffer.h"
 #include "Shared/Utils/NvrString.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 #include <vector>
@@ -47,9 +48,6 @@ public:
     /// First column from `start` on that holds `character`, else -1. Below GetMaxLineLength(), the space
     /// beyond the line's end holds 0.
     int FindChar(int line, int start, char character) const;
-    /// Column of the first match of the lower-case `text`, else -1; case of the line is ignored. A character
-    /// that breaks a match is not tried again as its first character.
-    int FindText(int line, int start, std::string_view text) const;
     /// `length` bytes from `column`, which must lie in the line.
     Nvr::String GetText(int line, int column, int length) const;
     /// The whole line, without its end; valid as long as the file.
@@ -60,6 +58,12 @@ public:
         const int start = index == 0 ? 0 : m_LineEnds[index - 1] + 1;
         return m_Text.View().substr(static_cast<std::size_t>(start),
                                     static_cast<std::size_t>(m_LineEnds[index] - start));
+    }
+    /// What the line holds in so many columns, none where it ends before them; valid as long as the file.
+    std::string_view GetStretch(int line, int startColumn, int width) const {
+        const std::string_view text = GetLine(line);
+        const auto start = std::min(static_cast<std::size_t>(startColumn), text.size());
+        return text.substr(start, static_cast<std::size_t>(width));
     }
 
     const FretlineOptions* GetOptions() const { return m_Options; }

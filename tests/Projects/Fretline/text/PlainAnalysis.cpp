@@ -216,12 +216,22 @@ private:
         }
     }
 
+    // From left to right; a character that breaks a match is not tried again as its first.
+    int FindText(int line, int start, std::string_view text) const {
+        std::size_t matched = 0;
+        for (int column = start; column < m_Width; ++column) {
+            matched = Nvr::Ascii::ToLower(At(line, column)) == text[matched] ? matched + 1 : 0;
+            if (matched == text.size())
+                return column + 1 - static_cast<int>(matched);
+        }
+        return -1;
+    }
+
     void FindLabels() {
         for (int line = 0; line < m_File.GetLineCount(); ++line)
             for (const std::string_view word : kLabelKeywords) {
                 const int length = static_cast<int>(word.size());
-                for (int c = m_File.FindText(line, 0, word); c >= 0;
-                     c = m_File.FindText(line, c + length, word))
+                for (int c = FindText(line, 0, word); c >= 0; c = FindText(line, c + length, word))
                     if (!(c > 0 && Nvr::Ascii::IsAlpha(At(line, c - 1))) &&
                         !Nvr::Ascii::IsAlpha(At(line, c + length)))
                         AddLabel(line, c, std::string(word));

@@ -80,25 +80,6 @@ TEST(TabFile, FindsCharacters) {
         EXPECT_EQ(text.File.FindChar(row.Line, row.Start, row.Character), row.Column) << row.Why;
 }
 
-TEST(TabFile, FindsTextInAnyCase) {
-    const struct {
-        const char* Line;
-        int Start, Column;
-        const char *Text, *Why;
-    } rows[] = {
-        {"  VERSE", 0, 2, "verse", "capitals"},
-        {"vers", 0, -1, "verse", "cut off by the line's end"},
-        {"verse", 99, -1, "verse", "a start beyond it"},
-        {"rriff", 0, -1, "riff", "what breaks a match is not tried again as its start"},
-        {"rrriff", 0, 2, "riff", "the next character is"},
-        {"ver verse", 0, 4, "verse", "a part of the text in front of it"},
-        {"VERSE\xC9", 0, 5, "\xC9", "bytes beyond ASCII have no case"},
-        {"verse", 0, -1, "", "nothing is nowhere"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(TabText(row.Line).File.FindText(0, row.Start, row.Text), row.Column) << row.Why;
-}
-
 TEST(TabFile, RaisesForALineOutsideTheTable) {
     const TabText text("a\nb");
     for (const int line : {-1, 2, 1'000'000'000}) {
@@ -110,7 +91,6 @@ TEST(TabFile, RaisesForALineOutsideTheTable) {
         }
         EXPECT_THROW(text.File.GetChar(line, 0), std::out_of_range);
         EXPECT_THROW(text.File.FindChar(line, 0, 'a'), std::out_of_range);
-        EXPECT_THROW(text.File.FindText(line, 0, "a"), std::out_of_range);
         EXPECT_THROW(text.File.GetText(line, 0, 0), std::out_of_range);
     }
 }
