@@ -213,6 +213,23 @@ private:
     int m_BarNumber = 0;
 };
 
+constexpr RecognisedName kNames[] = {
+    {Recognised::Nothing, "not used", ' ', "0", "nothing"},
+    {Recognised::StaveLine, "stave line", '-', "2", "stave"},
+    {Recognised::Barline, "barline", '|', "1", "barline"},
+    {Recognised::TuningLetter, "tuning letter", 'T', "36", "tuning"},
+    {Recognised::Fret, "fret number", 'F', "1;32", "fret"},
+    {Recognised::MutedColumn, "time without a note", 'x', "32", "muted"},
+    {Recognised::RhythmSymbol, "rhythm line", 'R', "1;35", "rhythm"},
+    {Recognised::ChordSymbol, "chord symbol", 'C', "1;33", "chord"},
+    {Recognised::LostChordSymbol, "chord symbol that lost its place", 'c', "9;33", "lost-chord"},
+    {Recognised::Label, "section label", 'L', "1;34", "label"},
+    {Recognised::LostLabel, "label over no bar", 'l', "9;34", "lost-label"},
+    {Recognised::TimeSignature, "time signature", 'S', "1;36", "time"},
+    {Recognised::PlayingSign, "how it is played", 'P', "1;31", "playing"},
+    {Recognised::IgnoredLine, "ignored line", '!', "9;31", "ignored"},
+};
+
 } // namespace
 
 std::size_t ExplainedLine::EndOfStretch(std::size_t column) const {
@@ -226,23 +243,11 @@ Explanation Explanation::Of(const TabText::TabReading& reading) {
     return Explainer(reading).Explain();
 }
 
+std::span<const RecognisedName> AllRecognised() {
+    return kNames;
+}
+
 const RecognisedName& NameOf(Recognised kind) {
-    static constexpr RecognisedName kNames[] = {
-        {Recognised::Nothing, "not used", ' ', "0", "nothing"},
-        {Recognised::StaveLine, "stave line", '-', "2", "stave"},
-        {Recognised::Barline, "barline", '|', "1", "barline"},
-        {Recognised::TuningLetter, "tuning letter", 'T', "36", "tuning"},
-        {Recognised::Fret, "fret number", 'F', "1;32", "fret"},
-        {Recognised::MutedColumn, "time without a note", 'x', "32", "muted"},
-        {Recognised::RhythmSymbol, "rhythm line", 'R', "1;35", "rhythm"},
-        {Recognised::ChordSymbol, "chord symbol", 'C', "1;33", "chord"},
-        {Recognised::LostChordSymbol, "chord symbol that lost its place", 'c', "9;33", "lost-chord"},
-        {Recognised::Label, "section label", 'L', "1;34", "label"},
-        {Recognised::LostLabel, "label over no bar", 'l', "9;34", "lost-label"},
-        {Recognised::TimeSignature, "time signature", 'S', "1;36", "time"},
-        {Recognised::PlayingSign, "how it is played", 'P', "1;31", "playing"},
-        {Recognised::IgnoredLine, "ignored line", '!', "9;31", "ignored"},
-    };
     return *std::find_if(std::begin(kNames), std::end(kNames),
                          [&](const RecognisedName& row) { return row.Kind == kind; });
 }

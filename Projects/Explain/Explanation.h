@@ -2,6 +2,7 @@
 
 #include "Projects/TabText/TabReading.h"
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -75,10 +76,12 @@ struct RecognisedName {
     char Sign;
     /// The colour on a terminal, as the number of the terminal's own sequence.
     const char* TerminalStyle;
-    /// The class in a page.
-    const char* HtmlClass;
+    /// For programs, and its class in a page.
+    const char* Id;
 };
 const RecognisedName& NameOf(Recognised kind);
+/// One for each kind, in the order of the enumeration.
+std::span<const RecognisedName> AllRecognised();
 
 /// What stands below doubtful characters where there is no colour, and before each doubt.
 constexpr char kDoubtSign = '?';

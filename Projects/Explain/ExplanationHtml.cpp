@@ -52,7 +52,7 @@ void AddLine(xml_node pre, std::size_t number, const ExplainedLine& line) {
     AddSpan(pre, "number", digits + "  ");
     for (std::size_t column = 0; column < line.Text.size();) {
         const std::size_t end = line.EndOfStretch(column);
-        const std::string style = NameOf(line.Marks[column]).HtmlClass;
+        const std::string style = NameOf(line.Marks[column]).Id;
         AddSpan(pre, line.IsDoubtful[column] ? style + " doubt" : style,
                 ToUtf8(line.Text.substr(column, end - column)));
         column = end;
@@ -82,7 +82,7 @@ void AddLegend(xml_node body, const Explanation& explanation) {
         used.insert(line.Marks.begin(), line.Marks.end());
     xml_node list = Add(body, "ul");
     for (const Recognised kind : used)
-        AddSpan(Add(list, "li"), NameOf(kind).HtmlClass, NameOf(kind).Name);
+        AddSpan(Add(list, "li"), NameOf(kind).Id, NameOf(kind).Name);
 }
 
 } // namespace

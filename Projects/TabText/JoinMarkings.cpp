@@ -2,6 +2,7 @@
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Score/ScoreModel.h"
 #include "Projects/TabText/Markings.h"
+#include "Projects/TabText/ScorePlaces.h"
 #include "Projects/TabText/TabReading.h"
 
 #include <algorithm>
@@ -56,30 +57,15 @@ private:
 
     // The event that begins where the column of the text does; null when the score has none.
     ModelEvent* EventOf(const BarReading& reading, int textColumn) {
-        const Fretline::TabColumn* column =
-            ColumnOf(*reading.Bar, textColumn - reading.Bar->GetStartColumn());
-        const int length = reading.Bar->GetBarLength();
-        if (column == nullptr || length <= 0)
+        const Fretline::TabColumn* column = ColumnAt(*reading.Bar, textColumn);
+        const std::optional<ScorePlace> place = column ? ScorePlaceOf(reading, *column) : std::nullopt;
+        if (!place || place->Bar >= static_cast<int>(m_Score.Bars.size()))
             return nullptr;
-        const int bar = reading.FirstScoreBar + column->m_Position / length;
-        if (bar >= static_cast<int>(m_Score.Bars.size()))
-            return nullptr;
-        std::vector<ModelEvent>& events = BarAt(bar).Events;
+        std::vector<ModelEvent>& events = BarAt(place->Bar).Events;
         const auto event =
-            std::lower_bound(events.begin(), events.end(), column->m_Position % length,
+            std::lower_bound(events.begin(), events.end(), place->Position,
                              [](const ModelEvent& one, int position) { return one.Position < position; });
-        return event == events.end() || event->Position != column->m_Position % length ? nullptr : &*event;
-    }
-
-    static const Fretline::TabColumn* ColumnOf(const TabBar& bar, int place) {
-        // A column may reach one place to the left of its key.
-        auto next = bar.GetColumns().upper_bound(place + 1);
-        for (int tries = 0; tries < 2 && next != bar.GetColumns().begin(); ++tries) {
-            const Fretline::TabColumn& column = *(--next)->second;
-            if (place >= column.m_Column + column.m_StartOffset && place < column.m_Column + column.m_Width)
-                return &column;
-        }
-        return nullptr;
+        return event == events.end() || event->Position != place->Position ? nullptr : &*event;
     }
 
     static std::vector<ModelNote>::iterator AddDeadNote(ModelEvent& event, const TabBar& bar, int string) {

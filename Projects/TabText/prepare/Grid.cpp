@@ -192,7 +192,9 @@ private:
             const auto first = bar;
             bar = std::find_if(
                 first, end, [&](const TabBar* next) { return next->GetFirstLine() >= stave->GetEndLine(); });
-            PlanStave(*stave, {first, bar});
+            PlanStave(*stave, std::span<TabBar* const>(GetBars()).subspan(
+                                  static_cast<std::size_t>(first - GetBars().begin()),
+                                  static_cast<std::size_t>(bar - first)));
         }
     }
 

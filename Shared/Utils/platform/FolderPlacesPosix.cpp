@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <ctime>
 #include <memory>
-#include <random>
 #include <type_traits>
 #include <vector>
 
@@ -91,14 +90,6 @@ std::string LongDateAndTime(std::int64_t time) {
     };
     // The format's own day of the month is padded.
     return written("%A, ") + std::to_string(parts.tm_mday) + written(" %B %Y %X");
-}
-
-std::uint64_t UnguessableNumber() {
-    std::uint64_t number = 0;
-    if (getentropy(&number, sizeof number) == 0)
-        return number;
-    std::random_device device;
-    return std::uniform_int_distribution<std::uint64_t>()(device);
 }
 
 } // namespace Nvr::Platform

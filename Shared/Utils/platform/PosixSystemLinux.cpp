@@ -4,6 +4,7 @@
 #include "Shared/Utils/platform/PosixFile.h"
 
 #include <climits>
+#include <random>
 #include <vector>
 
 #include <fcntl.h>
@@ -25,6 +26,14 @@ std::string ExecutableFolder() {
     if (length <= 0)
         return {};
     return FolderOfPath(std::string(path.data(), static_cast<std::size_t>(length)));
+}
+
+std::uint64_t UnguessableNumber() {
+    std::uint64_t number = 0;
+    if (getentropy(&number, sizeof number) == 0)
+        return number;
+    std::random_device device;
+    return std::uniform_int_distribution<std::uint64_t>()(device);
 }
 
 } // namespace Nvr::Platform

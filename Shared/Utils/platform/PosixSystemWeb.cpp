@@ -14,6 +14,12 @@ std::string ExecutableFolder() {
     return "/";
 }
 
+// Nobody else sees the files, so nobody is there to predict a name; it only has to be a new one.
+std::uint64_t UnguessableNumber() {
+    static std::uint64_t last = 0;
+    return ++last;
+}
+
 // There is nobody who could get it back.
 bool MoveFileToRecyclePlace(const std::string& /*path*/) {
     return false;
