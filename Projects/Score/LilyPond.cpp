@@ -1,6 +1,7 @@
 #include "Projects/Score/LilyPond.h"
 
 #include "Projects/Fretline/score/Pitch.h"
+#include "Projects/Score/LilyPondChords.h"
 #include "Projects/Score/LilyPondNotes.h"
 #include "Projects/Score/Notation.h"
 #include "Projects/Score/Spelling.h"
@@ -52,7 +53,7 @@ public:
         std::string text = "\\version \"2.24.0\"\n\\language \"english\"\n\n" + Header();
         if (m_IsOnePage)
             text += "\\paper {\n  page-breaking = #ly:one-page-breaking\n}\n\n";
-        text += Music("", false);
+        text += Chords() + Music("", false);
         // A note that a string cannot give has no place on the stave of tab.
         if (m_LacksFrets && m_Layout != Layout::Notes)
             text += Music("Tab", true);
@@ -94,6 +95,30 @@ private:
             m_Sections[i].End = i + 1 < m_Sections.size() ? m_Sections[i + 1].First : m_Score.Bars.size();
     }
 
+    // The chord symbols, in a context of their own above the staves; nothing for a score without any.
+    std::string Chords() const {
+        if (m_Score.CountChordSymbols() == 0)
+            return {};
+        std::string text;
+        std::string all;
+        for (const Section& section : m_Sections) {
+            text += section.Variable + "Chords = \\chordmode {\n";
+            for (std::size_t bar = section.First; bar < section.End; ++bar)
+                if (const int length = LengthOf(m_Bars[bar]); length > 0)
+                    text += "  " + LilyPondChords(m_Score.Bars[bar], m_Bars[bar], length) + "| % " +
+                            NumberOf(bar) + "\n";
+            text += "}\n\n";
+            all += "  \\" + section.Variable + "Chords\n";
+        }
+        const bool hasNames = text.find("\\named ") != std::string::npos;
+        return (hasNames ? LilyPondChordNaming() : "") + text + "allChords = {\n" + all + "}\n\n";
+    }
+
+    // As the engraved score counts: from the bar after a pickup.
+    std::string NumberOf(std::size_t bar) const {
+        return std::to_string(m_Bars.front().IsPickup ? bar : bar + 1);
+    }
+
     std::string Music(const std::string& suffix, bool isForTab) {
         LilyPondNotes notes(m_Score, isForTab);
         m_Length = 0;
@@ -106,7 +131,10 @@ private:
             text += "}\n\n";
             all += "  \\" + section.Variable + suffix + "\n";
         }
-        return text + "all" + suffix + " = {\n" + Opening() + all + "  \\bar \"|.\"\n}\n\n";
+        // Where the last bar is repeated, its own barline says so.
+        const bool endsInRepeat = !m_Score.Bars.empty() && m_Score.Bars.back().Repeats.IsEnd;
+        return text + "all" + suffix + " = {\n" + Opening() + all + (endsInRepeat ? "" : "  \\bar \"|.\"\n") +
+               "}\n\n";
     }
 
     // What holds from the start.
@@ -128,18 +156,25 @@ private:
         std::string text = TimeOf(bar, written) + TuningOf(bar, notes);
         if (bar.Repeats.IsStart)
             text += "  \\bar \".|:\"\n";
-        for (const std::string& label : bar.Labels)
-            text += "  \\mark \\markup \\box " + QuotedText(ToUtf8(label)) + "\n";
+        if (!bar.Labels.empty())
+            text += "  \\sectionLabel \\markup {" + Boxes(bar.Labels) + " }\n";
         text += "  ";
         for (std::size_t piece = 0; piece < written.Pieces.size() && !written.IsRest(); ++piece)
-            text += notes.Piece(written.Pieces[piece], NextPiece(index, piece), bar) + " ";
+            text += notes.Piece(written.Pieces[piece], NextPiece(index, piece)) + " ";
         if (written.IsRest())
             text += "R" + LengthText(written.Length) + " ";
         else if (written.Pieces.empty())
             text += "s" + LengthText(LengthOf(written)) + " ";
-        text += Numbered("| % ", static_cast<long long>(index) + (m_Bars.front().IsPickup ? 0 : 1)) + "\n";
+        text += "| % " + NumberOf(index) + "\n";
         if (bar.Repeats.IsEnd)
             text += "  \\bar \":|.\"\n";
+        return text;
+    }
+
+    static std::string Boxes(const std::vector<std::string>& labels) {
+        std::string text;
+        for (const std::string& label : labels)
+            text += " \\box " + QuotedText(ToUtf8(label));
         return text;
     }
 
@@ -174,7 +209,7 @@ private:
     static std::string StringTuning(const std::vector<int>& tuning) {
         std::string text = "\\stringTuning <";
         for (const int midi : tuning)
-            text += " " + PitchName(SpellMidi(midi));
+            text += " " + LilyPondPitch(SpellMidi(midi));
         return text + " >";
     }
 
@@ -193,25 +228,48 @@ private:
     }
 
     // A bar without anything in it is as long as one note where the order of the notes is all.
-    static int LengthOf(const WrittenBar& written) {
-        return written.Pieces.empty() ? kUnitsPerCrotchet : written.Length;
+    int LengthOf(const WrittenBar& written) const {
+        return written.Pieces.empty() && !m_Score.HasRhythms ? kUnitsPerCrotchet : written.Length;
     }
 
     std::string Book() const {
+        const bool hasChords = m_Score.CountChordSymbols() > 0;
+        return "tuning = " + StringTuning(m_Score.Tuning) + "\n\n\\score {\n  <<\n" +
+               (hasChords ? ChordNames() : "") + "    \\new StaffGroup <<\n" +
+               (m_Layout != Layout::Tab ? NoteStave() : "") + (m_Layout != Layout::Notes ? TabStave() : "") +
+               "    >>\n  >>\n  \\layout { }\n" + (hasChords ? SilentChords() : "  \\midi { }\n") + "}\n";
+    }
+
+    static const char* ChordNames() {
+        return R"(    \new ChordNames \with {
+      majorSevenSymbol = "maj7"
+    } \allChords
+)";
+    }
+
+    static const char* SilentChords() {
+        return R"(  \midi {
+    \context {
+      \ChordNames
+      \remove "Note_performer"
+    }
+  }
+)";
+    }
+
+    std::string NoteStave() const {
         const bool isBass = m_Score.Tuning.size() == static_cast<std::size_t>(kStringsOfABass);
-        std::string text =
-            "tuning = " + StringTuning(m_Score.Tuning) + "\n\n\\score {\n  \\new StaffGroup <<\n";
-        if (m_Layout != Layout::Tab)
-            text += std::string("    \\new Staff \\with {\n      instrumentName = ") +
-                    QuotedText(ToUtf8(m_Score.InstrumentName)) +
-                    "\n      \\omit StringNumber\n    } {\n      \\clef \"" +
-                    (isBass ? "bass_8" : "treble_8") + "\"\n      " +
-                    (ChangesTuning() ? "\\removeWithTag #'tab " : "") + "\\all\n    }\n";
-        if (m_Layout != Layout::Notes)
-            text += std::string("    \\new TabStaff \\with {\n      stringTunings = \\tuning\n    } {\n") +
-                    (m_Layout == Layout::Tab && m_Score.HasRhythms ? "      \\tabFullNotation\n" : "") +
-                    (m_LacksFrets ? "      \\allTab\n" : "      \\all\n") + "    }\n";
-        return text + "  >>\n  \\layout { }\n  \\midi { }\n}\n";
+        return "      \\new Staff \\with {\n        instrumentName = " +
+               QuotedText(ToUtf8(m_Score.InstrumentName)) +
+               "\n        \\omit StringNumber\n      } {\n        \\clef \"" +
+               (isBass ? "bass_8" : "treble_8") + "\"\n        " +
+               (ChangesTuning() ? "\\removeWithTag #'tab " : "") + "\\all\n      }\n";
+    }
+
+    std::string TabStave() const {
+        return std::string("      \\new TabStaff \\with {\n        stringTunings = \\tuning\n      } {\n") +
+               (m_Layout == Layout::Tab ? "        \\tabFullNotation\n" : "") +
+               (m_LacksFrets ? "        \\allTab\n" : "        \\all\n") + "      }\n";
     }
 
     const ScoreModel& m_Score;

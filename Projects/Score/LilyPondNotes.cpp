@@ -1,7 +1,5 @@
 #include "Projects/Score/LilyPondNotes.h"
 
-#include "Projects/Score/Utf8.h"
-
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -93,14 +91,14 @@ std::string LengthText(int length) {
     return "1*" + FractionText(length);
 }
 
-std::string PitchName(const SpelledPitch& pitch) {
+std::string LilyPondPitch(const SpelledPitch& pitch) {
     std::string name(1, static_cast<char>(pitch.Step - 'A' + 'a'));
     name += std::string(static_cast<std::size_t>(std::abs(pitch.Alter)), pitch.Alter > 0 ? 's' : 'f');
     const int octaves = pitch.Octave - kMiddleOctave;
     return name + std::string(static_cast<std::size_t>(std::abs(octaves)), octaves > 0 ? '\'' : ',');
 }
 
-std::string LilyPondNotes::Piece(const WrittenPiece& piece, const WrittenPiece* next, const ModelBar& bar) {
+std::string LilyPondNotes::Piece(const WrittenPiece& piece, const WrittenPiece* next) {
     const std::string duration = DurationText(piece.Value, piece.Dots);
     std::string text;
     std::string notes;
@@ -114,9 +112,6 @@ std::string LilyPondNotes::Piece(const WrittenPiece& piece, const WrittenPiece* 
     }
     if (!notes.empty())
         text += SignsAfter(piece, next);
-    for (const ModelText& chord : bar.ChordSymbols)
-        if (chord.Position == piece.Position && piece.IsStruck && !m_IsForTab)
-            text += "^\\markup \\bold " + QuotedText(ToUtf8(chord.Text));
     return text;
 }
 
@@ -129,7 +124,7 @@ std::string LilyPondNotes::Note(const ModelNote& note) const {
         text += "\\deadNote ";
     if (FindTechnique(note.Techniques, Technique::Ghost) != nullptr)
         text += "\\parenthesize ";
-    text += PitchName(pitch);
+    text += LilyPondPitch(pitch);
     const int strings = static_cast<int>(m_Tuning->size());
     if (note.Fret >= 0 && note.String < strings)
         text += "\\" + std::to_string(strings - note.String);

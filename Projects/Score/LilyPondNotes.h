@@ -12,7 +12,7 @@ namespace Score {
 std::string QuotedText(const std::string& text);
 
 /// A pitch by the English names of notes, such as "fs'" for F sharp above middle C.
-std::string PitchName(const SpelledPitch& pitch);
+std::string LilyPondPitch(const SpelledPitch& pitch);
 
 /// A length of time in score units, as a duration: "4." or "1*5/8".
 std::string LengthText(int length);
@@ -29,9 +29,8 @@ public:
     /// The strings of the pieces from here on.
     void SetTuning(const std::vector<int>& tuning) { m_Tuning = &tuning; }
 
-    /// One piece; `next` is the one after it, null at the end. Chord symbols of the bar stand at its struck
-    /// pieces.
-    std::string Piece(const WrittenPiece& piece, const WrittenPiece* next, const ModelBar& bar);
+    /// One piece; `next` is the one after it, null at the end.
+    std::string Piece(const WrittenPiece& piece, const WrittenPiece* next);
 
 private:
     std::string Note(const ModelNote& note) const;
