@@ -7,9 +7,8 @@
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
-#include <array>
-#include <map>
-#include <set>
+#include <bitset>
+#include <cstdint>
 
 namespace TabText {
 
@@ -20,6 +19,8 @@ using Nvr::Ascii::IsDigit;
 constexpr int kHighestFretReadAsOneNumber = 22;
 constexpr int kLowestFretOfTwoDigits = 10;
 constexpr int kHighestFret = 24;
+// With zeros before it. A longer one is looked at no further.
+constexpr std::size_t kMostDigitsOfAFret = 8;
 // As far as one hand reaches.
 constexpr int kFretsOfAHand = 4;
 // What shows that somebody wrote numbers without a gap, and how much that takes: less might be a slip.
@@ -58,18 +59,45 @@ struct DigitRun {
     }
 };
 
-// What the numbers of one string have in common within a bar, or those of all strings.
+// What the numbers of one string within a bar have in common.
 struct NumbersOfBar {
-    std::array<int, 10> Lone{};
+    // A bit for each digit that stands alone.
+    std::uint16_t Lone = 0;
+    bool HasOtherFretOfTwoDigits = false;
+
+    bool HasLone(char digit) const { return (Lone >> static_cast<unsigned>(digit - '0') & 1U) != 0; }
+};
+
+// The same for all strings.
+struct BarOfStave {
+    // -1 where no digit stands alone.
+    int HighestLone = -1;
     bool HasOtherFretOfTwoDigits = false;
 };
 
 struct StaveNumbers {
+    explicit StaveNumbers(const Fretline::TabStave& stave)
+        : FirstLine(stave.GetFirstLine()), Bars(stave.GetBarlines().size() + 1),
+          ByLineAndBar(static_cast<std::size_t>(stave.GetLineCount()) * Bars.size()) {}
+
+    NumbersOfBar& At(const DigitRun& run) { return ByLineAndBar[IndexOf(run)]; }
+    const NumbersOfBar& At(const DigitRun& run) const { return ByLineAndBar[IndexOf(run)]; }
+    BarOfStave& BarOf(const DigitRun& run) { return Bars[static_cast<std::size_t>(run.Bar)]; }
+    const BarOfStave& BarOf(const DigitRun& run) const { return Bars[static_cast<std::size_t>(run.Bar)]; }
+
+    int FirstLine;
+    // By line, then by column.
     std::vector<DigitRun> Runs;
-    std::map<std::pair<int, int>, NumbersOfBar> ByLineAndBar;
-    std::map<int, int> HighestLoneOfBar;
+    std::vector<BarOfStave> Bars;
+    std::vector<NumbersOfBar> ByLineAndBar;
     int HighestLone = 0;
-    std::set<int> BarsWithOtherFretOfTwoDigits;
+    bool HasOtherFretOfTwoDigits = false;
+
+private:
+    std::size_t IndexOf(const DigitRun& run) const {
+        return static_cast<std::size_t>(run.Line - FirstLine) * Bars.size() +
+               static_cast<std::size_t>(run.Bar);
+    }
 };
 
 void AddRunsOfLine(const Draft& draft, int line, const Fretline::TabStave& stave, StaveNumbers& numbers) {
@@ -93,17 +121,16 @@ void AddRunsOfLine(const Draft& draft, int line, const Fretline::TabStave& stave
 
 void Sum(StaveNumbers& numbers) {
     for (const DigitRun& run : numbers.Runs) {
-        NumbersOfBar& entry = numbers.ByLineAndBar[{run.Line, run.Bar}];
-        entry.HasOtherFretOfTwoDigits =
-            entry.HasOtherFretOfTwoDigits || (run.IsFretOfTwoDigits() && !run.IsDoubled());
+        NumbersOfBar& entry = numbers.At(run);
+        BarOfStave& bar = numbers.BarOf(run);
         if (run.IsFretOfTwoDigits() && !run.IsDoubled())
-            numbers.BarsWithOtherFretOfTwoDigits.insert(run.Bar);
+            entry.HasOtherFretOfTwoDigits = bar.HasOtherFretOfTwoDigits = numbers.HasOtherFretOfTwoDigits =
+                true;
         if (!run.IsLone())
             continue;
         const int digit = run.Digits[0] - '0';
-        ++entry.Lone[static_cast<std::size_t>(digit)];
-        int& highest = numbers.HighestLoneOfBar[run.Bar];
-        highest = std::max(highest, digit);
+        entry.Lone |= static_cast<std::uint16_t>(1U << static_cast<unsigned>(digit));
+        bar.HighestLone = std::max(bar.HighestLone, digit);
         numbers.HighestLone = std::max(numbers.HighestLone, digit);
     }
 }
@@ -113,7 +140,7 @@ class NumbersOfText {
 public:
     NumbersOfText(const Draft& draft, const DraftReading& reading) {
         for (const auto& stave : reading.GetStaves()) {
-            StaveNumbers& numbers = m_Staves.emplace_back();
+            StaveNumbers& numbers = m_Staves.emplace_back(*stave);
             for (int line = stave->GetFirstLine(); line < stave->GetEndLine(); ++line)
                 AddRunsOfLine(draft, line, *stave, numbers);
             Sum(numbers);
@@ -127,28 +154,27 @@ public:
     // Somebody wrote numbers without a gap here, and more than once. Where all numbers have two digits, a
     // zero before one is no number of its own.
     bool IsGlued() const { return m_SignsOfGlue >= kEnoughSigns && m_LoneNumbers >= m_PaddedPairs; }
-    bool HasFret(int fret) const { return m_Frets.count(fret) > 0; }
+    bool HasFret(int fret) const { return m_Frets.test(static_cast<std::size_t>(fret)); }
 
     // "11" beside a lone "1" of its string, in a place where nothing lies as high as fret 11.
     static bool RepeatsANeighbour(const StaveNumbers& stave, const DigitRun& run) {
         if (!run.IsDoubled() || run.StartsWithZero())
             return false;
-        const NumbersOfBar& entry = stave.ByLineAndBar.at({run.Line, run.Bar});
-        const auto highest = stave.HighestLoneOfBar.find(run.Bar);
-        return entry.Lone[static_cast<std::size_t>(run.Digits[0] - '0')] > 0 &&
-               !entry.HasOtherFretOfTwoDigits && run.IsOutOfReachFrom(highest->second);
+        const NumbersOfBar& entry = stave.At(run);
+        return entry.HasLone(run.Digits[0]) && !entry.HasOtherFretOfTwoDigits &&
+               run.IsOutOfReachFrom(stave.BarOf(run).HighestLone);
     }
 
     // "22" where the hand is far below fret 22, and no fret of two digits is sure: in the bar, or where that
     // tells nothing, in the stave.
     static bool IsFarFromTheHand(const StaveNumbers& stave, const DigitRun& run) {
-        if (!run.IsDoubled() || stave.BarsWithOtherFretOfTwoDigits.count(run.Bar) > 0)
+        const BarOfStave& bar = stave.BarOf(run);
+        if (!run.IsDoubled() || bar.HasOtherFretOfTwoDigits)
             return false;
-        const auto inBar = stave.HighestLoneOfBar.find(run.Bar);
-        if (inBar != stave.HighestLoneOfBar.end() && inBar->second > 0)
-            return run.IsOutOfReachFrom(inBar->second);
+        if (bar.HighestLone > 0)
+            return run.IsOutOfReachFrom(bar.HighestLone);
         return stave.HighestLone > 0 && run.IsOutOfReachFrom(stave.HighestLone) &&
-               stave.BarsWithOtherFretOfTwoDigits.empty();
+               !stave.HasOtherFretOfTwoDigits;
     }
 
 private:
@@ -156,7 +182,7 @@ private:
         m_LoneNumbers += run.IsLone() ? 1 : 0;
         m_PaddedPairs += run.IsPair() && run.StartsWithZero() && !run.IsDoubled() ? 1 : 0;
         if (run.IsFretOfTwoDigits())
-            m_Frets.insert(run.GetPair(0));
+            m_Frets.set(static_cast<std::size_t>(run.GetPair(0)));
         m_SignsOfGlue += SignsOf(stave, run);
     }
 
@@ -172,7 +198,7 @@ private:
     }
 
     std::vector<StaveNumbers> m_Staves;
-    std::set<int> m_Frets;
+    std::bitset<kHighestFret + 1> m_Frets;
     int m_SignsOfGlue = 0;
     int m_LoneNumbers = 0;
     int m_PaddedPairs = 0;
@@ -182,11 +208,10 @@ private:
 bool IsMadeOfFrets(const NumbersOfText& text, const StaveNumbers& stave, const DigitRun& run) {
     if (run.Digits.size() < 4 || run.Digits.size() % 2 != 0)
         return false;
-    const NumbersOfBar& entry = stave.ByLineAndBar.at({run.Line, run.Bar});
     for (std::size_t at = 0; at < run.Digits.size(); at += 2) {
         const int fret = run.GetPair(at);
         const bool isFret = fret >= kLowestFretOfTwoDigits && fret <= kHighestFretReadAsOneNumber;
-        if (!isFret || !text.HasFret(fret) || entry.Lone[static_cast<std::size_t>(run.Digits[at] - '0')] > 0)
+        if (!isFret || !text.HasFret(fret) || stave.At(run).HasLone(run.Digits[at]))
             return false;
     }
     return true;
@@ -194,7 +219,7 @@ bool IsMadeOfFrets(const NumbersOfText& text, const StaveNumbers& stave, const D
 
 // Where the numbers of a stave are put apart: first what shows it by itself, then what stands with that.
 void DecideParts(const NumbersOfText& text, StaveNumbers& stave) {
-    std::set<std::pair<int, int>> places;
+    std::vector<std::pair<int, int>> places;
     for (DigitRun& run : stave.Runs) {
         if (IsMadeOfFrets(text, stave, run))
             run.PartLength = 2;
@@ -203,36 +228,56 @@ void DecideParts(const NumbersOfText& text, StaveNumbers& stave) {
                   NumbersOfText::IsFarFromTheHand(stave, run)))
             run.PartLength = 1;
         if (run.PartLength == 1)
-            places.insert({run.Start, run.GetEnd()});
+            places.emplace_back(run.Start, run.GetEnd());
     }
+    std::sort(places.begin(), places.end());
     for (DigitRun& run : stave.Runs)
-        if (run.PartLength == 0 && run.Digits.size() > 1 && places.count({run.Start, run.GetEnd()}) > 0)
+        if (run.PartLength == 0 && run.Digits.size() > 1 &&
+            std::binary_search(places.begin(), places.end(), std::pair(run.Start, run.GetEnd())))
             run.PartLength = 1;
 }
 
 // Ascending, each once: the columns before which a number is to begin.
 std::vector<int> CutColumns(const StaveNumbers& stave) {
-    std::set<int> columns;
+    std::vector<int> columns;
     for (const DigitRun& run : stave.Runs)
         if (run.PartLength > 0)
             for (int column = run.Start + run.PartLength; column < run.GetEnd(); column += run.PartLength)
-                columns.insert(column);
-    return {columns.begin(), columns.end()};
+                columns.push_back(column);
+    std::sort(columns.begin(), columns.end());
+    columns.erase(std::unique(columns.begin(), columns.end()), columns.end());
+    return columns;
 }
 
-// True where the digits around the column are two numbers, be it that the plug-in knows that itself.
-bool IsCut(const StaveNumbers& stave, int line, int column) {
-    const auto after = std::upper_bound(stave.Runs.begin(), stave.Runs.end(), std::pair(line, column - 1),
-                                        [](const std::pair<int, int>& place, const DigitRun& run) {
-                                            return place < std::pair(run.Line, run.Start);
-                                        });
-    if (after == stave.Runs.begin())
-        return true;
-    const DigitRun& run = *(after - 1);
-    if (run.Line != line || run.GetEnd() <= column)
-        return true;
-    return run.PartLength > 0 ? (column - run.Start) % run.PartLength == 0 : !run.IsReadAsOne();
-}
+// True where the digits around a column are two numbers, be it that the plug-in knows that itself. Asked from
+// left to right, line by line, or a little back, it costs next to nothing.
+class CutTest {
+public:
+    explicit CutTest(const StaveNumbers& stave) : m_Stave(stave) {}
+
+    bool operator()(int line, int column) {
+        while (m_Next < m_Stave.Runs.size() && IsBefore(m_Stave.Runs[m_Next], line, column))
+            ++m_Next;
+        while (m_Next > 0 && !IsBefore(m_Stave.Runs[m_Next - 1], line, column))
+            --m_Next;
+        if (m_Next == m_Stave.Runs.size())
+            return true;
+        const DigitRun& run = m_Stave.Runs[m_Next];
+        if (run.Line != line || run.Start >= column)
+            return true;
+        if (run.PartLength > 0)
+            return (column - run.Start) % run.PartLength == 0;
+        return run.Digits.size() > kMostDigitsOfAFret || !run.IsReadAsOne();
+    }
+
+private:
+    static bool IsBefore(const DigitRun& run, int line, int column) {
+        return run.Line != line ? run.Line < line : run.GetEnd() <= column;
+    }
+
+    const StaveNumbers& m_Stave;
+    std::size_t m_Next = 0;
+};
 
 } // namespace
 
@@ -245,9 +290,7 @@ void RunDigits(Draft& draft) {
         DecideParts(text, stave);
         const std::vector<int> columns = CutColumns(stave);
         if (!columns.empty())
-            StaveWidener(draft, surroundings[at]).Widen(columns, [&](int line, int column) {
-                return IsCut(stave, line, column);
-            });
+            StaveWidener(draft, surroundings[at]).Widen(columns, CutTest(stave));
     }
 }
 

@@ -32,11 +32,8 @@ bool IsRhythmWord(const std::string& text, int column) {
 
 } // namespace
 
-int StaveWidener::PlaceAfterNumber(int line, int column) const {
-    int place = column;
-    while (IsDigit(m_Draft.GetChar(line, place - 1)) && IsDigit(m_Draft.GetChar(line, place)))
-        ++place;
-    return place;
+bool StaveWidener::IsInNumber(int line, int column) const {
+    return IsDigit(m_Draft.GetChar(line, column - 1)) && IsDigit(m_Draft.GetChar(line, column));
 }
 
 void StaveWidener::AddToString(int line, int column, std::vector<Insertion>& insertions) const {

@@ -22,8 +22,7 @@ public:
             std::vector<Insertion> insertions;
             for (const int column : columns)
                 if (isString)
-                    AddToString(line, isCut(line, column) ? column : PlaceAfterNumber(line, column),
-                                insertions);
+                    AddToString(line, PlaceAfterNumber(line, column, isCut), insertions);
                 else
                     AddToWords(line, column, insertions);
             Commit(line, insertions);
@@ -31,7 +30,14 @@ public:
     }
 
 private:
-    int PlaceAfterNumber(int line, int column) const;
+    // The column, or the first after it where no number is cut.
+    template <typename IsCut>
+    int PlaceAfterNumber(int line, int column, IsCut& isCut) const {
+        while (!isCut(line, column) && IsInNumber(line, column))
+            ++column;
+        return column;
+    }
+    bool IsInNumber(int line, int column) const;
     void AddToString(int line, int column, std::vector<Insertion>& insertions) const;
     void AddToWords(int line, int column, std::vector<Insertion>& insertions) const;
     void Commit(int line, std::vector<Insertion>& insertions);

@@ -158,21 +158,27 @@ private:
     }
 
     void CleanTimes() {
-        const DraftReading& reading = m_Reading;
-        for (const Fretline::TabTimeSignature* time :
-             TimesInWords(reading.GetFile(), reading.GetAnalysis())) {
-            string text = GetLine(time->m_Line);
-            if (text[static_cast<std::size_t>(time->m_Column)] == ' ')
-                continue;
-            const Word word = WordAt(text, time->m_Column);
-            const int slash = time->m_Column - word.Column;
-            // Of "Csus2/4" the chord stays.
-            const int kept = IsChordName(word.Text.substr(0, static_cast<std::size_t>(slash))) ? slash : 0;
-            const auto start = static_cast<std::size_t>(word.Column + kept);
-            const std::size_t length = word.Text.size() - static_cast<std::size_t>(kept);
-            text.replace(start, length, length, ' ');
-            SetLine(time->m_Line, std::move(text));
+        const auto times = TimesInWords(m_Reading.GetFile(), m_Reading.GetAnalysis());
+        for (auto first = times.begin(); first != times.end();) {
+            const int line = (*first)->m_Line;
+            string text = GetLine(line);
+            for (; first != times.end() && (*first)->m_Line == line; ++first)
+                BlankTime((*first)->m_Column, text);
+            SetLine(line, std::move(text));
         }
+    }
+
+    // `column` is that of the slash.
+    static void BlankTime(int column, string& text) {
+        if (text[static_cast<std::size_t>(column)] == ' ')
+            return;
+        const Word word = WordAt(text, column);
+        const int slash = column - word.Column;
+        // Of "Csus2/4" the chord stays.
+        const int kept = IsChordName(word.Text.substr(0, static_cast<std::size_t>(slash))) ? slash : 0;
+        const auto start = static_cast<std::size_t>(word.Column + kept);
+        const std::size_t length = word.Text.size() - static_cast<std::size_t>(kept);
+        text.replace(start, length, length, ' ');
     }
 
     const Draft& m_Draft;
