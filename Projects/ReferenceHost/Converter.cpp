@@ -188,6 +188,9 @@ std::string Converter::Printed(const Input& input, const Opened& opened,
         text += SummaryLine(name, file);
         name.clear();
     }
+    // Beside a stream there is no place that a user would look at.
+    if (input.What == Input::Kind::Stream && m_Line.Outputs.empty() && m_Line.ToFormats.empty())
+        text += SummaryLine("Written", "nothing: -o NAME or --to FORMAT says what is to be");
     return text;
 }
 
