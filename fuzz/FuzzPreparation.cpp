@@ -1,6 +1,6 @@
 // A text, prepared with steps that the first byte picks. Properties: the map leads from every place of the
 // result to one of the original, columns ascending; what did not change is there byte for byte; and preparing
-// the result with the same steps changes nothing.
+// the result with the same steps changes nothing. The same holds for each of its parts.
 
 #include "Projects/TabText/Preparation.h"
 #include "fuzz/FuzzSupport.h"
@@ -84,5 +84,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CheckUnchanged(prepared, lines, LinesOf(text));
     Require(prepared.IsChanged() || prepared.Text == text, "no change, no difference");
     Require(TabText::Prepare(prepared.Text, steps).Text == prepared.Text, "once is enough");
+    for (const TabText::PreparedPart& part : TabText::PrepareParts(text, steps)) {
+        CheckMap(part.Text, LinesOf(part.Text.Text));
+        const auto again = TabText::PrepareParts(part.Text.Text, steps);
+        Require(again.size() == 1 && again[0].Text.Text == part.Text.Text, "a part is one part");
+    }
     return 0;
 }

@@ -1,6 +1,7 @@
 #include "Projects/TabText/Preparation.h"
 
 #include "Projects/TabText/prepare/Draft.h"
+#include "Projects/TabText/prepare/Parts.h"
 #include "Projects/TabText/prepare/Steps.h"
 
 #include <algorithm>
@@ -36,6 +37,8 @@ constexpr std::array kSteps = std::to_array<PreparationStep>({
     {"bends", "Targets of bends and releases (\"7b9\", \"9r7\") blanked: nobody strikes them", true,
      RunBends},
     {"digits", "Numbers that were written without a gap (\"00\", \"1-11-1\") apart", true, RunDigits},
+    {"parts", "Each of several parts (\"Gtr I\", \"Gtr II\"; a bass under a guitar) in a score of its own",
+     false, RunParts},
     {"text",
      "Words that would be read as chords, rhythms, labels or time signatures: lyrics and prose blanked, "
      "remarks beside chords in small letters",
@@ -72,11 +75,39 @@ bool RunToRest(Draft& draft, const std::vector<const PreparationStep*>& steps) {
     return false;
 }
 
+std::vector<const PreparationStep*> InOrder(std::span<const PreparationStep* const> steps) {
+    std::vector<const PreparationStep*> ordered(steps.begin(), steps.end());
+    std::sort(ordered.begin(), ordered.end());
+    ordered.erase(std::unique(ordered.begin(), ordered.end()), ordered.end());
+    return ordered;
+}
+
 PreparedText Finish(const Draft& draft, const std::vector<const PreparationStep*>& steps) {
     PreparedText prepared{draft.GetText(), draft.GetMap(), {}, draft.GetChanges(kSteps)};
     for (const PreparationStep* step : steps)
         prepared.Steps.push_back({step, draft.CountChanged(NumberOf(step))});
     return prepared;
+}
+
+PreparedText PreparePart(string_view text, const string& part,
+                         const std::vector<const PreparationStep*>& steps) {
+    Draft draft(text);
+    draft.ChoosePart(part);
+    if (RunToRest(draft, steps))
+        return Finish(draft, steps);
+    return Finish(Draft(text), steps);
+}
+
+// The parts that the text shows once the steps before that of parts have run. Empty when it is not asked for.
+std::vector<PartName> PartsOf(string_view text, const std::vector<const PreparationStep*>& steps) {
+    const auto parts = std::find_if(steps.begin(), steps.end(),
+                                    [](const PreparationStep* step) { return step->Run == RunParts; });
+    if (parts == steps.end())
+        return {};
+    Draft draft(text);
+    if (!RunToRest(draft, {steps.begin(), parts}))
+        return {};
+    return FindParts(draft).Names;
 }
 
 } // namespace
@@ -100,17 +131,21 @@ const PreparationStep* FindPreparationStep(string_view name) {
 }
 
 PreparedText Prepare(string_view text, std::span<const PreparationStep* const> steps) {
-    std::vector<const PreparationStep*> ordered(steps.begin(), steps.end());
-    std::sort(ordered.begin(), ordered.end());
-    ordered.erase(std::unique(ordered.begin(), ordered.end()), ordered.end());
-    Draft draft(text);
-    if (RunToRest(draft, ordered))
-        return Finish(draft, ordered);
-    return Finish(Draft(text), ordered);
+    return PreparePart(text, {}, InOrder(steps));
 }
 
 PreparedText Prepare(string_view text) {
     return Prepare(text, DefaultPreparationSteps());
+}
+
+std::vector<PreparedPart> PrepareParts(string_view text, std::span<const PreparationStep* const> steps) {
+    const std::vector<const PreparationStep*> ordered = InOrder(steps);
+    std::vector<PreparedPart> parts;
+    for (const PartName& name : PartsOf(text, ordered))
+        parts.push_back({name.Name, PreparePart(text, name.Key, ordered)});
+    if (parts.empty())
+        parts.push_back({{}, PreparePart(text, {}, ordered)});
+    return parts;
 }
 
 std::vector<const char*> StepsThatWouldHelp(string_view text) {

@@ -68,6 +68,19 @@ PreparedText Prepare(std::string_view text, std::span<const PreparationStep* con
 /// The same with the steps that are on by default.
 PreparedText Prepare(std::string_view text);
 
+/// One part of a text that shows several, such as two guitars.
+struct PreparedPart {
+    /// As the text calls it, in letters, digits and blanks: "Gtr I". Empty when the text is one part.
+    std::string Name;
+    /// The whole text, in which the lines of the other parts are blank.
+    PreparedText Text;
+};
+
+/// The same for each part of the text, in the order in which they appear, when the step "parts" is among
+/// those asked for; else, and when the text is one part, one with all of it. (Prepare itself leaves parts
+/// together.) Costs what Prepare does for each part, of which there are few.
+std::vector<PreparedPart> PrepareParts(std::string_view text, std::span<const PreparationStep* const> steps);
+
 /// The names of the steps on by default that would change the text; empty for a tidy tab.
 std::vector<const char*> StepsThatWouldHelp(std::string_view text);
 

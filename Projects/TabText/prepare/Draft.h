@@ -72,6 +72,10 @@ public:
     /// in their order and no others changes nothing.
     void Rearrange(std::vector<PlannedLine> plan);
 
+    /// Of the parts that the text shows, the one that is to be left of it (PartName::Key); empty for all.
+    const std::string& GetPart() const { return m_Part; }
+    void ChoosePart(std::string key) { m_Part = std::move(key); }
+
     std::string GetText() const;
     LineMap GetMap() const;
     /// How many lines the step with this number changed, added or removed.
@@ -88,6 +92,7 @@ private:
     std::string m_Before;
     std::string m_Source;
     std::string m_Recoded;
+    std::string m_Part;
     std::string_view m_LineEnd;
     std::vector<DraftLine> m_Lines;
     std::vector<DraftLine> m_Removed;

@@ -13,6 +13,7 @@ void RunApart(Draft& draft);
 void RunTuning(Draft& draft);
 void RunBends(Draft& draft);
 void RunDigits(Draft& draft);
+void RunParts(Draft& draft);
 void RunText(Draft& draft);
 void RunRhythm(Draft& draft);
 void RunGrid(Draft& draft);
