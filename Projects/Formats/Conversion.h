@@ -36,6 +36,8 @@ struct Conversion {
     std::string Source;
     /// For people: the name of the file without folder and extension, UTF-8.
     std::string Title;
+    /// Which part of the text it is, where that was cut into several; else empty.
+    std::string Part;
     /// The finished score, byte for byte as the plug-in wrote it.
     std::string ScoreBytes;
     /// The same score as a tree.

@@ -185,12 +185,19 @@ std::string JsonText(const Conversion& conversion, std::span<const std::string> 
         json["warnings"] = WarningsJson(*reading, *conversion.Tab);
         json["doubts"] = DoubtsJson(conversion.GetDoubts());
     }
+    if (!conversion.Part.empty())
+        json["part"] = conversion.Part;
     json["files"] = files;
     return Dumped(json);
 }
 
-std::string RefusalJson(std::string_view source, std::string_view reason) {
-    return Dumped({{"file", source}, {"taken", false}, {"reason", reason}});
+std::string RefusalJson(std::string_view source, std::string_view part, std::string_view reason) {
+    Json json{{"file", source}};
+    if (!part.empty())
+        json["part"] = part;
+    json["taken"] = false;
+    json["reason"] = reason;
+    return Dumped(json);
 }
 
 } // namespace Formats

@@ -12,7 +12,7 @@ namespace Formats {
 /// what stands in it. `files` are those written of it.
 std::string JsonText(const Conversion& conversion, std::span<const std::string> files);
 
-/// The like for a file that gave no score.
-std::string RefusalJson(std::string_view source, std::string_view reason);
+/// The like for a file, or a part of it, that gave no score. `part` is empty for the whole.
+std::string RefusalJson(std::string_view source, std::string_view part, std::string_view reason);
 
 } // namespace Formats

@@ -43,6 +43,14 @@ std::string WriteTarget(const Formats::Conversion& conversion, const Target& tar
     return {};
 }
 
+// What --prepare=show prints of them.
+std::string TextOf(const std::vector<TabText::PreparedPart>& parts) {
+    std::string text;
+    for (const TabText::PreparedPart& part : parts)
+        text += (part.Name.empty() ? "" : "==== " + part.Name + " ====\n") + part.Text.Text;
+    return text;
+}
+
 } // namespace
 
 Converter::Converter(const CommandLine& line, const Opening::Plugin& plugin, fs::path configFolder,
@@ -51,20 +59,49 @@ Converter::Converter(const CommandLine& line, const Opening::Plugin& plugin, fs:
       m_ShowsProgress(showsProgress) {}
 
 JobResult Converter::Convert(const Input& input, const std::vector<Target>& targets) const {
-    std::optional<TemporaryTab> name;
-    std::optional<TabText::PreparedText> prepared;
+    std::vector<TabText::PreparedPart> parts;
     if (!m_Line.Preparation.empty() && input.What != Input::Kind::Score)
-        prepared = Prepare(input);
-    if (prepared && m_Line.ShowsPrepared)
-        return JobResult::OfOutput(prepared->Text);
-    const Opened opened =
-        prepared && prepared->IsChanged() ? OpenPrepared(*prepared, input, name) : Open(input, name);
+        parts = Prepare(input);
+    if (!parts.empty() && m_Line.ShowsPrepared)
+        return JobResult::OfOutput(TextOf(parts));
+    if (parts.size() > 1)
+        return ConvertParts(input, targets, parts);
+    std::optional<TemporaryTab> name;
+    const bool isChanged = !parts.empty() && parts.front().Text.IsChanged();
+    const Opened opened = isChanged ? OpenPrepared(parts.front().Text, input, name) : Open(input, name);
+    return Finish(input, {}, opened, targets);
+}
+
+JobResult Converter::ConvertParts(const Input& input, const std::vector<Target>& targets,
+                                  const std::vector<TabText::PreparedPart>& parts) const {
+    const auto isStandardOutput = [](const Target& target) { return target.File.empty(); };
+    if (std::any_of(targets.begin(), targets.end(), isStandardOutput))
+        return TellRefusal(input, {},
+                           Opened(Status::Failed, std::to_string(parts.size()) +
+                                                      " parts cannot go to standard output together"));
+    JobResult all;
+    for (const TabText::PreparedPart& part : parts) {
+        std::optional<TemporaryTab> name;
+        Opened opened = OpenPrepared(part.Text, input, name);
+        if (opened.Conversion) {
+            opened.Conversion->Part = part.Name;
+            opened.Conversion->Title = NameOfPart(opened.Conversion->Title, part.Name);
+        }
+        all.Add(Finish(input, part.Name, opened, TargetsOfPart(targets, part.Name)));
+        if (all.Ended == Status::Cancelled)
+            break;
+    }
+    return all;
+}
+
+JobResult Converter::Finish(const Input& input, const std::string& part, const Opened& opened,
+                            const std::vector<Target>& targets) const {
     if (!opened.Conversion)
-        return TellRefusal(input, opened);
+        return TellRefusal(input, part, opened);
     JobResult result;
     if (m_Line.Verbose)
         for (const std::string& message : opened.Messages)
-            result.Errors += input.Path.string() + ": " + message + "\n";
+            result.Errors += NameOfPart(input.Path.string(), part) + ": " + message + "\n";
     const std::vector<std::string> files = WriteTargets(*opened.Conversion, targets, result);
     if (m_Line.IsStrict)
         result.IsDoubtful = !opened.Conversion->GetDoubts().empty();
@@ -93,11 +130,11 @@ Converter::Opened Converter::Open(const Input& input, std::optional<TemporaryTab
     }
 }
 
-std::optional<TabText::PreparedText> Converter::Prepare(const Input& input) const {
+std::vector<TabText::PreparedPart> Converter::Prepare(const Input& input) const {
     const auto bytes = ReadWholeFile(input.IsStandardInput() ? fs::path("/dev/stdin") : input.Path);
     if (!bytes)
-        return std::nullopt;
-    return TabText::Prepare(*bytes, m_Line.Preparation);
+        return {};
+    return TabText::PrepareParts(*bytes, m_Line.Preparation);
 }
 
 Converter::Opened Converter::OpenPrepared(const TabText::PreparedText& prepared, const Input& input,
@@ -118,15 +155,16 @@ Opening::TabOpener Converter::Opener(Opening::OpeningWatcher& watcher) const {
     return {m_Plugin, m_ConfigFolder, m_Line.Layout, watcher};
 }
 
-JobResult Converter::TellRefusal(const Input& input, const Opened& opened) const {
+JobResult Converter::TellRefusal(const Input& input, const std::string& part, const Opened& opened) const {
+    const std::string name = NameOfPart(input.Path.string(), part);
     JobResult result;
     result.Ended = opened.Ended;
     result.Reason = opened.Reason;
     for (const std::string& message : opened.Messages)
-        result.Errors += input.Path.string() + ": " + message + "\n";
-    result.Errors += Terminal::Complaint(input.Path.string() + ": " + opened.Reason);
+        result.Errors += name + ": " + message + "\n";
+    result.Errors += Terminal::Complaint(name + ": " + opened.Reason);
     if (m_Line.Prints == Printing::Json)
-        result.Output = Formats::RefusalJson(input.Path.string(), opened.Reason) + "\n";
+        result.Output = Formats::RefusalJson(input.Path.string(), part, opened.Reason) + "\n";
     return result;
 }
 
@@ -154,6 +192,7 @@ std::vector<std::string> Converter::WriteTargets(const Formats::Conversion& conv
 std::string Converter::Printed(const Input& input, const Opened& opened,
                                const std::vector<std::string>& files) const {
     const Formats::Conversion& conversion = *opened.Conversion;
+    const std::string name = NameOfPart(input.Path.string(), conversion.Part);
     switch (m_Line.Prints) {
     case Printing::Nothing:
         return {};
@@ -165,12 +204,11 @@ std::string Converter::Printed(const Input& input, const Opened& opened,
         if (const TabText::TabReading* reading = conversion.GetReading())
             return (opened.Changes.empty() ? "" : "Prepared:\n" + opened.Changes + "\nThe prepared text:\n") +
                    Explain::ExplanationText(Explain::Explanation::Of(*reading), Terminal::HasColour());
-        return input.Path.string() +
-               ": only a tab can be explained, a finished score no longer knows its text\n";
+        return name + ": only a tab can be explained, a finished score no longer knows its text\n";
     case Printing::Summary:
         break;
     }
-    std::string text = Terminal::Bold(input.Path.string()) + "\n";
+    std::string text = Terminal::Bold(name) + "\n";
     if (input.What == Input::Kind::OtherText)
         text += SummaryLine("Opened as", "a tab, whatever its extension says");
     text += SummaryText(conversion.GetMusic());
@@ -183,10 +221,10 @@ std::string Converter::Printed(const Input& input, const Opened& opened,
     else if (m_Line.Preparation.empty() && conversion.Tab)
         text += HelpOfPreparation(conversion.Tab->File);
     text += DoubtSummary(conversion.GetDoubts(), m_Line.TellsDoubts);
-    std::string name = "Written";
+    std::string row = "Written";
     for (const std::string& file : files) {
-        text += SummaryLine(name, file);
-        name.clear();
+        text += SummaryLine(row, file);
+        row.clear();
     }
     // Beside a stream there is no place that a user would look at.
     if (input.What == Input::Kind::Stream && m_Line.Outputs.empty() && m_Line.ToFormats.empty())

@@ -37,12 +37,17 @@ private:
     Opened Open(const Input& input, std::optional<TemporaryTab>& name) const;
     Opened OpenTab(const std::filesystem::path& tab, const std::filesystem::path& source) const;
     Opening::TabOpener Opener(Opening::OpeningWatcher& watcher) const;
-    // The bytes of a text, prepared; opened under a temporary name where that changed it. Null when there are
-    // none.
-    std::optional<TabText::PreparedText> Prepare(const Input& input) const;
+    // The text, prepared, and its parts where it is to be cut into these; opened under a temporary name where
+    // that changed it. Empty when it cannot be read.
+    std::vector<TabText::PreparedPart> Prepare(const Input& input) const;
+    JobResult ConvertParts(const Input& input, const std::vector<Target>& targets,
+                           const std::vector<TabText::PreparedPart>& parts) const;
+    // `part` is the name of one part of the input, empty for all of it.
+    JobResult Finish(const Input& input, const std::string& part, const Opened& opened,
+                     const std::vector<Target>& targets) const;
     Opened OpenPrepared(const TabText::PreparedText& prepared, const Input& input,
                         std::optional<TemporaryTab>& name) const;
-    JobResult TellRefusal(const Input& input, const Opened& opened) const;
+    JobResult TellRefusal(const Input& input, const std::string& part, const Opened& opened) const;
     /// Gives the names of the files written.
     std::vector<std::string> WriteTargets(const Formats::Conversion& conversion,
                                           const std::vector<Target>& targets, JobResult& result) const;

@@ -34,6 +34,16 @@ JobResult JobResult::OfOutput(std::string output) {
     return result;
 }
 
+void JobResult::Add(const JobResult& other) {
+    Output += other.Output;
+    Errors += other.Errors;
+    IsDoubtful = IsDoubtful || other.IsDoubtful;
+    if (Ended == Status::Done || other.Ended == Status::Cancelled)
+        Ended = other.Ended;
+    if (Reason.empty())
+        Reason = other.Reason;
+}
+
 std::string JobResult::ToBytes() const {
     std::string bytes{static_cast<char>(Ended), static_cast<char>(IsDoubtful)};
     Append(bytes, Output);

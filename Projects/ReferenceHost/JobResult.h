@@ -24,6 +24,9 @@ struct JobResult {
     /// A job that is done and has this for standard output.
     static JobResult OfOutput(std::string output);
 
+    /// Joins what came of another piece of the same job: what is printed follows, and what went wrong stays.
+    void Add(const JobResult& other);
+
     std::string ToBytes() const;
     /// The reverse; what is no result is a failed one.
     static JobResult FromBytes(std::string_view bytes);

@@ -49,6 +49,63 @@ JobResult Refused(const Json& id, const std::string& reason) {
     return result;
 }
 
+// What a line's text, or a part of it, gave: "taken", and the score in each format, or "reason".
+struct Answer {
+    Json Members = Json::object();
+    JobResult::Status Ended = JobResult::Status::Done;
+
+    void Refuse(JobResult::Status ended, const std::string& reason) {
+        Ended = ended;
+        Members = {{"taken", false}, {"reason", reason}};
+    }
+
+    // Puts the answer for one part beside the others; that for the whole, which has no name, stands alone.
+    void Add(const std::string& part, const Answer& answer) {
+        if (answer.Ended != JobResult::Status::Done)
+            Ended = answer.Ended;
+        if (part.empty()) {
+            Members = answer.Members;
+            return;
+        }
+        const bool isTaken = answer.Members["taken"] || Members.value("taken", false);
+        Members["taken"] = isTaken;
+        Json members{{"part", part}};
+        members.update(answer.Members);
+        Members["parts"].push_back(std::move(members));
+    }
+
+    JobResult ToLine(const Json& id) const {
+        Json line{{"id", id}};
+        line.update(Members);
+        JobResult result;
+        result.Ended = Ended;
+        result.Reason = Members.value("reason", std::string());
+        result.Output = Dumped(line);
+        return result;
+    }
+};
+
+Answer AnswerOf(const Opening::Opened& opened, const CommandLine& line) {
+    Answer answer;
+    if (!opened.Conversion) {
+        answer.Refuse(opened.Ended, opened.Reason);
+        return answer;
+    }
+    answer.Members["taken"] = true;
+    if (line.Prints == CommandLine::Printing::Json)
+        answer.Members["score"] = Json::parse(Formats::JsonText(*opened.Conversion, {}));
+    for (const Formats::Format* format : line.ToFormats) {
+        std::string why;
+        const std::string bytes = format->Write(*opened.Conversion, why);
+        if (!why.empty()) {
+            answer.Refuse(JobResult::Status::Refused, why);
+            return answer;
+        }
+        answer.Members[std::string(format->Name)] = format->IsText ? bytes : Base64(bytes);
+    }
+    return answer;
+}
+
 } // namespace
 
 bool StandardInputLines::IsReady() {
@@ -100,37 +157,25 @@ JobResult Converter::ConvertLine(std::string_view line) const {
         return Refused(request.is_object() && request.contains("id") ? request["id"] : Json(nullptr),
                        R"(the line is no JSON object {"id":...,"text":...})");
     const Json id = request.contains("id") ? request["id"] : Json(nullptr);
-    auto text = request["text"].get<std::string>();
-    std::optional<TabText::PreparedText> prepared;
-    if (!m_Line.Preparation.empty()) {
-        prepared = TabText::Prepare(text, m_Line.Preparation);
-        text = prepared->Text;
+    const auto text = request["text"].get<std::string>();
+    Input input;
+    input.Path = input.Relative = kDefaultName;
+    Answer answer;
+    if (m_Line.Preparation.empty()) {
+        const TemporaryTab tab = TemporaryTab::Write(m_Folder, kDefaultName, text);
+        if (tab.Path().empty())
+            return Refused(id, "no room for a temporary file");
+        answer = AnswerOf(OpenTab(tab.Path(), input.Path), m_Line);
+    } else {
+        for (const TabText::PreparedPart& part : TabText::PrepareParts(text, m_Line.Preparation)) {
+            std::optional<TemporaryTab> tab;
+            Opened opened = OpenPrepared(part.Text, input, tab);
+            if (opened.Conversion)
+                opened.Conversion->Part = part.Name;
+            answer.Add(part.Name, AnswerOf(opened, m_Line));
+        }
     }
-    const TemporaryTab tab = TemporaryTab::Write(m_Folder, kDefaultName, text);
-    if (tab.Path().empty())
-        return Refused(id, "no room for a temporary file");
-    ProgressWatcher watcher(m_ShowsProgress);
-    const Opening::TabOpener opener = Opener(watcher);
-    const Opened opened = prepared ? opener.OpenPrepared(*prepared, tab.Path(), kDefaultName)
-                                   : opener.OpenTab(tab.Path(), kDefaultName);
-    if (!opened.Conversion) {
-        JobResult result = Refused(id, opened.Reason);
-        result.Ended = opened.Ended;
-        return result;
-    }
-    Json answer{{"id", id}, {"taken", true}};
-    if (m_Line.Prints == CommandLine::Printing::Json)
-        answer["score"] = Json::parse(Formats::JsonText(*opened.Conversion, {}));
-    for (const Formats::Format* format : m_Line.ToFormats) {
-        std::string why;
-        const std::string bytes = format->Write(*opened.Conversion, why);
-        if (!why.empty())
-            return Refused(id, why);
-        answer[std::string(format->Name)] = format->IsText ? bytes : Base64(bytes);
-    }
-    JobResult result;
-    result.Output = Dumped(answer);
-    return result;
+    return answer.ToLine(id);
 }
 
 } // namespace ReferenceHost

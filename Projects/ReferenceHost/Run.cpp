@@ -8,6 +8,7 @@
 #include "Projects/ReferenceHost/RunProgress.h"
 #include "Projects/ReferenceHost/Terminal.h"
 #include "Projects/ReferenceHost/Workers.h"
+#include "Projects/TabText/Preparation.h"
 
 #include <algorithm>
 #include <iostream>
@@ -94,8 +95,13 @@ private:
         const auto isTab = [](const Input& input) {
             return input.What == Input::Kind::Tab || input.What == Input::Kind::OtherText;
         };
-        return !m_Line.Yes && !m_Line.RhythmLevel && !m_Line.ReadsJsonLines && !m_Inputs.empty() &&
-               isTab(m_Inputs.front()) && !m_Line.WritesToStandardOutput() && Terminal::CanAsk();
+        // Each part would ask by itself.
+        const auto* const parts = TabText::FindPreparationStep("parts");
+        const bool hasParts = std::find(m_Line.Preparation.begin(), m_Line.Preparation.end(), parts) !=
+                              m_Line.Preparation.end();
+        return !m_Line.Yes && !m_Line.RhythmLevel && !hasParts && !m_Line.ReadsJsonLines &&
+               !m_Inputs.empty() && isTab(m_Inputs.front()) && !m_Line.WritesToStandardOutput() &&
+               Terminal::CanAsk();
     }
 
     std::string Prepare() {

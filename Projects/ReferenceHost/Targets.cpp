@@ -32,6 +32,11 @@ fs::path Normal(const fs::path& path) {
     return failure ? fs::absolute(path).lexically_normal() : real;
 }
 
+bool IsDevice(const fs::path& place) {
+    std::error_code failure;
+    return fs::exists(place, failure) && !fs::is_regular_file(place, failure);
+}
+
 // Plans for one command line.
 class Planner {
 public:
@@ -104,9 +109,7 @@ private:
             return;
         }
         const fs::path place = Normal(target.File);
-        std::error_code failure;
-        const bool isDevice = fs::exists(place, failure) && !fs::is_regular_file(place, failure);
-        if (isDevice)
+        if (IsDevice(place))
             return;
         if (m_Sources.count(place) != 0)
             throw Mistake(target.File.string() + " is both read and written");
@@ -136,6 +139,19 @@ std::vector<std::vector<Target>> PlanTargets(const CommandLine& line, const std:
         mistake = wrong.what();
         return {};
     }
+}
+
+std::string NameOfPart(const std::string& name, const std::string& part) {
+    return part.empty() ? name : name + " - " + part;
+}
+
+std::vector<Target> TargetsOfPart(const std::vector<Target>& targets, const std::string& part) {
+    std::vector<Target> ofPart = targets;
+    for (Target& target : ofPart)
+        if (!IsDevice(target.File))
+            target.File.replace_filename(NameOfPart(target.File.stem().string(), part) +
+                                         target.File.extension().string());
+    return ofPart;
 }
 
 } // namespace ReferenceHost

@@ -22,4 +22,12 @@ struct Target {
 std::vector<std::vector<Target>> PlanTargets(const CommandLine& line, const std::vector<Input>& inputs,
                                              std::string& mistake);
 
+/// What something is called for one of its parts: "song - Gtr I". The name of the part is one of
+/// TabText::PreparedPart; that of the whole, which is empty, adds nothing.
+std::string NameOfPart(const std::string& name, const std::string& part);
+
+/// The targets of one part: files with its name at the end of theirs, "song - Gtr I.nvf"; what is no ordinary
+/// file, such as a device, stays.
+std::vector<Target> TargetsOfPart(const std::vector<Target>& targets, const std::string& part);
+
 } // namespace ReferenceHost

@@ -216,6 +216,49 @@ TEST_F(Program, PreparesAnUntidyTabWhenAsked) {
     EXPECT_EQ(2, Run("untidy.tab --prepare=nonsense").ExitCode);
 }
 
+TEST_F(Program, WritesAScoreForEachPart) {
+    const auto stave = [](const char* lowest) {
+        std::string strings;
+        for (int string = 0; string < 5; ++string)
+            strings += "|---------------|\n";
+        return strings + lowest + "\n";
+    };
+    const std::string song = "Gtr I\n" + stave("|-0-0-3-0-------|") + "Gtr II\n" + stave("|-7-------------|");
+    Write("song.tab", song);
+    const Outcome beside = Run("song.tab --prepare=parts");
+    EXPECT_EQ(0, beside.ExitCode) << beside.Text;
+    EXPECT_TRUE(Has(beside.Text, "song.tab - Gtr I\n") && Has(beside.Text, "song.tab - Gtr II\n"))
+        << beside.Text;
+    EXPECT_TRUE(fs::exists(Path() / "song - Gtr I.nvf") && fs::exists(Path() / "song - Gtr II.nvf"));
+
+    EXPECT_EQ(0, Run("song.tab --prepare=parts -o scores/ -o one.mid").ExitCode);
+    for (const char* file :
+         {"scores/song - Gtr I.nvf", "scores/song - Gtr II.nvf", "one - Gtr I.mid", "one - Gtr II.mid"})
+        EXPECT_TRUE(fs::exists(Path() / file)) << file;
+    EXPECT_EQ(0, Run("song.tab --prepare=parts -o /dev/null --to mid").ExitCode) << "a device has one name";
+
+    const Outcome together = Run("song.tab --prepare=parts -o - --to musicxml");
+    EXPECT_EQ(1, together.ExitCode);
+    EXPECT_TRUE(Has(together.Text, "2 parts cannot go to standard output together")) << together.Text;
+    EXPECT_FALSE(Has(together.Text, "<?xml"));
+
+    const std::string json = Run("song.tab --prepare=parts --json").Text;
+    EXPECT_EQ(2, std::count(json.begin(), json.end(), '\n')) << json;
+    EXPECT_TRUE(Has(json, R"("notesStruck":4,)") && Has(json, R"("part":"Gtr I",)")) << json;
+    EXPECT_TRUE(Has(json, R"("notesStruck":1,)") && Has(json, R"("part":"Gtr II",)")) << json;
+    EXPECT_TRUE(Has(json, R"("line":2,)") && Has(json, R"("line":9,)")) << "lines of the whole text";
+
+    std::string line = song;
+    for (std::size_t at = 0; (at = line.find('\n', at)) != std::string::npos; at += 2)
+        line.replace(at, 1, "\\n");
+    Write("lines", "{\"id\":1,\"text\":\"" + line + "\"}\n");
+    const std::string answer = Run("--json-lines --prepare=parts --to ly <lines").Text;
+    EXPECT_TRUE(answer.starts_with(R"({"id":1,"taken":true,"parts":[{"part":"Gtr I","taken":true,"ly":)"))
+        << answer;
+    EXPECT_TRUE(Has(answer, R"({"part":"Gtr II","taken":true,)")) << answer;
+    EXPECT_EQ(1, std::count(answer.begin(), answer.end(), '\n'));
+}
+
 TEST_F(Program, LooksAtATabInAFolderThatCannotBeWritten) {
     Tab("there/a.tab");
     for (const char* looking : {"--explain", "--json", "--dump", "--doubts"}) {
