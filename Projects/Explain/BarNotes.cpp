@@ -69,4 +69,26 @@ ExplainedBar DescribeBar(const TabBar& bar, int number) {
     return explained;
 }
 
+std::vector<std::string> NotesOfTheWay(const TabText::BarMark& mark) {
+    std::vector<std::string> notes;
+    const auto add = [&](bool isSo, std::string note) {
+        if (isSo)
+            notes.push_back(std::move(note));
+    };
+    const Score::ModelRepeats& repeats = mark.Repeats;
+    add(repeats.IsStart, "a repeat begins");
+    std::string times;
+    for (const int time : repeats.Endings)
+        times += Numbered(times.empty() ? "" : ", ", time);
+    add(!times.empty(), "an ending, played at time " + times);
+    add(repeats.IsEnd, Numbered("a repeat ends, played ", repeats.Times) + " times");
+    add(mark.Tempo > 0, Numbered("tempo ", mark.Tempo) + " from here");
+    add(mark.Way.HasSegno, "begins with the Segno");
+    add(mark.Way.HasCoda, "begins with the Coda");
+    add(mark.Way.HasToCoda, "from its end, to the Coda");
+    add(mark.Way.HasFine, "ends with the Fine");
+    add(mark.Way.To != Score::Jump::None, "from its end, " + Score::JumpText(mark.Way));
+    return notes;
+}
+
 } // namespace Explain

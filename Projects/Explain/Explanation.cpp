@@ -164,25 +164,24 @@ private:
         const std::vector<ExplainedBar*> bars = ExplainedBars();
         for (const TabText::NoteMark& mark : markings.Notes) {
             if (mark.What.Kind != Score::Technique::Dead)
-                MarkSign(mark);
+                MarkSign(mark.Line, mark.Column, mark.EndColumn);
             bars[mark.Bar]->Notes.push_back(Numbered("column ", mark.NoteColumn + 1) +
                                             Numbered(" of line ", mark.NoteLine + 1) + ": " +
                                             WhatIsPlayed(mark.What));
         }
         for (const TabText::BarMark& mark : markings.Bars) {
-            if (mark.Repeats.IsStart)
-                bars[mark.Bar]->Notes.emplace_back("a repeat begins");
-            if (mark.Repeats.IsEnd)
-                bars[mark.Bar]->Notes.push_back(Numbered("a repeat ends, played ", mark.Repeats.Times) +
-                                                " times");
+            for (std::string& note : NotesOfTheWay(mark))
+                bars[mark.Bar]->Notes.push_back(std::move(note));
         }
+        for (const TabText::SignSpan& sign : markings.BarSigns)
+            MarkSign(sign.Line, sign.Column, sign.EndColumn);
     }
 
     // The sign, but not the fret that it may stand around.
-    void MarkSign(const TabText::NoteMark& mark) {
-        for (int column = mark.Column; column < mark.EndColumn; ++column)
-            if (!Nvr::Ascii::IsDigit(m_File.GetChar(mark.Line, column)))
-                Mark(mark.Line, column, column + 1, Recognised::PlayingSign);
+    void MarkSign(int line, int first, int end) {
+        for (int column = first; column < end; ++column)
+            if (!m_Analysis.IsStaveLine(line) || !Nvr::Ascii::IsDigit(m_File.GetChar(line, column)))
+                Mark(line, column, column + 1, Recognised::PlayingSign);
     }
 
     static std::string WhatIsPlayed(const Score::ModelTechnique& what) {

@@ -35,7 +35,6 @@ Json OfBars(const ScoreModel& model, Add add) {
     return list;
 }
 
-// Only a text whose staves are tuned differently has any.
 Json TuningChangesJson(const ScoreModel& model) {
     return OfBars(model, [](const ModelBar& bar, std::size_t number, Json& list) {
         if (!bar.Tuning)
@@ -140,12 +139,44 @@ Json MarksJson(const TabText::TabReading& reading, const TabText::Markings& mark
 
 Json RepeatsJson(const ScoreModel& model) {
     return OfBars(model, [](const ModelBar& bar, std::size_t number, Json& list) {
-        if (bar.Repeats.IsStart || bar.Repeats.IsEnd)
-            list.push_back({{"bar", number},
-                            {"start", bar.Repeats.IsStart},
-                            {"end", bar.Repeats.IsEnd},
-                            {"times", bar.Repeats.IsEnd ? Json(bar.Repeats.Times) : Json(nullptr)}});
+        const Score::ModelRepeats& repeats = bar.Repeats;
+        if (!repeats.IsStart && !repeats.IsEnd && repeats.Endings.empty())
+            return;
+        Json entry{{"bar", number},
+                   {"start", repeats.IsStart},
+                   {"end", repeats.IsEnd},
+                   {"times", repeats.IsEnd ? Json(repeats.Times) : Json(nullptr)}};
+        if (!repeats.Endings.empty())
+            entry["endings"] = repeats.Endings;
+        list.push_back(std::move(entry));
     });
+}
+
+Json JumpsJson(const ScoreModel& model) {
+    return OfBars(model, [](const ModelBar& bar, std::size_t number, Json& list) {
+        const auto add = [&](bool has, const std::string& sign) {
+            if (has)
+                list.push_back({{"bar", number}, {"sign", sign}});
+        };
+        add(bar.Way.HasSegno, "Segno");
+        add(bar.Way.HasCoda, "Coda");
+        add(bar.Way.HasToCoda, "To Coda");
+        add(bar.Way.HasFine, "Fine");
+        add(bar.Way.To != Score::Jump::None, Score::JumpText(bar.Way));
+    });
+}
+
+Json TemposJson(const ScoreModel& model) {
+    return OfBars(model, [](const ModelBar& bar, std::size_t number, Json& list) {
+        if (bar.Tempo > 0)
+            list.push_back({{"bar", number}, {"tempo", bar.Tempo}});
+    });
+}
+
+// What few texts have, only where there is any.
+void AddIfAny(Json& json, const char* name, Json list) {
+    if (!list.empty())
+        json[name] = std::move(list);
 }
 
 // What the text says of the piece; null for what it does not say.
@@ -177,10 +208,11 @@ std::string JsonText(const Conversion& conversion, std::span<const std::string> 
               {"timeSignatures", SignaturesJson(model)}};
     if (const TabText::TabReading* reading = conversion.GetReading()) {
         json["bars"] = BarsJson(*reading, *conversion.Tab);
-        if (Json changes = TuningChangesJson(model); !changes.empty())
-            json["tuningChanges"] = std::move(changes);
+        AddIfAny(json, "tuningChanges", TuningChangesJson(model));
         json["heading"] = HeadingJson(model.Heading);
         json["repeats"] = RepeatsJson(model);
+        AddIfAny(json, "jumps", JumpsJson(model));
+        AddIfAny(json, "tempoChanges", TemposJson(model));
         json["techniques"] = MarksJson(*reading, conversion.GetMarkings());
         json["warnings"] = WarningsJson(*reading, *conversion.Tab);
         json["doubts"] = DoubtsJson(conversion.GetDoubts());

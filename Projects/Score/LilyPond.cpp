@@ -3,6 +3,7 @@
 #include "Projects/Fretline/score/Pitch.h"
 #include "Projects/Score/LilyPondChords.h"
 #include "Projects/Score/LilyPondNotes.h"
+#include "Projects/Score/LilyPondWay.h"
 #include "Projects/Score/Notation.h"
 #include "Projects/Score/Spelling.h"
 #include "Projects/Score/Utf8.h"
@@ -154,8 +155,7 @@ private:
         if (written.Pieces.empty() && m_Score.HasRhythms)
             return {};
         std::string text = TimeOf(bar, written) + TuningOf(bar, notes);
-        if (bar.Repeats.IsStart)
-            text += "  \\bar \".|:\"\n";
+        text += LilyPondBarStart(m_Score, index);
         if (!bar.Labels.empty())
             text += "  \\sectionLabel \\markup {" + Boxes(bar.Labels) + " }\n";
         text += "  ";
@@ -166,9 +166,7 @@ private:
         else if (written.Pieces.empty())
             text += "s" + LengthText(LengthOf(written)) + " ";
         text += "| % " + NumberOf(index) + "\n";
-        if (bar.Repeats.IsEnd)
-            text += "  \\bar \":|.\"\n";
-        return text;
+        return text + LilyPondBarEnd(m_Score, index);
     }
 
     static std::string Boxes(const std::vector<std::string>& labels) {

@@ -89,13 +89,18 @@ std::string TimeSignatureBytes(const ModelTimeSignature& time) {
                                  Byte(kClocksPerCrotchet), Byte(kThirtySecondsPerCrotchet)});
 }
 
+std::string TempoBytes(int tempo) {
+    return Meta(kSetTempo, BigEndian(static_cast<std::uint32_t>(kMicrosecondsPerMinute / tempo), 3));
+}
+
 std::string ConductorTrack(const ScoreModel& score, const std::vector<int>& starts) {
     const int tempo = score.Heading.Tempo > 0 ? score.Heading.Tempo : kUsualTempo;
-    const auto beat = static_cast<std::uint32_t>(kMicrosecondsPerMinute / tempo);
-    std::vector<TimedBytes> events{{0, 0, Meta(kSetTempo, BigEndian(beat, 3))}};
+    std::vector<TimedBytes> events{{0, 0, TempoBytes(tempo)}};
     if (score.Bars.empty() || !score.Bars.front().TimeSignature)
         events.push_back({0, 1, TimeSignatureBytes(score.FirstTimeSignature)});
     for (std::size_t bar = 0; bar < score.Bars.size(); ++bar) {
+        if (score.Bars[bar].Tempo > 0)
+            events.push_back({starts[bar], 0, TempoBytes(score.Bars[bar].Tempo)});
         if (score.Bars[bar].TimeSignature)
             events.push_back({starts[bar], 1, TimeSignatureBytes(*score.Bars[bar].TimeSignature)});
         for (const std::string& label : score.Bars[bar].Labels)

@@ -11,8 +11,9 @@ namespace Score {
 /// own, the drum channel left out, so that nothing done to one string could touch another. Strings beyond the
 /// fifteenth share the last channel. A crotchet has 256 ticks.
 ///
-/// Where the tab's text was joined to the score, repeats are played out, techniques as MidiPlaying.h says, at
-/// the tempo and with the capo of the text. Without that, 120 crotchets a minute, all notes equally loud.
+/// Where the tab's text was joined to the score, repeats and jumps are played out, techniques as
+/// MidiPlaying.h says, at the tempos and with the capo of the text. Without that, 120 crotchets a minute, all
+/// notes equally loud.
 std::string MidiBytes(const ScoreModel& score);
 
 } // namespace Score

@@ -30,6 +30,18 @@ const TechniqueName& NameOf(Technique kind) {
     return kNames[static_cast<std::size_t>(kind)];
 }
 
+std::string JumpText(const ModelWay& way) {
+    const std::string text = way.To == Jump::DaCapo ? "D.C." : "D.S.";
+    switch (way.Until) {
+    case JumpEnd::Fine:
+        return text + " al Fine";
+    case JumpEnd::Coda:
+        return text + " al Coda";
+    default:
+        return text;
+    }
+}
+
 const ModelTechnique* FindTechnique(const std::vector<ModelTechnique>& techniques, Technique kind) {
     const auto found = std::find_if(techniques.begin(), techniques.end(),
                                     [&](const ModelTechnique& technique) { return technique.Kind == kind; });

@@ -57,11 +57,48 @@ struct ModelRepeats {
     /// The bar begins, or ends, a stretch that is played several times.
     bool IsStart = false;
     bool IsEnd = false;
-    /// How often the stretch that ends here is played in all; 2 unless the text says otherwise.
+    /// How often the stretch that ends here is played in all; 2 unless the text says otherwise. Its endings
+    /// say it where there are any.
     int Times = 2;
+    /// The times at which the bar is played, ascending from 1, where it belongs to an ending of the stretch.
+    std::vector<int> Endings = {};
 
     bool operator==(const ModelRepeats&) const = default;
 };
+
+/// Where the way through the score leads back to, once.
+enum class Jump {
+    None,
+    /// To the first bar.
+    DaCapo,
+    /// To the bar with the segno.
+    DalSegno,
+};
+
+/// How far it leads after the jump. Repeats are not played again.
+enum class JumpEnd {
+    End,
+    Fine,
+    /// To the end of the bar from which the coda is reached, and on from the coda.
+    Coda,
+};
+
+/// The signs of jumps in one bar. A score has each at most once, and with a jump those that it needs.
+struct ModelWay {
+    /// At the beginning of the bar.
+    bool HasSegno = false;
+    bool HasCoda = false;
+    /// At its end.
+    bool HasToCoda = false;
+    bool HasFine = false;
+    Jump To = Jump::None;
+    JumpEnd Until = JumpEnd::End;
+
+    bool operator==(const ModelWay&) const = default;
+};
+
+/// How a jump is called: "D.S. al Coda".
+std::string JumpText(const ModelWay& way);
 
 /// What a text says of the whole piece. All of it is empty for a score alone. Texts are in the score's code
 /// page.

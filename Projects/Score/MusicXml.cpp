@@ -3,6 +3,7 @@
 #include "Projects/Score/Beams.h"
 #include "Projects/Score/ChordName.h"
 #include "Projects/Score/MusicXmlMarks.h"
+#include "Projects/Score/MusicXmlWay.h"
 #include "Projects/Score/Notation.h"
 #include "Projects/Score/Spelling.h"
 #include "Projects/Score/Utf8.h"
@@ -73,7 +74,7 @@ const char* BeamText(Beam beam) {
 class Writer {
 public:
     explicit Writer(const ScoreModel& score)
-        : m_Score(score), m_Bars(WriteOut(score)), m_Tuning(&score.Tuning) {}
+        : m_Score(score), m_Bars(WriteOut(score)), m_Tuning(&score.Tuning), m_Way(score) {}
 
     void Write(pugi::xml_document& document) {
         xml_node declaration = document.append_child(pugi::node_declaration);
@@ -129,16 +130,14 @@ private:
             WriteAttributes(measure, bar.TimeSignature ? &*bar.TimeSignature : &m_Score.FirstTimeSignature);
         else if (bar.TimeSignature || bar.Tuning)
             WriteChanges(Add(measure, "attributes"), bar);
-        MusicXmlMarks::WriteRepeatStart(measure, bar.Repeats);
-        if (index == 0)
-            MusicXmlMarks::WriteTempo(measure, m_Score.Heading);
+        m_Way.WriteBarStart(measure, index);
         for (const std::string& label : bar.Labels) {
             xml_node direction = Add(measure, "direction");
             Set(direction, "placement", "above");
             Add(Add(direction, "direction-type"), "rehearsal", ToUtf8(label));
         }
         WriteMusic(measure, bar, m_Bars[index]);
-        MusicXmlMarks::WriteBarEnd(measure, bar.Repeats, index + 1 == m_Score.Bars.size());
+        m_Way.WriteBarEnd(measure, index);
     }
 
     // Bars count from the one after a pickup.
@@ -352,6 +351,7 @@ private:
     std::vector<WrittenBar> m_Bars;
     // Of the present bar.
     const std::vector<int>* m_Tuning;
+    MusicXmlWay m_Way;
     MusicXmlMarks m_Marks;
     // String and pitch of the notes that are tied into the next piece.
     std::set<std::pair<int, int>> m_OpenTies;

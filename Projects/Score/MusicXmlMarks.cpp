@@ -126,51 +126,6 @@ void MusicXmlMarks::WriteCapo(xml_node staffDetails, const ModelHeading& heading
         Add(staffDetails, "capo", std::to_string(heading.Capo));
 }
 
-void MusicXmlMarks::WriteTempo(xml_node measure, const ModelHeading& heading) {
-    if (heading.Tempo == 0 && !heading.IsSwung)
-        return;
-    xml_node direction = Add(measure, "direction");
-    Set(direction, "placement", "above");
-    if (heading.IsSwung)
-        Add(Add(direction, "direction-type"), "words", "Swing");
-    if (heading.Tempo > 0) {
-        xml_node metronome = Add(Add(direction, "direction-type"), "metronome");
-        Add(metronome, "beat-unit", "quarter");
-        Add(metronome, "per-minute", std::to_string(heading.Tempo));
-    }
-    xml_node sound = Add(direction, "sound");
-    if (heading.Tempo > 0)
-        Set(sound, "tempo", std::to_string(heading.Tempo).c_str());
-    if (heading.IsSwung) {
-        xml_node swing = Add(sound, "swing");
-        Add(swing, "first", "2");
-        Add(swing, "second", "1");
-        Add(swing, "swing-type", "eighth");
-    }
-}
-
-void MusicXmlMarks::WriteRepeatStart(xml_node measure, const ModelRepeats& repeats) {
-    if (!repeats.IsStart)
-        return;
-    xml_node barline = Add(measure, "barline");
-    Set(barline, "location", "left");
-    Add(barline, "bar-style", "heavy-light");
-    Set(Add(barline, "repeat"), "direction", "forward");
-}
-
-void MusicXmlMarks::WriteBarEnd(xml_node measure, const ModelRepeats& repeats, bool isLast) {
-    if (!repeats.IsEnd && !isLast)
-        return;
-    xml_node barline = Add(measure, "barline");
-    Set(barline, "location", "right");
-    Add(barline, "bar-style", "light-heavy");
-    if (!repeats.IsEnd)
-        return;
-    xml_node repeat = Add(barline, "repeat");
-    Set(repeat, "direction", "backward");
-    Set(repeat, "times", std::to_string(repeats.Times).c_str());
-}
-
 void MusicXmlMarks::WriteNotehead(xml_node note, const ModelNote& model) {
     if (Has(model, Technique::Dead))
         Add(note, "notehead", "x");

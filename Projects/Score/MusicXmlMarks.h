@@ -19,12 +19,6 @@ public:
     static void WriteCreator(pugi::xml_node identification, const ModelHeading& heading);
     /// The capo, after the tunings.
     static void WriteCapo(pugi::xml_node staffDetails, const ModelHeading& heading);
-    /// The tempo and how quavers are played, before the notes of the first bar.
-    static void WriteTempo(pugi::xml_node measure, const ModelHeading& heading);
-    /// The barlines that are more than a line: those of repeats, one at the beginning of a bar and one at its
-    /// end, and that at the end of the piece.
-    static void WriteRepeatStart(pugi::xml_node measure, const ModelRepeats& repeats);
-    static void WriteBarEnd(pugi::xml_node measure, const ModelRepeats& repeats, bool isLast);
     /// The head of a note, after its stem.
     static void WriteNotehead(pugi::xml_node note, const ModelNote& model);
     /// How a player program mutes it, at the end of the note.

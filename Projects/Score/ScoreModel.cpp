@@ -227,6 +227,16 @@ int ScoreModel::CountChordSymbols() const {
     return count;
 }
 
+bool ScoreModel::BeginsEnding(std::size_t bar) const {
+    const std::vector<int>& endings = Bars[bar].Repeats.Endings;
+    return !endings.empty() && (bar == 0 || Bars[bar - 1].Repeats.Endings != endings);
+}
+
+bool ScoreModel::EndsEnding(std::size_t bar) const {
+    const std::vector<int>& endings = Bars[bar].Repeats.Endings;
+    return !endings.empty() && (bar + 1 == Bars.size() || Bars[bar + 1].Repeats.Endings != endings);
+}
+
 std::optional<ScoreModel> ScoreModel::Read(const Nvr::TreeNode& score, std::string& why) {
     try {
         return Reader(score).Read();

@@ -57,6 +57,9 @@ struct ModelBar {
     std::vector<ModelText> ChordSymbols;
     /// As the tab's text has them; none in a score alone.
     ModelRepeats Repeats = {};
+    ModelWay Way = {};
+    /// Crotchets a minute from this bar on, where the text changes them; 0 elsewhere.
+    int Tempo = 0;
     /// The open strings from this bar on, as ScoreModel::Tuning, where the tab's text tunes a stave unlike
     /// the one before. Never in a score alone, which has one tuning.
     std::optional<std::vector<int>> Tuning = {};
@@ -86,6 +89,9 @@ struct ScoreModel {
     /// The strings of the tuning, and any above them on which a note lies.
     int CountStrings() const;
     int CountChordSymbols() const;
+    /// True when the bar is the first, or the last, of an ending.
+    bool BeginsEnding(std::size_t bar) const;
+    bool EndsEnding(std::size_t bar) const;
 
     /// Reads the tree of a score that a conversion has finished. Empty when the tree is not a score with one
     /// stave, or a value in it makes no sense (a string that the stave does not have, a duration of no power

@@ -2,6 +2,7 @@
 
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/text/TabStave.h"
+#include "Projects/TabText/BarMarks.h"
 #include "Projects/TabText/MarkingSigns.h"
 #include "Projects/TabText/StaveBars.h"
 #include "Projects/TabText/StruckNotes.h"
@@ -13,9 +14,6 @@
 namespace TabText {
 
 namespace {
-
-// As many lines above a stave are looked at.
-constexpr int kLinesAbove = 3;
 
 // The stretch of a line that one annotation covers; the end is the column after it.
 struct Extent {
@@ -67,14 +65,62 @@ void AppendExtents(const TabReading& reading, int line, std::vector<Extent>& ext
     }
 }
 
-std::vector<Extent> ExtentsAbove(const TabReading& reading, const Fretline::TabStave& stave) {
-    std::vector<Extent> extents;
-    for (int line = std::max(stave.GetFirstLine() - kLinesAbove, 0); line < stave.GetFirstLine(); ++line) {
-        if (reading.GetAnalysis().IsStaveLine(line))
-            extents.clear();
-        else
-            AppendExtents(reading, line, extents);
+// True when a note or a dead one begins at the column.
+bool IsPlayedAt(const StaveBars& stave, int column) {
+    const auto after =
+        std::upper_bound(stave.Bars.begin(), stave.Bars.end(), column,
+                         [](int place, const BarReading& bar) { return place < bar.Bar->GetStartColumn(); });
+    if (after == stave.Bars.begin())
+        return false;
+    const Fretline::TabBar& bar = *(after - 1)->Bar;
+    const auto next = bar.GetColumns().upper_bound(column - bar.GetStartColumn());
+    return next != bar.GetColumns().begin() && column < bar.GetStartColumn() +
+                                                            std::prev(next)->second->m_Column +
+                                                            std::prev(next)->second->m_Width;
+}
+
+// The strokes or accents of a line that has nothing else, each over a note of the stave; none for another
+// line. Letters of strokes alone could be a chord: both kinds must be there.
+std::vector<Extent> StrokesOf(const TabReading& reading, const StaveBars& stave, int line) {
+    std::vector<Extent> strokes;
+    bool hasUpStroke = false;
+    for (const Word& word : WordsOf(reading.GetFile().GetLine(line))) {
+        const auto sign = std::find_if(AllSigns().begin(), AllSigns().end(), [&](const Sign& row) {
+            return row.Place == SignPlace::Alone && IsSameWord(row.Text, word.Text);
+        });
+        if (sign == AllSigns().end() || !IsPlayedAt(stave, word.Column))
+            return {};
+        hasUpStroke = hasUpStroke || sign->Kind == Score::Technique::UpStroke;
+        strokes.push_back({sign->Kind, line, word.Column, word.GetEndColumn()});
     }
+    const auto isAccent = [](const Extent& stroke) { return stroke.Kind == Score::Technique::Accent; };
+    const auto accents = std::count_if(strokes.begin(), strokes.end(), isAccent);
+    const bool areAccents = accents == static_cast<std::ptrdiff_t>(strokes.size());
+    return areAccents || (accents == 0 && hasUpStroke && strokes.size() > 1) ? strokes
+                                                                             : std::vector<Extent>();
+}
+
+std::vector<Extent> ExtentsAround(const TabReading& reading, const StaveBars& stave) {
+    std::vector<Extent> extents;
+    const auto append = [&](int line) {
+        const std::vector<Extent> strokes = StrokesOf(reading, stave, line);
+        extents.insert(extents.end(), strokes.begin(), strokes.end());
+    };
+    const int first = stave.Stave->GetFirstLine();
+    for (int line = std::max(first - kLinesAbove, 0); line < first; ++line) {
+        if (reading.GetAnalysis().IsStaveLine(line)) {
+            extents.clear();
+            continue;
+        }
+        AppendExtents(reading, line, extents);
+        // Right below another stave it belongs to that.
+        if (line + 1 == first || line == 0 || !reading.GetAnalysis().IsStaveLine(line - 1))
+            append(line);
+    }
+    const int below = stave.Stave->GetEndLine();
+    if (below < reading.GetFile().GetLineCount() && !reading.GetAnalysis().IsStaveLine(below) &&
+        (below + 1 >= reading.GetFile().GetLineCount() || !reading.GetAnalysis().IsStaveLine(below + 1)))
+        append(below);
     return extents;
 }
 
@@ -109,7 +155,7 @@ void MarkNotesUnder(const std::vector<Extent>& extents, const TabReading& readin
 
 void ReadMarksAbove(const TabReading& reading, std::vector<NoteMark>& marks) {
     for (const StaveBars& stave : StavesWithBars(reading))
-        if (const std::vector<Extent> extents = ExtentsAbove(reading, *stave.Stave); !extents.empty())
+        if (const std::vector<Extent> extents = ExtentsAround(reading, stave); !extents.empty())
             MarkNotesUnder(extents, reading, stave, marks);
 }
 

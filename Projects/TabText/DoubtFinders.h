@@ -58,6 +58,7 @@ void FindChordsFromWords(const TabReading& reading, DoubtSink& doubts);
 void FindCutChords(const TabReading& reading, DoubtSink& doubts);
 void FindCutLabels(const TabReading& reading, DoubtSink& doubts);
 void FindTimesInWords(const TabReading& reading, DoubtSink& doubts);
+void FindUnclearSigns(const TabReading& reading, DoubtSink& doubts);
 
 // What the text says and the score does not use (WordDoubts.cpp).
 void FindStatedTunings(const TabReading& reading, DoubtSink& doubts);

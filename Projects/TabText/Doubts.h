@@ -31,6 +31,7 @@ enum class DoubtKind {
     CutChord,
     CutLabel,
     TimeInWords,
+    UnclearSign,
     StatedTuning,
     StatedCapo,
     StatedInstrument,

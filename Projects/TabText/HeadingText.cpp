@@ -1,6 +1,7 @@
 #include "Projects/TabText/HeadingText.h"
 
 #include "Projects/Fretline/text/TabStave.h"
+#include "Projects/TabText/BarMarks.h"
 #include "Projects/TabText/StatedCapo.h"
 #include "Projects/TabText/TabReading.h"
 #include "Projects/TabText/Words.h"
@@ -103,6 +104,31 @@ Score::ModelHeading ReadHeading(const TabReading& reading) {
         heading.IsSwung = heading.IsSwung || IsSwung(text);
     }
     return heading;
+}
+
+void ReadTempoChanges(const TabReading& reading, BarMarks& marks) {
+    int tempo = 0;
+    int line = 0;
+    bool isAfterFirst = false;
+    for (const StaveBars& stave : StavesWithBars(reading)) {
+        const int first = stave.Stave->GetFirstLine();
+        for (; line < first; ++line) {
+            const string_view text = reading.GetFile().GetLine(line);
+            const int stated = reading.GetAnalysis().IsStaveLine(line) ? 0 : TempoIn(text);
+            if (stated == 0 || stated == tempo)
+                continue;
+            const Word word = WordsOf(text).front();
+            // That of the heading is one of those above the first stave.
+            if (tempo > 0 && isAfterFirst)
+                if (const auto bar = BarFrom(reading, stave, word.Column)) {
+                    marks.At(*bar).Tempo = stated;
+                    marks.Signs.push_back({line, word.Column, static_cast<int>(text.size())});
+                }
+            tempo = isAfterFirst || tempo == 0 ? stated : tempo;
+        }
+        isAfterFirst = true;
+        line = stave.Stave->GetEndLine();
+    }
 }
 
 } // namespace TabText

@@ -50,9 +50,22 @@ public:
             BarAt(last).Repeats.IsEnd = true;
             BarAt(last).Repeats.Times = mark.Repeats.Times;
         }
+        for (int bar = reading.FirstScoreBar; bar <= last; ++bar)
+            BarAt(bar).Repeats.Endings = mark.Repeats.Endings;
+        BarAt(reading.FirstScoreBar).Tempo = mark.Tempo;
+        JoinWay(mark.Way, BarAt(reading.FirstScoreBar).Way, BarAt(last).Way);
     }
 
 private:
+    static void JoinWay(const Score::ModelWay& mark, Score::ModelWay& first, Score::ModelWay& last) {
+        first.HasSegno = mark.HasSegno;
+        first.HasCoda = mark.HasCoda;
+        last.HasToCoda = mark.HasToCoda;
+        last.HasFine = mark.HasFine;
+        last.To = mark.To;
+        last.Until = mark.Until;
+    }
+
     Score::ModelBar& BarAt(int number) { return m_Score.Bars[static_cast<std::size_t>(number)]; }
 
     // The event that begins where the column of the text does; null when the score has none.

@@ -28,6 +28,8 @@ enum class SignPlace {
     Note,
     /// In a line above a stave, over the notes that it means.
     Above,
+    /// The same, or in the line below, where the line has nothing but such signs.
+    Alone,
 };
 
 /// One sign that players write. `Text` is in lower case, and matched as it stands between the frets, in any

@@ -2,6 +2,7 @@
 
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/TabText/AboveMarks.h"
+#include "Projects/TabText/BarMarks.h"
 #include "Projects/TabText/HeadingText.h"
 #include "Projects/TabText/RepeatMarks.h"
 #include "Projects/TabText/StaveBars.h"
@@ -10,19 +11,40 @@
 
 namespace TabText {
 
+namespace {
+
+// On the same stave, with nothing but a barline between them.
+bool IsRightAfter(const Fretline::TabBar& next, const Fretline::TabBar& bar) {
+    constexpr int kWidestBarline = 2;
+    const int end = bar.GetStartColumn() + bar.GetWidth();
+    return next.GetFirstLine() == bar.GetFirstLine() && next.GetStartColumn() <= end + kWidestBarline;
+}
+
+} // namespace
+
 Markings ReadMarkings(const TabReading& reading) {
     const SignMeanings signs(reading);
     Markings markings;
-    std::size_t barIndex = 0;
-    for (const BarReading& entry : reading.GetBars()) {
-        const Fretline::TabBar& bar = *entry.Bar;
+    const std::vector<BarReading>& bars = reading.GetBars();
+    for (std::size_t index = 0; index < bars.size(); ++index) {
+        const Fretline::TabBar& bar = *bars[index].Bar;
+        const Fretline::TabBar* next = index + 1 < bars.size() ? bars[index + 1].Bar : nullptr;
+        if (next != nullptr && !IsRightAfter(*next, bar))
+            next = nullptr;
         for (int line = bar.GetFirstLine(); line < bar.GetFirstLine() + bar.GetLineCount(); ++line)
-            ReadStringMarks(bar, barIndex, line, signs, markings.Notes);
-        ++barIndex;
+            ReadStringMarks(bar, next, index, line, signs, markings.Notes);
     }
     ReadMarksAbove(reading, markings.Notes);
-    markings.Bars = ReadRepeats(reading);
     markings.Heading = ReadHeading(reading);
+    BarMarks found;
+    ReadRepeats(reading, found);
+    ReadEndings(reading, found);
+    ReadJumps(reading, found);
+    ReadTempoChanges(reading, found);
+    for (auto& [bar, mark] : found.ByBar)
+        markings.Bars.push_back(std::move(mark));
+    markings.BarSigns = std::move(found.Signs);
+    markings.Unclear = std::move(found.Unclear);
     return markings;
 }
 

@@ -33,17 +33,37 @@ struct NoteMark {
 struct BarMark {
     std::size_t Bar = 0;
     Score::ModelRepeats Repeats;
+    Score::ModelWay Way = {};
+    /// As ModelBar::Tempo.
+    int Tempo = 0;
 
     bool operator==(const BarMark&) const = default;
+};
+
+/// Where a sign stands; EndColumn is the column after it.
+struct SignSpan {
+    int Line = 0;
+    int Column = 0;
+    int EndColumn = 0;
+};
+
+/// A sign of the text that was left out because its place or its meaning is not clear.
+struct UnclearSign {
+    SignSpan Span;
+    /// Why, as the end of a sentence.
+    const char* Why = "";
 };
 
 /// What the players wrote between the frets and around the staves of a tab, beyond what the plug-in reads.
 struct Markings {
     /// By bar, then line, then column of the sign; those above a stave after those of the bar.
     std::vector<NoteMark> Notes;
-    /// By bar.
+    /// By bar, each at most once.
     std::vector<BarMark> Bars;
     Score::ModelHeading Heading;
+    /// Those of endings, jumps and changes of tempo.
+    std::vector<SignSpan> BarSigns;
+    std::vector<UnclearSign> Unclear;
 };
 
 /// Reads the signs of AllSigns. A sign that belongs to no note that was read is left out; so is a number

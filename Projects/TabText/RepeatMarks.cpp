@@ -140,8 +140,9 @@ private:
 
 } // namespace
 
-std::vector<BarMark> ReadRepeats(const TabReading& reading) {
-    return RepeatReader(reading).Read();
+void ReadRepeats(const TabReading& reading, BarMarks& marks) {
+    for (const BarMark& mark : RepeatReader(reading).Read())
+        marks.At(mark.Bar).Repeats = mark.Repeats;
 }
 
 } // namespace TabText

@@ -34,17 +34,20 @@ bool IsDead(char c) {
 // Walks one line of a bar from stop to stop.
 class StringReader {
 public:
-    StringReader(const TabBar& bar, std::size_t barIndex, int line, const SignMeanings& signs,
-                 std::vector<NoteMark>& marks)
+    // `next` is the bar after it on the stave, null for the last.
+    StringReader(const TabBar& bar, const TabBar* next, std::size_t barIndex, int line,
+                 const SignMeanings& signs, std::vector<NoteMark>& marks)
         : m_Text(TextOf(bar, line)), m_StartColumn(bar.GetStartColumn()), m_BarIndex(barIndex), m_Line(line),
           m_Signs(signs), m_Marks(marks) {
         FindStops();
+        if (next != nullptr)
+            FindStopAfterBarline(bar, *next);
     }
 
     void Read() {
-        for (m_Next = 0; m_Next <= m_Stops.size(); ++m_Next) {
+        for (m_Next = 0; m_Next <= m_OwnStops; ++m_Next) {
             ReadBefore();
-            if (m_Next < m_Stops.size())
+            if (m_Next < m_OwnStops)
                 ReadAt(m_Stops[m_Next]);
         }
     }
@@ -57,8 +60,24 @@ private:
     }
 
     void FindStops() {
+        FindStopsFrom(0, m_Text.size());
+        m_OwnStops = m_Stops.size();
+        m_OwnEnd = m_Text.size();
+    }
+
+    // What is played on from the bar's last stop may lead to the next bar's first one. The text then goes on
+    // to that.
+    void FindStopAfterBarline(const TabBar& bar, const TabBar& next) {
+        const std::string_view line = bar.GetFile().GetLine(m_Line);
+        const auto start = std::min(line.size(), static_cast<std::size_t>(m_StartColumn));
+        const int end = next.GetStartColumn() + next.GetWidth();
+        m_Text = line.substr(start, static_cast<std::size_t>(end) - start);
+        FindStopsFrom(m_OwnEnd, m_OwnStops + 1);
+    }
+
+    void FindStopsFrom(std::size_t start, std::size_t most) {
         constexpr std::size_t kDigitsOfAFret = 2;
-        for (std::size_t at = 0; at < m_Text.size(); ++at) {
+        for (std::size_t at = start; at < m_Text.size() && m_Stops.size() < most; ++at) {
             if (IsDead(m_Text[at]))
                 m_Stops.push_back({at, at + 1, 0, true});
             if (!IsDigit(m_Text[at]))
@@ -96,10 +115,13 @@ private:
 
     // The signs between the stop before and the next one.
     void ReadBefore() {
-        const std::size_t end = After() == nullptr ? m_Text.size() : After()->Start;
+        const std::size_t end = After() == nullptr ? m_OwnEnd : After()->Start;
         std::size_t at = Before() == nullptr ? 0 : Before()->End;
         while (at < end) {
             const Sign* sign = m_Text.substr(at).starts_with("tr") ? TrillSign() : m_Signs.Find(m_Text[at]);
+            // After the barline, all but this belongs to the next bar's first note.
+            if (at >= m_OwnEnd && sign != nullptr && sign->Place != SignPlace::Between)
+                sign = nullptr;
             at = sign == nullptr ? at + 1 : ReadSign(*sign, at, end);
         }
     }
@@ -165,7 +187,7 @@ private:
             Add(*Before(), {Technique::Slide, 0}, at, at + 1);
         else if (touchesBefore && direction != 0)
             Add(*Before(), {Technique::SlideOut, direction}, at, at + 1);
-        else if (touchesAfter && direction != 0)
+        else if (touchesAfter && direction != 0 && m_Next < m_OwnStops)
             Add(*After(), {Technique::SlideIn, direction}, at, at + 1);
     }
 
@@ -200,16 +222,19 @@ private:
     int m_Line;
     const SignMeanings& m_Signs;
     std::vector<NoteMark>& m_Marks;
+    // The bar's own, and after them at most one of the next bar.
     std::vector<Stop> m_Stops;
+    std::size_t m_OwnStops = 0;
+    std::size_t m_OwnEnd = 0;
     // Index of the stop that comes next.
     std::size_t m_Next = 0;
 };
 
 } // namespace
 
-void ReadStringMarks(const TabBar& bar, std::size_t barIndex, int line, const SignMeanings& signs,
-                     std::vector<NoteMark>& marks) {
-    StringReader(bar, barIndex, line, signs, marks).Read();
+void ReadStringMarks(const TabBar& bar, const TabBar* next, std::size_t barIndex, int line,
+                     const SignMeanings& signs, std::vector<NoteMark>& marks) {
+    StringReader(bar, next, barIndex, line, signs, marks).Read();
 }
 
 } // namespace TabText

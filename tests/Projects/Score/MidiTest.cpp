@@ -163,6 +163,14 @@ TEST(Midi, PlaysRepeatsOutAtTheTempo) {
     EXPECT_EQ(6U, PlayedLines(score).size()) << "nobody has so much time";
 }
 
+TEST(Midi, ChangesTheTempoWhereTheTextDoes) {
+    ScoreModel score = TestSupport::SmallScore();
+    score.Heading.Tempo = 120;
+    score.Bars[1].Tempo = 60;
+    const std::vector<std::string> lines = PlainReader(MidiBytes(score)).Read();
+    EXPECT_NE(lines.end(), std::find(lines.begin(), lines.end(), "640: meta 81 15 66 64 "));
+}
+
 TEST(Timeline, ABarTakesItsLengthOrAsLongAsItsNotes) {
     ScoreModel score = TestSupport::SmallScore();
     EXPECT_EQ((std::vector<int>{0, 640, 1408}), BarStarts(score));

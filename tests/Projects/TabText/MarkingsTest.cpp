@@ -34,6 +34,8 @@ const char* ShortName(Technique kind) {
         {Technique::PalmMute, "palm"},
         {Technique::LetRing, "ring"},
         {Technique::Accent, "accent"},
+        {Technique::DownStroke, "down"},
+        {Technique::UpStroke, "up"},
     };
     return kNames.at(kind);
 }
@@ -71,7 +73,19 @@ TEST(Markings, OfNotes) {
         {With("|-5^7^5---|"), "2 hammer, 4 pull", "up is hammered, down is pulled"},
         {With("|-h7------|"), "", "hammered from nothing"},
         {With("|-7h------|"), "", "hammered to nothing"},
-        {With("|-7h-|-9--|"), "", "over a barline"},
+        {With("|-7h-|-9--|"), "2 hammer", "over a barline"},
+        {With("|-9--|-p7-|"), "2 pull", "the sign after it"},
+        {With("|-7-x|-h9-|"), "4 dead", "not from a dead note"},
+        {With("|-7-/||-9-|"), "2 slide", "over a double one"},
+        {With("|-7-/|9----|"), "", "into the first note: its bar has no sign"},
+        {With("|-7/--|-9--|"), "2 out 1", "a sign at one note belongs to that"},
+        {With("|-7t|12----|"), "", "tapped over there: no place for it"},
+        {With("|-5-5-5-7-|", "  D   U d\n\n"), "2 down, 6 up, 8 down", "strokes"},
+        {With("|-5-5-5-7-|\n  U D\n"), "", "strokes below"},
+        {With("|-5-5-5-7-|", "  D   D\n\n"), "", "two chords"},
+        {With("|-5-5-5-7-|", "  u  d\n\n"), "", "one of them over no note"},
+        {With("|-5-5-12--|", "      >\n\n"), "6 accent", "an accent"},
+        {With("|-5-5-12--|", "  u   >\n\n"), "", "a line of both is neither"},
         {With("|-5/7\\5---|"), "2 slide, 4 slide", "there and back"},
         {With("|-5s7-----|"), "2 slide", "slide by letter"},
         {With("|-/7------|"), "3 in 1", "into the note from below"},
@@ -137,6 +151,71 @@ TEST(Markings, OfBars) {
     };
     for (const Case& row : kCases)
         EXPECT_EQ(row.Marks, RepeatsOf(row.Text)) << row.Why << "\n" << row.Text;
+}
+
+// Each bar with an ending or a sign of the way: its index, the times of the ending, the signs.
+std::string WayOf(const std::string& text) {
+    std::string found;
+    const ReadText reading(text);
+    const TabText::Markings markings = TabText::ReadMarkings(*reading);
+    for (const TabText::BarMark& mark : markings.Bars) {
+        std::string signs;
+        for (const int time : mark.Repeats.Endings)
+            signs += " " + std::to_string(time) + ".";
+        const Score::ModelWay& way = mark.Way;
+        signs += way.HasSegno ? " segno" : "";
+        signs += way.HasCoda ? " coda" : "";
+        signs += way.HasToCoda ? " to" : "";
+        signs += way.HasFine ? " fine" : "";
+        signs += way.To == Score::Jump::None ? "" : " " + JumpText(way);
+        signs += mark.Tempo == 0 ? "" : " q=" + std::to_string(mark.Tempo);
+        if (!signs.empty())
+            found += (found.empty() ? "" : ", ") + std::to_string(mark.Bar) + signs;
+    }
+    for (const TabText::UnclearSign& sign : markings.Unclear)
+        found += (found.empty() ? "" : ", ") + std::string("? ") + sign.Why;
+    return found;
+}
+
+TEST(Markings, OfTheWay) {
+    const std::string repeat = TestSupport::Stave("|-5---|-7--:|-9---|-9---|", 4);
+    const std::string plain = TestSupport::Stave("|-5---|-7---|-9---|-9---|", 4);
+    const Case kCases[] = {
+        {repeat, "", "no signs"},
+        {"       1.    2.\n" + repeat, "1 1., 2 2.", "numbers with points"},
+        {"      |1.---|2.---------|\n\n" + repeat, "1 1., 2 2., 3 2.", "drawn, the second over two bars"},
+        {"      __1__ __2__\n" + repeat, "1 1., 2 2.", "drawn without points"},
+        {"  1st time 2nd\n" + TestSupport::Stave("|-5---:|-7---|", 4), "0 1., 1 2.", "in words"},
+        {"      1.-3. 4.\n" + repeat, "1 1. 2. 3., 2 4.", "a range"},
+        {"      1,2.  3.\n" + repeat, "1 1. 2., 2 3.", "a list"},
+        {"      1.\n" + repeat, "? there is no second ending after it", "the first alone"},
+        {"            2.\n" + repeat, "? there is no first ending before it", "the second alone"},
+        {"      1.    2.\n" + plain,
+         "? no repeat sign says where the first ending ends, ? no repeat sign says where the first ending "
+         "ends",
+         "nothing is repeated"},
+        {"      1     2\n" + repeat, "", "numbers alone could be anything"},
+        {"|1--2-|3--4-|\n\n" + repeat, "", "counts of beats"},
+        {"      1. Bridge\n" + repeat, "", "an item of a list"},
+        {"             Fine\n" + TestSupport::Stave("|-5---------|-7---------|", 4) + "D.C. al Fine\n",
+         "? no single bar ends with the Fine", "it may end the bar before"},
+        {"        Fine\n" + plain + "                    D.C. al Fine\n", "1 fine, 3 D.C. al Fine",
+         "to the fine"},
+        {"        Fine\n" + TestSupport::Stave("|-5---|-7---|", 3) + "|-5---|-7---| D.C. al Fine\n",
+         "1 fine D.C. al Fine", "after the stave"},
+        {"Segno\n" + plain + "\nDal Segno\n\n" + plain, "0 segno, 3 D.S.", "between two staves"},
+        {plain + "Dal Segno\n", "? no single bar begins with the Segno", "its segno is missing"},
+        {"Segno   To Coda\n" + plain + "D.S. al Coda\n\n\nCoda\n" + plain,
+         "0 segno, 1 to, 3 D.S. al Coda, 4 coda", "to the coda"},
+        {"Fine\n" + plain + "D.C.\n", "3 D.C.", "a word that no jump needs"},
+        {"we play D.C. later\n" + plain, "", "words among others"},
+        {plain + "D.C.\n\n" + plain + "D.C.\n", "? the text has another jump, ? the text has another jump",
+         "two jumps"},
+        {"Tempo: 90\n\n" + plain + "\nTempo: 120\n\n" + plain, "4 q=120", "the tempo changes"},
+        {"Tempo: 90\n90 bpm, then q=120\n" + plain + "\n90 bpm\n\n" + plain, "", "it does not"},
+    };
+    for (const Case& row : kCases)
+        EXPECT_EQ(row.Marks, WayOf(row.Text)) << row.Why << "\n" << row.Text;
 }
 
 TEST(Markings, OfTheWholePiece) {
