@@ -5,6 +5,7 @@
 #include "Projects/TabText/prepare/StringNames.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 
 namespace TabText {
@@ -85,6 +86,7 @@ public:
         const string strings = StringsOfText();
         if (strings.empty())
             return;
+        FindPlacesBySize(strings);
         std::vector<PlannedLine> plan;
         int line = 0;
         for (const Block& block : m_Short) {
@@ -150,17 +152,21 @@ private:
         const std::vector<string> names = NamesOf(block);
         if (!names.empty())
             return PlacesAmong(names, strings);
-        // As the others of that size that have names, if they agree.
-        std::vector<int> places;
-        for (const Block& other : m_Short) {
-            if (other.GetLineCount() != block.GetLineCount() || NamesOf(other).empty())
+        return m_PlacesBySize[static_cast<std::size_t>(block.GetLineCount())];
+    }
+
+    // For staves without names: as the others of their size that have some lie, if they agree.
+    void FindPlacesBySize(const string& strings) {
+        std::array<bool, kFewestLinesOfAStave> isUnclear{};
+        for (const Block& block : m_Short) {
+            if (NamesOf(block).empty())
                 continue;
-            const std::vector<int> found = PlacesAmong(NamesOf(other), strings);
-            if (found.empty() || (!places.empty() && places != found))
-                return {};
-            places = found;
+            const auto size = static_cast<std::size_t>(block.GetLineCount());
+            std::vector<int>& places = m_PlacesBySize[size];
+            const std::vector<int> found = PlacesOf(block, strings);
+            isUnclear[size] = isUnclear[size] || found.empty() || (!places.empty() && places != found);
+            places = isUnclear[size] ? std::vector<int>() : found;
         }
-        return places;
     }
 
     void AddFilled(const Block& block, const string& strings, std::vector<PlannedLine>& plan) {
@@ -212,6 +218,7 @@ private:
     std::vector<DrawnLine> m_Lines;
     std::vector<Block> m_Full;
     std::vector<Block> m_Short;
+    std::array<std::vector<int>, kFewestLinesOfAStave> m_PlacesBySize;
     bool m_HasNew = false;
 };
 

@@ -54,20 +54,4 @@ TEST(Preparation, HasItsStepsDocumented) {
     EXPECT_EQ(steps, DocumentedSteps());
 }
 
-TEST(Preparation, PutsZerosApartUnlessNumbersArePadded) {
-    const struct {
-        const char* String;
-        const char* Prepared;
-        const char* Why;
-    } rows[] = {
-        {"|-000-2-00-00-000|", "|-0-0-0-2-0-0-0-0-0-0-0|", "open strings, two and three times"},
-        {"|-00-02-03-00-05-|", "|-00-02-03-00-05-|", "every number has two digits"},
-    };
-    for (const auto& row : rows) {
-        const std::string empty = "|----------------|\n";
-        const std::string text = Prepare(empty + empty + empty + row.String + "\n" + empty + empty).Text;
-        EXPECT_NE(std::string::npos, text.find(row.Prepared)) << row.Why << "\n" << text;
-    }
-}
-
 } // namespace

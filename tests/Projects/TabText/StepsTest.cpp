@@ -64,6 +64,93 @@ void ExpectCase(const Case& row) {
         ExpectPrepared(text.substr(0, text.size() - 1), prepared.substr(0, prepared.size() - 1), row);
 }
 
+// Four strings of a guitar, of which the first is given.
+std::string UnderFirst(const std::string& first) {
+    const std::string empty(first.size() - 2, '-');
+    return first + "\nB|" + empty + "\nG|" + empty + "\nD|" + empty + "\n";
+}
+
+TEST(PreparationSteps, WriteOtherCharactersInAscii) {
+    const Case rows[] = {
+        {"ascii",
+         "e|\xE2\x80\x94\xE2\x94\x80"
+         "0\xE2\x80\x93|\xC2\xA0\xE2\x80\x9Cslow\xE2\x80\x9D\n",
+         "e|--0-| \"slow\"\n", "dashes, blanks and quotes of UTF-8"},
+        {"ascii", "caf\xC3\xA9 \xE2\x82\xAC \xE6\x97\xA5|\n", "cafe ? ??|\n", "as wide as before"},
+        {"ascii",
+         "e|\x96\x97"
+         "0\x96\xA6 \x93slow\x94\n",
+         "e|--0-| \"slow\"\n", "Windows"},
+        {"ascii",
+         "e\xB3\xC4\xC4"
+         "0\xC4\xB3\n",
+         "e|--0-|\n", "DOS"},
+        {"ascii",
+         "\xEF\xBB\xBF"
+         "e|--0-|\n",
+         "e|--0-|\n", "a mark before all"},
+        {"ascii", "plain text\n", "plain text\n", "ASCII"},
+    };
+    for (const Case& row : rows)
+        ExpectCase(row);
+}
+
+TEST(PreparationSteps, TellStavesFromTheirSurroundings) {
+    const Case rows[] = {
+        {"prose",
+         "A-las my love - you do me wrong\n-- to cast me off, dis-cour-teous-ly\n-- and I --\n-- have --\n",
+         "A=las my love = you do me wrong\n== to cast me off, dis=cour=teous=ly\n== and I ==\n== have ==\n",
+         "hyphens of words"},
+        {"prose", "#" + std::string(30, '-') + "\n", "#" + std::string(30, '=') + "\n",
+         "a rule read as a string"},
+        {"prose", std::string(300, '-') + "\n#", std::string(300, '=') + "\n#", "one that hides the stave"},
+        {"prose", "--------\n\n#", "--------\n\n#", "one that is in nobody's way"},
+        {"prose", "|--0--2--|\n|--------|\n----------\n|--------|\n",
+         "|--0--2--|\n|--------|\n----------\n|--------|\n", "a string without barlines"},
+        {"short", "#\nD|-0---|\nA|---2-|\n",
+         "#\ne|-----|\nB|-----|\nG|-----|\nD|-0---|\nA|---2-|\nE|-----|\n", "two strings with names"},
+        {"short", "#\n|-0---|\n|---2-|\n", "#\n|-0---|\n|---2-|\n", "without names nobody knows"},
+        {"short", "e|-0-|\n\nB|---|\n\nG|---|\n\nD|---|\n", "e|-0-|\nB|---|\nG|---|\nD|---|\n",
+         "blank lines between strings"},
+        {"apart", "   PM----------------------------|\n#", "   PM----------------------------|\n\n#",
+         "an annotation taken for a string"},
+        {"apart", "   C\n   PM----------------------------|\n#",
+         "   PM----------------------------|\n   C\n#", "chords stay beside the stave"},
+        {"apart", "G|-0-|\nD|---|\nA|---|\nE|---|\nG|-2-|\nD|---|\nA|---|\nE|---|\n",
+         "G|-0-|\nD|---|\nA|---|\nE|---|\n\nG|-2-|\nD|---|\nA|---|\nE|---|\n", "two staves of a bass"},
+        {"apart", "#", "#", "nothing glued to it"},
+    };
+    for (const Case& row : rows)
+        ExpectCase(row);
+}
+
+TEST(PreparationSteps, MakeNotesPlain) {
+    const Case rows[] = {
+        {"tuning", "Tuning: D G C F\n\nG|-0-|\nD|---|\nA|---|\nE|---|\n",
+         "Tuning: D G C F\n\nF|-0-|\nC|---|\nG|---|\nD|---|\n", "in place of the usual names"},
+        {"tuning", "tuned to DADGAD\n\n|-0-|\n|---|\n|---|\n|---|\n|---|\n|---|\n",
+         "tuned to DADGAD\n\nD|-0-|\nA|---|\nG|---|\nD|---|\nA|---|\nD|---|\n", "where there are no names"},
+        {"tuning", "Tuning: Eb Ab Db Gb\n\nG|-0-|\nD|---|\nA|---|\nE|---|\n",
+         "Tuning: Eb Ab Db Gb\n\nG|-0-|\nD|---|\nA|---|\nE|---|\n", "flats have no letter"},
+        {"bends", UnderFirst("e|-7b9--9r7-7b9r7-7b(8)-|"), UnderFirst("e|-7b---9r--7b-r--7b(-)-|"),
+         "bends and releases"},
+        {"bends", UnderFirst("e|-7b1/2-10b12^13-7b14-|"), UnderFirst("e|-7b-/--10b--^---7b14-|"),
+         "and what is none"},
+        {"bends", "7b9\n", "7b9\n", "no stave"},
+        {"digits", UnderFirst("e|-000-2-00-00-000-|"), UnderFirst("e|-0-0-0-2-0-0-0-0-0-0-0-|"),
+         "open strings"},
+        {"digits", UnderFirst("e|-00-02-03-00-05-|"), UnderFirst("e|-00-02-03-00-05-|"),
+         "every number has two digits"},
+        {"digits", UnderFirst("e|-1-11-1111-12-|"), UnderFirst("e|-1-11-1111-12-|"),
+         "frets 11 and 12 are near"},
+        {"digits", UnderFirst("e|-1-11-111-3-1-|"), UnderFirst("e|-1-1-1-111-3-1-|"), "struck twice"},
+        {"digits", "   C    G\n" + UnderFirst("e|-00-2-00-2-|"),
+         "   C     G\n" + UnderFirst("e|-0-0-2-0-0-2-|"), "chords keep their place"},
+    };
+    for (const Case& row : rows)
+        ExpectCase(row);
+}
+
 TEST(PreparationSteps, TakeWordsOutOfTheWay) {
     const Case rows[] = {
         {"text", "\n   Alas my Love, you Do me wrong\n#", Blank("\n   Alas my Love, you Do me wrong\n#"),
