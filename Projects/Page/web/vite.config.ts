@@ -1,11 +1,12 @@
 import { createHash } from 'node:crypto';
-import { readFileSync } from 'node:fs';
+import { readFileSync, readdirSync } from 'node:fs';
 import { join, resolve } from 'node:path';
 import { fileURLToPath } from 'node:url';
 import type { Plugin } from 'vite';
 import { defineConfig } from 'vitest/config';
 
 const here = fileURLToPath(new URL('.', import.meta.url));
+const publicFolder = join(here, 'public');
 const alphaTabFolder = join(here, 'node_modules/@coderline/alphatab/dist');
 
 // Served as they are: the page, the renderer's worker and the player's worklet then share one copy of the library. Its
@@ -58,12 +59,14 @@ function serviceWorker(): Plugin {
         generateBundle: {
             order: 'post',
             handler(_options, bundle) {
+                const files = new Map<string, string | Uint8Array>();
+                for (const name of readdirSync(publicFolder))
+                    files.set(name, readFileSync(join(publicFolder, name)));
+                for (const [name, output] of Object.entries(bundle))
+                    files.set(name, output.type === 'asset' ? output.source : output.code);
+                const names = [...files.keys()].sort();
                 const digest = createHash('sha256');
-                const names = Object.keys(bundle).sort();
-                for (const name of names) {
-                    const output = bundle[name]!;
-                    digest.update(name).update(output.type === 'asset' ? output.source : output.code);
-                }
+                for (const name of names) digest.update(name).update(files.get(name)!);
                 const template = readFileSync(join(here, 'src/offline/serviceWorker.js'), 'utf8');
                 this.emitFile({
                     type: 'asset',
@@ -80,7 +83,8 @@ function serviceWorker(): Plugin {
     };
 }
 
-const fretlinePackage = resolve(here, process.env.FRETLINE_PACKAGE ?? '../package');
+// Where the preset "web" builds it; another build of it can be named.
+const fretlinePackage = resolve(here, process.env.FRETLINE_PACKAGE ?? '../../../build/web/package');
 
 export default defineConfig(({ command }) => ({
     root: here,

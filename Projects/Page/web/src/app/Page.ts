@@ -8,6 +8,7 @@ import { fromFragment, longestFragment, toFragment } from '../text/address';
 import { whyNotOpened, whyNotRead } from '../text/checkInput';
 import { decode, encode, encodingFor, type Encoding } from '../text/encoding';
 import { lineEndOf, withLineEnds, withLineFeeds, type LineEnd } from '../text/lineEnds';
+import type { Measure } from '../text/widths';
 import { DoubtList } from '../ui/DoubtList';
 import { download, nameWith } from '../ui/download';
 import { byId, radioGroup } from '../ui/elements';
@@ -51,7 +52,7 @@ export class Page {
 
     constructor(private readonly reader: Reader) {
         this.editor = new Editor(byId('editor'), 'Tab text', {
-            changed: () => this.textChanged(typingPauseMilliseconds),
+            changed: () => this.readSoon(typingPauseMilliseconds),
             moved: () => this.cursorMoved(),
         });
         this.music = new MusicView(byId('score'), byId('score-scroller'), {
@@ -134,7 +135,8 @@ export class Page {
     }
 
     async downloadFormat(format: FormatName): Promise<void> {
-        const extension = this.abilities?.formats.find(({ name }) => name === format)?.extension ?? format;
+        const extension =
+            this.abilities?.formats.find(({ name }) => name === format)?.extension ?? `.${format}`;
         try {
             const { files, taken } = await this.reader.convert(this.bytes(), {
                 ...this.options(),
@@ -155,7 +157,7 @@ export class Page {
 
     downloadGuitarPro(): void {
         const bytes = this.shown && this.music.exportGuitarPro();
-        if (bytes) download(nameWith(this.fileName, 'gp'), bytes);
+        if (bytes) download(nameWith(this.fileName, '.gp'), bytes);
         else this.status.say('There is no score to download.');
     }
 
@@ -192,6 +194,11 @@ export class Page {
         return encodingFor(this.editor.text, this.encoding);
     }
 
+    private measureOf({ prepared }: Result): Measure {
+        const isInAscii = prepared !== null && this.prepare.chosen.includes('ascii');
+        return isInAscii ? 'characters' : this.currentEncoding();
+    }
+
     private bytes(): Uint8Array {
         return encode(this.editor.text, this.currentEncoding());
     }
@@ -201,14 +208,13 @@ export class Page {
         this.lineEnd = lineEnd;
         this.name.value = name;
         this.editor.replaceText(text);
-        this.textChanged(0);
+        this.readSoon(0);
     }
 
     private takeOver(text: Uint8Array): void {
         const { text: tidied, encoding } = decode(text);
         this.encoding = encoding;
         this.editor.replaceText(withLineFeeds(tidied));
-        this.revision++;
         this.prepare.choose([]);
     }
 
@@ -220,12 +226,9 @@ export class Page {
         this.readSoon(0);
     }
 
-    private textChanged(pause: number): void {
-        this.revision++;
-        this.readSoon(pause);
-    }
-
     private readSoon(pause: number): void {
+        this.revision++;
+        this.status.changed();
         clearTimeout(this.readTimer);
         this.readTimer = setTimeout(() => void this.read(), pause);
         clearTimeout(this.addressTimer);
@@ -257,7 +260,7 @@ export class Page {
     private show(result: Result): void {
         const doubts = (result.json.doubts ?? []) as Doubt[];
         this.editor.show({
-            encoding: this.currentEncoding(),
+            measure: this.measureOf(result),
             lines: result.lines,
             kinds: this.abilities?.kinds ?? [],
             doubts,
@@ -283,7 +286,7 @@ export class Page {
     }
 
     private showNothing(refusal: string): void {
-        this.editor.show({ encoding: this.currentEncoding(), lines: [], kinds: [], doubts: [] });
+        this.editor.show({ measure: this.currentEncoding(), lines: [], kinds: [], doubts: [] });
         this.doubts.show([]);
         this.withoutMusic(refusal, []);
     }

@@ -12,7 +12,7 @@ import {
     lineNumbers,
 } from '@codemirror/view';
 import type { ExplainedLine, Kind } from 'fretline';
-import type { Encoding } from '../text/encoding';
+import type { Measure } from '../text/widths';
 import { doubtMargin, showDoubts, type Doubt } from './doubts';
 import { placeAt, rangeOf, type Range, type Stretch } from './places';
 import { playedNotes, setPlayed } from './played';
@@ -27,7 +27,7 @@ export interface EditorEvents {
 
 /** What the editor shows of a reading. */
 export interface Shown {
-    encoding: Encoding;
+    measure: Measure;
     lines: readonly ExplainedLine[];
     kinds: readonly Kind[];
     doubts: readonly Doubt[];
@@ -39,7 +39,7 @@ const byPage = Annotation.define<boolean>();
 /** The text, coloured by what it was read as. Tab leaves it, as it leaves any other field. */
 export class Editor {
     private readonly view: EditorView;
-    private encoding: Encoding = 'utf-8';
+    private measure: Measure = 'utf-8';
 
     constructor(
         parent: HTMLElement,
@@ -64,6 +64,7 @@ export class Editor {
                     keymap.of([...defaultKeymap, ...historyKeymap, ...searchKeymap, ...lintKeymap]),
                     EditorView.contentAttributes.of({
                         'aria-label': label,
+                        tabindex: '0',
                         spellcheck: 'false',
                         autocapitalize: 'off',
                         autocorrect: 'off',
@@ -96,30 +97,30 @@ export class Editor {
     }
 
     /** Shows what was read in the text as it stands. */
-    show({ encoding, lines, kinds, doubts }: Shown): void {
-        this.encoding = encoding;
+    show({ measure, lines, kinds, doubts }: Shown): void {
+        this.measure = measure;
         const recognised = {
             document: this.view.state.doc,
-            encoding,
+            measure,
             lines: new Map(lines.map((line) => [line.line, line])),
             kinds: new Map(kinds.map((kind) => [kind.id, kind])),
         };
         this.view.dispatch({ effects: setRecognition.of(recognised) });
-        this.view.dispatch(showDoubts(this.view.state, encoding, doubts));
+        this.view.dispatch(showDoubts(this.view.state, measure, doubts));
     }
 
     /** The lines and columns of the selection; equal ends for a cursor. */
     get selection(): { from: { line: number; column: number }; to: { line: number; column: number } } {
         const { from, to } = this.view.state.selection.main;
         const document = this.view.state.doc;
-        return { from: placeAt(document, this.encoding, from), to: placeAt(document, this.encoding, to) };
+        return { from: placeAt(document, this.measure, from), to: placeAt(document, this.measure, to) };
     }
 
     /** What stands at the cursor, in words; empty where nothing was read. */
     get wordsAtCursor(): string {
-        const { head } = this.view.state.selection.main;
-        const { line, column } = placeAt(this.view.state.doc, this.encoding, head);
-        const words = [nameAt(this.view.state, head), ...notesOfLineAt(this.view.state, head)].filter(
+        const { from } = this.view.state.selection.main;
+        const { line, column } = placeAt(this.view.state.doc, this.measure, from);
+        const words = [nameAt(this.view.state, from), ...notesOfLineAt(this.view.state, from)].filter(
             Boolean,
         );
         return [`Line ${line + 1}, column ${column + 1}`, ...words].join(' · ');
@@ -162,6 +163,6 @@ export class Editor {
     }
 
     private rangeOf(stretch: Stretch): Range | null {
-        return rangeOf(this.view.state.doc, this.encoding, stretch);
+        return rangeOf(this.view.state.doc, this.measure, stretch);
     }
 }

@@ -1,6 +1,6 @@
 import { lintGutter, setDiagnostics, type Diagnostic } from '@codemirror/lint';
 import type { EditorState, TransactionSpec } from '@codemirror/state';
-import type { Encoding } from '../text/encoding';
+import type { Measure } from '../text/widths';
 import { rangeOf } from './places';
 
 /** Something that was read and is probably not meant so. Lines and columns count from 1, as the reading gives them. */
@@ -23,13 +23,13 @@ export const wordsOf = (doubt: Doubt): { what: string; attempt: string } => ({
     attempt: doubt.try ? sentence(doubt.try) : '',
 });
 
-function diagnosticOf(state: EditorState, encoding: Encoding, doubt: Doubt): Diagnostic | null {
+function diagnosticOf(state: EditorState, measure: Measure, doubt: Doubt): Diagnostic | null {
     const stretch = {
         line: doubt.line - 1,
         column: doubt.column - 1,
         end: Math.max(doubt.endColumn - 1, doubt.column),
     };
-    const range = rangeOf(state.doc, encoding, stretch);
+    const range = rangeOf(state.doc, measure, stretch);
     if (!range) return null;
     const { what, attempt } = wordsOf(doubt);
     return {
@@ -46,13 +46,9 @@ function diagnosticOf(state: EditorState, encoding: Encoding, doubt: Doubt): Dia
 }
 
 /** Underlines the doubtful places of the document and marks their lines in the margin. */
-export function showDoubts(
-    state: EditorState,
-    encoding: Encoding,
-    doubts: readonly Doubt[],
-): TransactionSpec {
+export function showDoubts(state: EditorState, measure: Measure, doubts: readonly Doubt[]): TransactionSpec {
     const diagnostics = doubts
-        .map((doubt) => diagnosticOf(state, encoding, doubt))
+        .map((doubt) => diagnosticOf(state, measure, doubt))
         .filter((diagnostic) => diagnostic !== null);
     return setDiagnostics(state, diagnostics);
 }

@@ -10,12 +10,12 @@ import {
 } from '@codemirror/view';
 import type { ExplainedLine, Kind } from 'fretline';
 import { LineColumns } from '../text/columns';
-import type { Encoding } from '../text/encoding';
+import type { Measure } from '../text/widths';
 
 /** What was read in a document. The document may have changed since: `changes` lead from there to here. */
 export interface Recognition {
     document: Text;
-    encoding: Encoding;
+    measure: Measure;
     /** By number of line. */
     lines: ReadonlyMap<number, ExplainedLine>;
     kinds: ReadonlyMap<string, Kind>;
@@ -49,7 +49,7 @@ interface Found {
 
 /** What the reading found between two offsets of the document as it was read, where that now stands. */
 function* foundBetween(
-    { document, encoding, lines, changes }: Recognition,
+    { document, measure, lines, changes }: Recognition,
     from: number,
     to: number,
 ): Generator<Found> {
@@ -58,7 +58,7 @@ function* foundBetween(
         const explained = lines.get(number - 1);
         if (!explained) continue;
         const line = document.line(number);
-        const columns = new LineColumns(line.text, encoding);
+        const columns = new LineColumns(line.text, measure);
         for (const { column, end, kind } of explained.spans) {
             const start = changes.mapPos(line.from + columns.offsetAt(column), 1);
             const stop = changes.mapPos(line.from + columns.endOffsetAt(end), -1);

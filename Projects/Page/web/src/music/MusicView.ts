@@ -2,7 +2,7 @@ import type { AlphaTabApi, model } from '@coderline/alphatab';
 import type { NotePlace, Result } from 'fretline';
 import { libraryFile, loadLibrary, type Library } from './library';
 import { NotePlaces } from './notePlaces';
-import { readScore, showStaves, struckNotes, type Staves } from './score';
+import { dress, readScore, showStaves, struckNotes, type Staves } from './score';
 
 export interface MusicEvents {
     /** A note was clicked; null where its place in the text is not known. */
@@ -24,6 +24,7 @@ export class MusicView {
     api: AlphaTabApi | null = null;
     private library: Library | null = null;
     private score: model.Score | null = null;
+    private result: Result | null = null;
     private places = new NotePlaces<model.Note>([], []);
     private marked: model.Note[] = [];
     private readonly marks: HTMLElement;
@@ -76,7 +77,9 @@ export class MusicView {
         if (!this.api || !this.library || !result.files.musicxml) return;
 
         const score = readScore(this.library, result, this.staves);
+        dress(this.library, score);
         this.score = score;
+        this.result = result;
         this.places = new NotePlaces(struckNotes(score), result.notes);
         this.marked = [];
         this.api.renderScore(score);
@@ -126,8 +129,9 @@ export class MusicView {
 
     /** The score as a Guitar Pro file, by the library's own writer. */
     exportGuitarPro(): Uint8Array | null {
-        if (!this.library || !this.score) return null;
-        return new this.library.exporter.Gp7Exporter().export(this.score, this.api?.settings ?? null);
+        if (!this.library || !this.result) return null;
+        const score = readScore(this.library, this.result, this.staves);
+        return new this.library.exporter.Gp7Exporter().export(score, this.api?.settings ?? null);
     }
 
     /** Crotchets a minute; 0 where there is no score. */
@@ -154,6 +158,13 @@ export class MusicView {
         const { Color } = this.library!.model;
         const resources = settings.display.resources;
         const colour = (text: string) => Color.fromJson(text)!;
+        const bold = new this.library!.model.Font(
+            'Georgia, serif',
+            14,
+            this.library!.model.FontStyle.Plain,
+            this.library!.model.FontWeight.Bold,
+        );
+        resources.elementFonts.set(this.library!.NotationElement.EffectText, bold);
         resources.mainGlyphColor = colour(ink);
         resources.scoreInfoColor = colour(ink);
         resources.secondaryGlyphColor = colour(faint);

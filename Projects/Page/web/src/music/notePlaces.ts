@@ -12,12 +12,10 @@ const ticksPerQuarter = 960;
 /** Triplets and the like are rounded, on both sides; nothing that is struck lies closer than this. */
 const tolerance = 12;
 
-const keyOf = (bar: number, string: number): string => `${bar}:${string}`;
-
-function groupBy<Item>(items: readonly Item[], keyOfItem: (item: Item) => string): Map<string, Item[]> {
-    const groups = new Map<string, Item[]>();
+function groupBy<Item>(items: readonly Item[], keyOf: (item: Item) => number): Map<number, Item[]> {
+    const groups = new Map<number, Item[]>();
     for (const item of items) {
-        const key = keyOfItem(item);
+        const key = keyOf(item);
         const group = groups.get(key);
         if (group) group.push(item);
         else groups.set(key, [item]);
@@ -25,16 +23,21 @@ function groupBy<Item>(items: readonly Item[], keyOfItem: (item: Item) => string
     return groups;
 }
 
+const positionOf = ({ beat }: EngravedNote): number =>
+    (beat.playbackStart * unitsPerQuarter) / ticksPerQuarter;
+
 /** Which engraved note stands where in the text, and the other way round. */
 export class NotePlaces<Note extends EngravedNote> {
     private readonly places = new Map<Note, NotePlace>();
+    private readonly taken = new Set<NotePlace>();
     private readonly notesOfLine = new Map<number, { place: NotePlace; note: Note }[]>();
 
     constructor(notes: readonly Note[], places: readonly NotePlace[]) {
-        const notesByKey = groupBy(notes, (note) => keyOf(note.beat.voice.bar.index, note.string - 1));
-        const placesByKey = groupBy(places, (place) => keyOf(place.bar, place.string));
-        for (const [key, group] of notesByKey) this.joinAll(group, placesByKey.get(key) ?? []);
+        const placesByBar = groupBy(places, (place) => place.bar);
+        for (const [bar, group] of groupBy(notes, (note) => note.beat.voice.bar.index))
+            this.joinBar(group, placesByBar.get(bar) ?? []);
     }
+
     get count(): number {
         return this.places.size;
     }
@@ -64,22 +67,33 @@ export class NotePlaces<Note extends EngravedNote> {
         return found;
     }
 
-    /** The notes and places of one string in one bar. */
-    private joinAll(notes: readonly Note[], places: readonly NotePlace[]): void {
+    private joinBar(notes: readonly Note[], places: readonly NotePlace[]): void {
+        const placesByString = groupBy(places, (place) => place.string);
+        for (const [string, group] of groupBy(notes, (note) => note.string - 1))
+            this.joinInTime(group, placesByString.get(string) ?? []);
+        // A stave with other strings than the score's is engraved on such as the score has.
+        this.joinInTime(
+            notes.filter((note) => !this.places.has(note)),
+            places.filter((place) => !this.taken.has(place)),
+        );
+    }
+
+    private joinInTime(notes: readonly Note[], places: readonly NotePlace[]): void {
         // A pick-up is engraved without the rest that it begins with, so that its notes stand elsewhere in the bar.
         const areEqual = notes.length === places.length;
-        const inOrder = [...places].sort((a, b) => a.position - b.position);
-        notes.forEach((note, index) => {
-            const position = (note.beat.playbackStart * unitsPerQuarter) / ticksPerQuarter;
-            const place = areEqual
-                ? inOrder[index]
-                : places.find((candidate) => Math.abs(candidate.position - position) <= tolerance);
+        const inOrder = [...places].sort((a, b) => a.position - b.position || a.string - b.string);
+        const notesInOrder = [...notes].sort((a, b) => positionOf(a) - positionOf(b) || a.string - b.string);
+        notesInOrder.forEach((note, index) => {
+            const isNear = (place: NotePlace): boolean =>
+                !this.taken.has(place) && Math.abs(place.position - positionOf(note)) <= tolerance;
+            const place = areEqual ? inOrder[index] : inOrder.find(isNear);
             if (place) this.join(note, place);
         });
     }
 
     private join(note: Note, place: NotePlace): void {
         this.places.set(note, place);
+        this.taken.add(place);
         const notes = this.notesOfLine.get(place.line);
         if (notes) notes.push({ place, note });
         else this.notesOfLine.set(place.line, [{ place, note }]);

@@ -21,10 +21,30 @@ export function readScore(library: Library, { files, json }: Result, staves: Sta
     if (!json.rhythms) for (const bar of score.masterBars) bar.isAnacrusis = true;
     score.title ||= String(json.heading?.title ?? '');
     score.artist ||= String(json.heading?.artist ?? '');
+    return score;
+}
+
+/** Makes a score look as the page wants it; what is exported stays without this. */
+export function dress(library: Library, score: model.Score): void {
+    labelsAsTexts(score);
     // One instrument needs neither a brace nor its name at each line.
     score.stylesheet.bracketExtendMode = library.model.BracketExtendMode.NoBrackets;
     score.stylesheet.singleTrackTrackNamePolicy = library.model.TrackNamePolicy.Hidden;
-    return score;
+}
+
+/**
+ * Labels of sections become texts. The library (1.8.4) draws a label and the chord name of the same beat on top of each
+ * other; texts have a line of their own.
+ */
+function labelsAsTexts(score: model.Score): void {
+    const bars = stavesOf(score)[0]?.bars ?? [];
+    for (const bar of bars) {
+        const { section } = bar.masterBar;
+        const beat = bar.voices[0]?.beats[0];
+        if (!section || !beat || beat.text) continue;
+        beat.text = [section.marker, section.text].filter(Boolean).join(' ');
+        bar.masterBar.section = null;
+    }
 }
 
 const stavesOf = (score: model.Score): model.Staff[] => score.tracks.flatMap((track) => track.staves);

@@ -17,7 +17,9 @@ async function dropOtherBuilds() {
 
 async function answer(request) {
     const cache = await caches.open(cacheName);
-    const kept = await cache.match(request.mode === 'navigate' ? './' : request, { ignoreSearch: true });
+    const wanted = request.mode === 'navigate' ? './' : request;
+    // Servers say "Vary: Origin", and the files are the same for every origin.
+    const kept = await cache.match(wanted, { ignoreSearch: true, ignoreVary: true });
     return kept ?? fetch(request);
 }
 

@@ -1,11 +1,11 @@
-import { byteLength, type Encoding } from './encoding';
+import { widthOf, type Measure } from './widths';
 
 const tabWidth = 8;
 
 /** The column after a character that begins at `column`. */
-function columnAfter(codePoint: number, column: number, encoding: Encoding): number {
-    if (codePoint === 0x09) return (Math.floor(column / tabWidth) + 1) * tabWidth;
-    return column + byteLength(codePoint, encoding);
+function columnAfter(character: string, column: number, measure: Measure): number {
+    if (character === '\t') return (Math.floor(column / tabWidth) + 1) * tabWidth;
+    return column + widthOf(character, measure);
 }
 
 /** Where each character is one column, offsets and columns are equal. */
@@ -14,7 +14,7 @@ const isPlain = (line: string): boolean => /^[\x20-\x7e]*$/.test(line);
 /**
  * Columns of a line to offsets in its string and back.
  *
- * A column is a byte of the encoded line with tabs expanded to multiples of eight, as the reading counts them. An offset
+ * A column is what the measure counts, with tabs expanded to multiples of eight, as the reading does. An offset
  * counts UTF-16 units, as the editor does. Both begin at 0. A column within a character belongs to that character; one
  * after the line's end gives the line's length.
  */
@@ -24,13 +24,13 @@ export class LineColumns {
 
     constructor(
         private readonly line: string,
-        encoding: Encoding,
+        measure: Measure,
     ) {
         if (isPlain(line)) return;
         let column = 0;
         for (const character of line) {
             for (let unit = 0; unit < character.length; ++unit) this.columns.push(column);
-            column = columnAfter(character.codePointAt(0)!, column, encoding);
+            column = columnAfter(character, column, measure);
         }
         this.columns.push(column);
     }

@@ -16,8 +16,14 @@ export class Status {
         this.cancelButton.addEventListener('click', cancel);
     }
 
+    /** The text or how it is to be read has changed: what is shown is that of before. */
+    changed(): void {
+        this.pane.dataset.state = 'reading';
+    }
+
     begin(): void {
         clearTimeout(this.waitTimer);
+
         this.waitTimer = setTimeout(() => {
             this.summary.textContent = 'Reading …';
             this.cancelButton.hidden = false;
@@ -55,6 +61,8 @@ export class Status {
     cancelled(): void {
         const wasShown = !this.cancelButton.hidden;
         this.end();
+        this.pane.dataset.state = 'cancelled';
+
         if (wasShown) this.setSummary('Cancelled. Change the text to read it again.');
     }
 

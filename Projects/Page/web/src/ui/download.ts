@@ -11,6 +11,7 @@ export function download(name: string, bytes: Uint8Array, type = 'application/oc
 
 const tabExtension = /\.(tab|btab|crd|txt)$/i;
 
-/** The name of a file made of a tab: another extension in the place of a tab's. */
+/** The name of a file made of a tab: another extension, with its dot, in the place of a tab's. */
+
 export const nameWith = (name: string, extension: string): string =>
-    `${name.replace(tabExtension, '') || 'untitled'}.${extension}`;
+    `${name.replace(tabExtension, '') || 'untitled'}${extension}`;

@@ -66,4 +66,14 @@ describe('notes of the score and of the text', () => {
         const some = new NotePlaces(engraved, [place(0, 512, 4)]);
         expect(engraved.map((each) => some.placeOf(each)?.position)).toEqual([undefined, 512]);
     });
+
+    it('are joined on other strings where a stave has its own', () => {
+        const engraved = [note(0, 0, 6), note(0, quarter, 6), note(0, quarter, 5)];
+        const own = new NotePlaces(engraved, [place(0, 0, 0), place(0, 256, 0), place(0, 256, 4)]);
+        expect(engraved.map((each) => own.placeOf(each))).toMatchObject([
+            { position: 0, string: 0 },
+            { position: 256, string: 0 },
+            { position: 256, string: 4 },
+        ]);
+    });
 });

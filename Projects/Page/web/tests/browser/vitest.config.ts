@@ -1,0 +1,11 @@
+import { defineConfig } from 'vitest/config';
+
+export default defineConfig({
+    test: {
+        include: ['tests/browser/**/*.test.ts'],
+        testTimeout: 60_000,
+        hookTimeout: 60_000,
+        fileParallelism: false,
+        retry: 0,
+    },
+});
