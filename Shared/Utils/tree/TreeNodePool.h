@@ -72,7 +72,7 @@ private:
     struct Stretch;
 
     /// One page less than its size, as nobody knows where in a page it begins.
-    static constexpr std::uint32_t kPagesOfStretch = 31;
+    static constexpr std::uint32_t kPagesOfStretch = 15;
     static constexpr std::size_t kStretchSize = (kPagesOfStretch + 1) * kPageSize;
 
     /// The head of a page. Cells are named by their offset in the page; 0, where the head lies, is none.
