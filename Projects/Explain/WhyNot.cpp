@@ -53,7 +53,8 @@ std::string WhyNoScore(const std::filesystem::path& file) {
         return Score::Numbered("no stave was found in it (a stave has at least ",
                                Fretline::kFewestLinesOfARun) +
                " lines of dashes, one below the other)";
-    return "its score could not be made: there is no music in its bars, or no room for temporary files";
+    return "its score could not be made: there is no music in its bars, not enough memory, or no "
+           "room for temporary files";
 }
 
 } // namespace Explain

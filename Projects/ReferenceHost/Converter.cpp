@@ -8,8 +8,10 @@
 #include "Projects/ReferenceHost/ScoreFile.h"
 #include "Projects/ReferenceHost/Summary.h"
 #include "Projects/ReferenceHost/Terminal.h"
+#include "Shared/Utils/Exceptions.h"
 
 #include <algorithm>
+#include <new>
 
 namespace ReferenceHost {
 
@@ -59,6 +61,27 @@ Converter::Converter(const CommandLine& line, const Opening::Plugin& plugin, fs:
       m_ShowsProgress(showsProgress) {}
 
 JobResult Converter::Convert(const Input& input, const std::vector<Target>& targets) const {
+    try {
+        return ConvertInput(input, targets);
+    } catch (const std::exception&) {
+        return TellRefusal(input, {}, Opened(Status::Failed, WhyItBrokeOff()));
+    }
+}
+
+std::string Converter::WhyItBrokeOff() {
+    constexpr const char* kTooLarge = "there is not enough memory for it";
+    try {
+        throw;
+    } catch (const std::bad_alloc&) {
+        return kTooLarge;
+    } catch (const Nvr::OutOfMemoryException&) {
+        return kTooLarge;
+    } catch (const std::exception& failure) {
+        return std::string("its conversion broke off: ") + failure.what();
+    }
+}
+
+JobResult Converter::ConvertInput(const Input& input, const std::vector<Target>& targets) const {
     std::vector<TabText::PreparedPart> parts;
     if (!m_Line.Preparation.empty() && input.What != Input::Kind::Score)
         parts = Prepare(input);

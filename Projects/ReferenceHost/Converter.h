@@ -16,8 +16,11 @@
 
 namespace ReferenceHost {
 
+struct Answer;
+
 /// Opens things one by one as a command line says, writes what is to be written of them, and says what came
-/// of it. Borrows everything, which must outlive it. Nothing throws but a failed allocation.
+/// of it. Borrows everything, which must outlive it. Nothing throws: a thing for which memory is too small is
+/// one that failed, and the next one has all of it again.
 class Converter {
 public:
     /// The plug-in must be started; the options that it uses lie in `configFolder`.
@@ -34,6 +37,9 @@ public:
 private:
     using Opened = Opening::Opened;
 
+    // What the public operations do where nothing throws.
+    JobResult ConvertInput(const Input& input, const std::vector<Target>& targets) const;
+    Answer AnswerText(const std::string& text) const;
     Opened Open(const Input& input, std::optional<TemporaryTab>& name) const;
     Opened OpenTab(const std::filesystem::path& tab, const std::filesystem::path& source) const;
     Opening::TabOpener Opener(Opening::OpeningWatcher& watcher) const;
@@ -53,6 +59,9 @@ private:
                                           const std::vector<Target>& targets, JobResult& result) const;
     std::string Printed(const Input& input, const Opened& opened,
                         const std::vector<std::string>& files) const;
+
+    // A few words on the exception that is being handled.
+    static std::string WhyItBrokeOff();
 
     const CommandLine& m_Line;
     const Opening::Plugin& m_Plugin;

@@ -49,6 +49,8 @@ JobResult Refused(const Json& id, const std::string& reason) {
     return result;
 }
 
+} // namespace
+
 // What a line's text, or a part of it, gave: "taken", and the score in each format, or "reason".
 struct Answer {
     Json Members = Json::object();
@@ -84,6 +86,8 @@ struct Answer {
         return result;
     }
 };
+
+namespace {
 
 Answer AnswerOf(const Opening::Opened& opened, const CommandLine& line) {
     Answer answer;
@@ -152,30 +156,41 @@ void StandardInputLines::FillOnce() {
 }
 
 JobResult Converter::ConvertLine(std::string_view line) const {
-    const Json request = Json::parse(line, nullptr, false);
-    if (!request.is_object() || !request.contains("text") || !request["text"].is_string())
-        return Refused(request.is_object() && request.contains("id") ? request["id"] : Json(nullptr),
-                       R"(the line is no JSON object {"id":...,"text":...})");
-    const Json id = request.contains("id") ? request["id"] : Json(nullptr);
-    const auto text = request["text"].get<std::string>();
+    Json id;
+    try {
+        const Json request = Json::parse(line, nullptr, false);
+        if (request.is_object() && request.contains("id"))
+            id = request["id"];
+        if (!request.is_object() || !request.contains("text") || !request["text"].is_string())
+            return Refused(id, R"(the line is no JSON object {"id":...,"text":...})");
+        return AnswerText(request["text"].get<std::string>()).ToLine(id);
+    } catch (const std::exception&) {
+        JobResult result = Refused(id, WhyItBrokeOff());
+        result.Ended = JobResult::Status::Failed;
+        return result;
+    }
+}
+
+Answer Converter::AnswerText(const std::string& text) const {
     Input input;
     input.Path = input.Relative = kDefaultName;
     Answer answer;
     if (m_Line.Preparation.empty()) {
         const TemporaryTab tab = TemporaryTab::Write(m_Folder, kDefaultName, text);
         if (tab.Path().empty())
-            return Refused(id, "no room for a temporary file");
-        answer = AnswerOf(OpenTab(tab.Path(), input.Path), m_Line);
-    } else {
-        for (const TabText::PreparedPart& part : TabText::PrepareParts(text, m_Line.Preparation)) {
-            std::optional<TemporaryTab> tab;
-            Opened opened = OpenPrepared(part.Text, input, tab);
-            if (opened.Conversion)
-                opened.Conversion->Part = part.Name;
-            answer.Add(part.Name, AnswerOf(opened, m_Line));
-        }
+            answer.Refuse(JobResult::Status::Refused, "no room for a temporary file");
+        else
+            answer = AnswerOf(OpenTab(tab.Path(), input.Path), m_Line);
+        return answer;
     }
-    return answer.ToLine(id);
+    for (const TabText::PreparedPart& part : TabText::PrepareParts(text, m_Line.Preparation)) {
+        std::optional<TemporaryTab> tab;
+        Opened opened = OpenPrepared(part.Text, input, tab);
+        if (opened.Conversion)
+            opened.Conversion->Part = part.Name;
+        answer.Add(part.Name, AnswerOf(opened, m_Line));
+    }
+    return answer;
 }
 
 } // namespace ReferenceHost

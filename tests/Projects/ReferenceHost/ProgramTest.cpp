@@ -291,6 +291,28 @@ TEST_F(Program, ConvertsManyFilesInOrderInManyProcesses) {
     EXPECT_LT(four.Text.find("in/100.tab"), four.Text.find("in/159.tab"));
 }
 
+TEST_F(Program, GoesOnAfterATabThatMemoryIsTooSmallFor) {
+    if (FRETLINE_IS_SANITIZED != 0)
+        GTEST_SKIP() << "a sanitizer takes more address space than any limit leaves";
+    Tab("small.tab");
+    constexpr int kStaves = 12000;
+    std::string large;
+    for (int stave = 0; stave < kStaves; ++stave)
+        large += Read("small.tab") + "\n";
+    Write("large.tab", large);
+    bool isToldByHost = false;
+    // The plug-in stops at the first ones, the host itself at the others.
+    for (const char* const kilobytes : {"30000", "60000", "80000"}) {
+        fs::remove(Path() / "small.musicxml");
+        const Outcome outcome =
+            Run("large.tab small.tab --to musicxml -j 1", std::string("ulimit -v ") + kilobytes + "; ");
+        EXPECT_FALSE(Has(outcome.Text, "terminate")) << kilobytes << outcome.Text;
+        EXPECT_TRUE(fs::exists(Path() / "small.musicxml")) << kilobytes << outcome.Text;
+        isToldByHost = isToldByHost || Has(outcome.Text, "large.tab: there is not enough memory for it");
+    }
+    EXPECT_TRUE(isToldByHost) << "no limit was in the middle";
+}
+
 TEST_F(Program, EndsInOrderWhenItIsInterrupted) {
     constexpr int kFiles = 400;
     for (int i = 0; i < kFiles; ++i)
