@@ -3,6 +3,7 @@
 //
 //   stand_in_host [options]            the examples and a made-up corpus of odd tabs, at each rhythm level
 //   stand_in_host [options] FILE...    these files, one after the other in one process
+//   stand_in_host --write FOLDER N     opens nothing: leaves the first N tabs of that corpus in a folder
 //
 //   --library PATH       another one than that of this build
 //   --config FOLDER      where the options file lies; without it, a new folder with a level 1 in it
@@ -22,6 +23,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <fstream>
 #include <memory>
 
 namespace {
@@ -119,6 +121,20 @@ bool OpenAll(const std::vector<std::string>& files, const std::string& config, i
     return true;
 }
 
+std::string OddTab(int seed) {
+    return TestSupport::MakeOddTab(static_cast<std::uint32_t>(seed));
+}
+
+// False when there is no such folder.
+bool WriteOddTabs(const fs::path& folder, int count) {
+    for (int seed = 0; seed < count; ++seed) {
+        std::ofstream file(folder / (std::to_string(seed) + ".tab"), std::ios::binary);
+        if (!(file << OddTab(seed)).flush())
+            return false;
+    }
+    return count > 0;
+}
+
 std::vector<std::string> ExamplesAndOddTabs(const TestSupport::ScratchFolder& folder) {
     std::vector<std::string> tabs;
     for (const auto& entry : fs::directory_iterator(FRETLINE_SOURCE_DIR "/examples"))
@@ -126,14 +142,15 @@ std::vector<std::string> ExamplesAndOddTabs(const TestSupport::ScratchFolder& fo
             tabs.push_back(entry.path().string());
     std::sort(tabs.begin(), tabs.end());
     for (int seed = 0; seed < kTabs; ++seed)
-        tabs.push_back(folder.Write(std::to_string(seed) + ".tab",
-                                    TestSupport::MakeOddTab(static_cast<std::uint32_t>(seed))));
+        tabs.push_back(folder.Write(std::to_string(seed) + ".tab", OddTab(seed)));
     return tabs;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 4 && std::string_view(argv[1]) == "--write")
+        return WriteOddTabs(argv[2], std::atoi(argv[3])) ? 0 : 1;
     Options options;
     if (!ReadOptions(argc, argv, options)) {
         std::fputs("stand_in_host: see the top of StandInHost.cpp\n", stderr);

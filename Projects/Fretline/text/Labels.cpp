@@ -17,15 +17,17 @@ constexpr std::ptrdiff_t kStoppingBlank = 3;
 constexpr std::size_t kNoKeyword = kLabelKeywords.size();
 
 // A keyword is then a whole run of letters, and no other.
-static_assert(std::ranges::all_of(kLabelKeywords, [](std::string_view keyword) {
-    return std::ranges::all_of(keyword, [](char c) { return c >= 'a' && c <= 'z'; });
+static_assert(std::all_of(kLabelKeywords.begin(), kLabelKeywords.end(), [](std::string_view keyword) {
+    return std::all_of(keyword.begin(), keyword.end(), [](char c) { return c >= 'a' && c <= 'z'; });
 }));
 
 // The place in the table of a run of letters, in any case.
 std::size_t FindKeyword(std::string_view letters) {
-    const auto found = std::ranges::find_if(kLabelKeywords, [letters](std::string_view keyword) {
-        return std::ranges::equal(letters, keyword, {}, Nvr::Ascii::ToLower);
-    });
+    const auto isKeyword = [letters](std::string_view keyword) {
+        return std::equal(letters.begin(), letters.end(), keyword.begin(), keyword.end(),
+                          [](char letter, char lower) { return Nvr::Ascii::ToLower(letter) == lower; });
+    };
+    const auto found = std::find_if(kLabelKeywords.begin(), kLabelKeywords.end(), isKeyword);
     return static_cast<std::size_t>(found - kLabelKeywords.begin());
 }
 
@@ -41,11 +43,12 @@ std::vector<KeywordPlace> FindKeywords(std::string_view line) {
     auto start = line.begin();
     while ((start = std::find_if(start, line.end(), Nvr::Ascii::IsAlpha)) != line.end()) {
         const auto end = std::find_if_not(start, line.end(), Nvr::Ascii::IsAlpha);
-        if (const std::size_t keyword = FindKeyword({start, end}); keyword != kNoKeyword)
+        if (const std::size_t keyword = FindKeyword({&*start, static_cast<std::size_t>(end - start)});
+            keyword != kNoKeyword)
             places.push_back({keyword, static_cast<int>(start - line.begin())});
         start = end;
     }
-    std::ranges::sort(places);
+    std::sort(places.begin(), places.end());
     return places;
 }
 
