@@ -4,6 +4,7 @@
 #include "Projects/Score/LilyPondChords.h"
 #include "Projects/Score/LilyPondNotes.h"
 #include "Projects/Score/LilyPondWay.h"
+#include "Projects/Score/LineBreaks.h"
 #include "Projects/Score/Notation.h"
 #include "Projects/Score/Spelling.h"
 #include "Projects/Score/Utf8.h"
@@ -46,15 +47,15 @@ std::string FreeName(std::string name, std::set<std::string>& taken) {
 class Writer {
 public:
     Writer(const ScoreModel& score, const std::string& title, Layout layout, bool isOnePage)
-        : m_Score(score), m_Bars(WriteOut(score)), m_Title(title), m_Layout(layout), m_IsOnePage(isOnePage),
-          m_LacksFrets(HasNoteWithoutFret(score)) {}
+        : m_Score(score), m_Bars(WriteOut(score)), m_Breaks(LineBreaks(score, m_Bars)), m_Title(title),
+          m_Layout(layout), m_IsOnePage(isOnePage), m_LacksFrets(HasNoteWithoutFret(score)) {}
 
     std::string Write() {
         FindSections();
         std::string text = "\\version \"2.24.0\"\n\\language \"english\"\n\n" + Header();
         if (m_IsOnePage)
             text += "\\paper {\n  page-breaking = #ly:one-page-breaking\n}\n\n";
-        text += Chords() + Music("", false);
+        text += LilyPondMarks(m_Score) + Chords() + Music("", false);
         // A note that a string cannot give has no place on the stave of tab.
         if (m_LacksFrets && m_Layout != Layout::Notes)
             text += Music("Tab", true);
@@ -140,7 +141,7 @@ private:
 
     // What holds from the start.
     std::string Opening() const {
-        std::string text;
+        std::string text = LilyPondMuteLine(m_Score);
         const ModelHeading& heading = m_Score.Heading;
         if (heading.Tempo > 0)
             text += Numbered("  \\tempo 4 = ", heading.Tempo) + "\n";
@@ -160,13 +161,15 @@ private:
             text += "  \\sectionLabel \\markup {" + Boxes(bar.Labels) + " }\n";
         text += "  ";
         for (std::size_t piece = 0; piece < written.Pieces.size() && !written.IsRest(); ++piece)
-            text += notes.Piece(written.Pieces[piece], NextPiece(index, piece)) + " ";
+            text += notes.Piece(written.Pieces[piece],
+                                written.Pieces[piece].IsStruck ? NextPiece(index, piece) : nullptr) +
+                    " ";
         if (written.IsRest())
             text += "R" + LengthText(written.Length) + " ";
         else if (written.Pieces.empty())
             text += "s" + LengthText(LengthOf(written)) + " ";
         text += "| % " + NumberOf(index) + "\n";
-        return text + LilyPondBarEnd(m_Score, index);
+        return text + LilyPondBarEnd(m_Score, index) + (m_Breaks[index] ? "  \\break\n" : "");
     }
 
     static std::string Boxes(const std::vector<std::string>& labels) {
@@ -176,12 +179,12 @@ private:
         return text;
     }
 
+    // The next one that is struck or a rest; null at the end.
     const WrittenPiece* NextPiece(std::size_t bar, std::size_t piece) const {
-        if (piece + 1 < m_Bars[bar].Pieces.size())
-            return &m_Bars[bar].Pieces[piece + 1];
-        for (++bar; bar < m_Bars.size(); ++bar)
-            if (!m_Bars[bar].Pieces.empty())
-                return &m_Bars[bar].Pieces.front();
+        for (++piece; bar < m_Bars.size(); ++bar, piece = 0)
+            for (; piece < m_Bars[bar].Pieces.size(); ++piece)
+                if (m_Bars[bar].Pieces[piece].IsStruck)
+                    return &m_Bars[bar].Pieces[piece];
         return nullptr;
     }
 
@@ -272,6 +275,7 @@ private:
 
     const ScoreModel& m_Score;
     std::vector<WrittenBar> m_Bars;
+    std::vector<bool> m_Breaks;
     std::string m_Title;
     Layout m_Layout;
     bool m_IsOnePage;

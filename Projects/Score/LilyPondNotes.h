@@ -20,6 +20,11 @@ std::string LengthText(int length);
 /// The same as a fraction of a whole note, such as "5/8".
 std::string FractionText(int length);
 
+/// The definitions that the signs at the notes of a score use, before the music; and how the line over muted
+/// notes looks, in the music before its notes.
+std::string LilyPondMarks(const ScoreModel& score);
+std::string LilyPondMuteLine(const ScoreModel& score);
+
 /// Writes notes, chords and rests one after the other. Borrows the score.
 class LilyPondNotes {
 public:
@@ -29,16 +34,21 @@ public:
     /// The strings of the pieces from here on.
     void SetTuning(const std::vector<int>& tuning) { m_Tuning = &tuning; }
 
-    /// One piece; `next` is the one after it, null at the end.
+    /// One piece; `next` is the next one that is struck or a rest, null at the end.
     std::string Piece(const WrittenPiece& piece, const WrittenPiece* next);
 
 private:
-    std::string Note(const ModelNote& note) const;
-    std::string SignsAfter(const WrittenPiece& piece, const WrittenPiece* next);
+    std::string Note(const ModelNote& note, bool isStruck) const;
+    // These go in order from piece to piece.
+    std::string SignsAt(const WrittenPiece& piece, const WrittenPiece* next);
+    std::string BendAt(const WrittenPiece& piece, const WrittenPiece* next);
+    std::string MuteAt(const WrittenPiece& piece, const WrittenPiece* next);
 
     const std::vector<int>* m_Tuning;
     bool m_IsForTab;
     bool m_IsSlurOpen = false;
+    bool m_IsBent = false;
+    bool m_IsMuteOpen = false;
 };
 
 } // namespace Score

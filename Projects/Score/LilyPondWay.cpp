@@ -42,8 +42,9 @@ std::string JumpsOf(const ModelWay& way) {
 std::string LilyPondBarStart(const ScoreModel& score, std::size_t bar) {
     const ModelBar& model = score.Bars[bar];
     std::string text;
+    const bool isAfterRepeat = bar > 0 && score.Bars[bar - 1].Repeats.IsEnd;
     if (model.Repeats.IsStart)
-        text += "  \\bar \".|:\"\n";
+        text += isAfterRepeat ? "  \\bar \":..:\"\n" : "  \\bar \".|:\"\n";
     text += EndingsAt(score, bar);
     if (model.Tempo > 0)
         text += Numbered("  \\tempo 4 = ", model.Tempo) + "\n";

@@ -60,6 +60,8 @@ struct ModelBar {
     ModelWay Way = {};
     /// Crotchets a minute from this bar on, where the text changes them; 0 elsewhere.
     int Tempo = 0;
+    /// It is the first of a stave of the tab's text; of none in a score alone.
+    bool BeginsLine = false;
     /// The open strings from this bar on, as ScoreModel::Tuning, where the tab's text tunes a stave unlike
     /// the one before. Never in a score alone, which has one tuning.
     std::optional<std::vector<int>> Tuning = {};

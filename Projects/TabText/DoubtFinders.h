@@ -51,6 +51,7 @@ void FindLostNotes(const TabReading& reading, DoubtSink& doubts);
 // How long the notes are (RhythmDoubts.cpp).
 void FindBarLengths(const TabReading& reading, DoubtSink& doubts);
 void FindUnevenLengths(const TabReading& reading, DoubtSink& doubts);
+void FindShortNotes(const TabReading& reading, DoubtSink& doubts);
 void FindRhythmLines(const TabReading& reading, DoubtSink& doubts);
 
 // Symbols and words above the staves (SymbolDoubts.cpp).

@@ -26,6 +26,7 @@ enum class DoubtKind {
     LostNotes,
     BarLength,
     UnevenLengths,
+    ShortNotes,
     RhythmLine,
     ChordFromWords,
     CutChord,

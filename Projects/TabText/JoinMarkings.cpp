@@ -105,10 +105,20 @@ private:
     Score::ScoreModel& m_Score;
 };
 
+void JoinLines(const TabReading& reading, Score::ScoreModel& score) {
+    int line = -1;
+    for (const BarReading& bar : reading.GetBars()) {
+        if (bar.Bar->GetFirstLine() != line && bar.FirstScoreBar < static_cast<int>(score.Bars.size()))
+            score.Bars[static_cast<std::size_t>(bar.FirstScoreBar)].BeginsLine = true;
+        line = bar.Bar->GetFirstLine();
+    }
+}
+
 } // namespace
 
 void JoinMarkings(const TabReading& reading, const Markings& markings, Score::ScoreModel& score) {
     JoinTunings(reading, score);
+    JoinLines(reading, score);
     Joiner joiner(reading, score);
     for (const NoteMark& mark : markings.Notes)
         joiner.Join(mark);

@@ -78,8 +78,8 @@ void JoinTunings(const TabReading& reading, Score::ScoreModel& score);
 
 /// Adds the markings to the model of the score that the plug-in made of the same text at the same rhythm
 /// level: by bar, position and string. A dead note becomes a note on its open string, also where the score
-/// has a rest. A mark whose note is not in the score is left out. Tunings are joined as well. Without
-/// markings and with one tuning the model stays as it is.
+/// has a rest. A mark whose note is not in the score is left out. Tunings are joined as well, and which
+/// bars begin a stave of the text; without markings and with one tuning nothing else changes.
 void JoinMarkings(const TabReading& reading, const Markings& markings, Score::ScoreModel& score);
 
 } // namespace TabText

@@ -1,5 +1,6 @@
 // How long the notes are.
 
+#include "Projects/Fretline/score/ScoreTime.h"
 #include "Projects/Fretline/stave/NoteLengths.h"
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/text/TabTimeSignature.h"
@@ -7,6 +8,7 @@
 #include "Projects/TabText/StaveBars.h"
 #include "Shared/Utils/AsciiChars.h"
 
+#include <algorithm>
 #include <map>
 
 namespace TabText {
@@ -127,6 +129,25 @@ void FindUnevenLengths(const TabReading& reading, DoubtSink& doubts) {
                        "notes at equal distances got unequal lengths" +
                            (count == 1 ? std::string(" in the bar")
                                        : " in " + std::to_string(count) + " bars of the stave"));
+    }
+}
+
+void FindShortNotes(const TabReading& reading, DoubtSink& doubts) {
+    constexpr int kShortestUsual = Fretline::kUnitsPerWholeNote / 64;
+    for (const BarReading& entry : reading.GetBars()) {
+        const TabBar& bar = *entry.Bar;
+        const auto& columns = bar.GetColumns();
+        const auto found = std::find_if(columns.begin(), columns.end(), [](const auto& column) {
+            return column.second->m_Duration % kShortestUsual != 0;
+        });
+        if (!bar.HasRhythms() || found == columns.end())
+            continue;
+        const Fretline::TabColumn& column = *found->second;
+        const int start = bar.GetStartColumn() + column.m_Column + column.m_StartOffset;
+        doubts.Add(bar.GetFirstLine(), start, start + 1,
+                   "a note lasts " + std::to_string(column.m_Duration) +
+                       " units, which takes values shorter than a 64th (" + std::to_string(kShortestUsual) +
+                       " units)");
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "Projects/Score/LilyPondChords.h"
 #include "Projects/Score/LilyPondNotes.h"
+#include "Projects/Score/LineBreaks.h"
 #include "tests/Projects/Score/SmallScore.h"
 
 #include <gtest/gtest.h>
@@ -48,18 +49,103 @@ TEST(LilyPond, WritesChordsAboveTheStaves) {
     EXPECT_FALSE(Has(LilyPondText(TestSupport::ScoreOf({{1024}}), "", Layout::Both, false), "Chord"));
 }
 
-TEST(LilyPond, NamesPitchesAndSigns) {
+TEST(LilyPond, NamesPitches) {
     EXPECT_EQ("c'", LilyPondPitch({'C', 0, 4}));
     EXPECT_EQ("fs", LilyPondPitch({'F', 1, 3}));
     EXPECT_EQ("ef,,", LilyPondPitch({'E', -1, 1}));
+}
+
+TEST(LilyPond, WritesLengths) {
+    const std::pair<int, const char*> rows[] = {{256, "4"},   {384, "4."},   {640, "1*5/8"},
+                                                {1536, "1."}, {8, "64*1/2"}, {16, "64"}};
+    for (const auto& [length, expected] : rows)
+        EXPECT_EQ(expected, LengthText(length));
+    EXPECT_TRUE(
+        Has(LilyPondText(TestSupport::ScoreOf({{4}, {1020}}), "", Layout::Both, false), "<e,\\6>64*1/4 "))
+        << "no note has more flags than a 64th";
+}
+
+TEST(LilyPond, SaysHowNotesArePlayed) {
+    // The notes of a bar on the lowest string and what is asked of the first two; then one on the next
+    // string.
+    const struct {
+        std::vector<ModelTechnique> First, Second;
+        const char *Expected, *Why;
+    } rows[] = {
+        {{{Technique::HammerOn}}, {}, "<e,\\6>4^\\markup \\tiny \"H\"( <f,\\6>4) ", "a slur"},
+        {{{Technique::Bend, 2}},
+         {{Technique::Release}},
+         "<e,\\6>4^\\markup \\tiny \"bend 1/2\"\\^ <f,\\6>4\\^ <e,\\6>4 ",
+         "a bend to a note, and back"},
+        {{}, {{Technique::Bend, 6}}, "<f,\\6>4^\\markup \\tiny \"bend 1 1/2\"\\bendAfter #2  ", "to none"},
+        {{{Technique::Slide}}, {}, "<e,\\6>4\\glissando <f,\\6>4 ", "a slide to a note"},
+        {{{Technique::SlideOut, -1}}, {}, "<e,\\6>4\\bendAfter #-4  ", "and to none"},
+        {{{Technique::PalmMute}},
+         {{Technique::PalmMute}},
+         "<e,\\6>4\\startTextSpan <f,\\6>4\\stopTextSpan ",
+         "a line"},
+        {{{Technique::PalmMute}}, {}, "<e,\\6>4^\\markup \\tiny \"P.M.\" ", "one alone"},
+        {{{Technique::Dead}, {Technique::Vibrato}},
+         {},
+         "<\\deadNote e,\\6>4^\\vibrato ",
+         "a head and a sign"},
+    };
+    for (const auto& row : rows) {
+        ScoreModel score = TestSupport::ScoreOf({{256}, {256}, {256}, {256}});
+        std::vector<ModelEvent>& events = score.Bars[0].Events;
+        events[1].Notes[0].Midi = 41;
+        events[1].Notes[0].Diat = 24;
+        events[0].Notes[0].Techniques = row.First;
+        events[1].Notes[0].Techniques = row.Second;
+        const std::string text = LilyPondText(score, "", Layout::Both, false);
+        EXPECT_TRUE(Has(text, row.Expected)) << row.Why << "\n" << text;
+    }
+}
+
+TEST(LilyPond, SlidesFromStringToString) {
+    ScoreModel score = TestSupport::ScoreOf({{512}, {512}});
+    std::vector<ModelEvent>& events = score.Bars[0].Events;
+    events[0].Notes.push_back({1, 2, 47, 27, false, {{Technique::Slide}}});
+    events[1].Notes = {{1, 4, 49, 28, false}};
+    EXPECT_TRUE(Has(LilyPondText(score, "", Layout::Both, false),
+                    "\\once \\set glissandoMap = #'((1 . 0)) <e,\\6 b,\\5>2\\glissando <cs\\5>2"));
+    events[1].Notes[0].String = 2;
+    EXPECT_TRUE(Has(LilyPondText(score, "", Layout::Both, false), "<e,\\6 b,\\5>2^\\markup \\tiny \"sl.\" "));
+}
+
+TEST(LilyPond, RepeatsEndWithTheirOwnBarline) {
     ScoreModel score = TestSupport::ScoreOf({{256}, {256}, {512}});
-    score.Bars[0].Events[0].Notes[0].Techniques = {{Technique::HammerOn, 0}};
-    score.Bars[0].Events[1].Notes[0].Techniques = {{Technique::Bend, 6}, {Technique::Dead, 0}};
-    score.Bars[0].Repeats.IsStart = true;
     score.Heading.Tempo = 90;
+    score.Bars[0].Repeats.IsStart = true;
     const std::string text = LilyPondText(score, "x", Layout::Both, false);
-    for (const char* part :
-         {"<e,\\6>4^\\markup \\tiny \"H\"( <\\deadNote e,\\6>4)^\\markup \\tiny \"bend 1 1/2\"",
-          "\\bar \".|:\"", "\\tempo 4 = 90"})
+    for (const char* part : {"\\bar \".|:\"", "\\tempo 4 = 90", "\\bar \"|.\""})
         EXPECT_TRUE(Has(text, part)) << part << " in\n" << text;
+    score.Bars[0].Repeats.IsEnd = true;
+    EXPECT_FALSE(Has(LilyPondText(score, "x", Layout::Both, false), "\\bar \"|.\""));
+}
+
+TEST(LilyPond, BreaksLinesAsTheTextDoes) {
+    const struct {
+        // Notes of each bar; negative where it begins a line of the text.
+        std::vector<int> Bars;
+        std::vector<bool> Expected;
+        const char* Why;
+    } rows[] = {
+        {{8, 8, -8, 8}, {false, true, false, false}, "where a line ends"},
+        {{4, -4, -8, 8}, {false, false, false, false}, "short lines go together"},
+        {{4, -4, -4, -8}, {false, false, true, false}, "until they fill some of one"},
+        {{4, -16, 16, -8}, {false, false, true, false}, "as far as that fits"},
+        {{16, 16, 16, -8, 8}, {false, false, false, false, false}, "a line that is too long for a page"},
+    };
+    for (const auto& row : rows) {
+        ScoreModel score;
+        for (const int notes : row.Bars) {
+            score.Bars.push_back(TestSupport::ScoreOf(std::vector<TestSupport::Part>(
+                                                          static_cast<std::size_t>(std::abs(notes)), {64}))
+                                     .Bars[0]);
+            score.Bars.back().BeginsLine = notes < 0;
+        }
+        score.HasRhythms = true;
+        EXPECT_EQ(row.Expected, LineBreaks(score, WriteOut(score))) << row.Why;
+    }
 }

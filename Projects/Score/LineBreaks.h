@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Projects/Score/Notation.h"
+#include "Projects/Score/ScoreModel.h"
+
+#include <vector>
+
+namespace Score {
+
+/// Where an engraved score breaks its lines because the text does: one entry a bar, true where a line ends
+/// after it. Lines of the text that are short go together. All false where a line of the text has more than
+/// fits on a page: the engraver then knows better.
+std::vector<bool> LineBreaks(const ScoreModel& score, const std::vector<WrittenBar>& bars);
+
+} // namespace Score
