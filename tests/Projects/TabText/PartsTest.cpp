@@ -7,6 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <set>
+#include <sstream>
+
 namespace {
 
 using TestSupport::Repeat;
@@ -152,6 +156,38 @@ TEST(Parts, ArePreparedEachByItself) {
     // The line of the label is free for the rhythm once the label has named the part.
     EXPECT_TRUE(parts[0].Text.Text.starts_with("  1   2   3   4\n|--")) << parts[0].Text.Text;
     EXPECT_EQ(std::string::npos, parts[0].Text.Text.find("11"));
+}
+
+// Beside each tab of tests/untidy-parts lies a file for each of its parts.
+TEST(Parts, OfUntidyTabsAreReadAsMeant) {
+    std::vector<const TabText::PreparationStep*> steps = TabText::DefaultPreparationSteps();
+    steps.push_back(TabText::FindPreparationStep("parts"));
+    int tabs = 0;
+    std::set<std::filesystem::path> wanted;
+    std::set<std::filesystem::path> found;
+    for (const auto& entry : std::filesystem::directory_iterator(FRETLINE_SOURCE_DIR "/tests/untidy-parts")) {
+        if (entry.path().extension() == ".want") {
+            wanted.insert(entry.path());
+            continue;
+        }
+        ++tabs;
+        std::ostringstream text;
+        text << std::ifstream(entry.path(), std::ios::binary).rdbuf();
+        for (const TabText::PreparedPart& part : TabText::PrepareParts(text.str(), steps)) {
+            std::filesystem::path file = entry.path();
+            file.replace_filename(file.stem().string() + " - " + part.Name + ".want");
+            found.insert(file);
+            const TestSupport::PlayedText meant = TestSupport::ReadWanted(file);
+            const TestSupport::PlayedText played = TestSupport::PlayedOf(part.Text.Text);
+            EXPECT_EQ(meant.Notes, played.Notes) << file << "\n" << part.Text.Text;
+            EXPECT_EQ(meant.Tuning, played.Tuning) << file;
+            EXPECT_EQ(static_cast<int>(meant.Chords.size()),
+                      TestSupport::CountInOrder(meant.Chords, played.Chords))
+                << file;
+        }
+    }
+    EXPECT_EQ(2, tabs);
+    EXPECT_EQ(wanted, found);
 }
 
 } // namespace

@@ -22,6 +22,8 @@ std::string ReadFile(const fs::path& path) {
     return text.str();
 }
 
+} // namespace
+
 PlayedText ReadWanted(const fs::path& path) {
     PlayedText wanted;
     std::ifstream file(path);
@@ -40,6 +42,8 @@ PlayedText ReadWanted(const fs::path& path) {
     }
     return wanted;
 }
+
+namespace {
 
 void AddBar(const Fretline::TabBar& bar, PlayedText& played) {
     const std::vector<TabText::StruckNote> notes = TabText::StruckNotesOf(bar);

@@ -23,8 +23,11 @@ struct UntidyTab {
     PlayedText Wanted;
 };
 
-/// Those of tests/untidy, by name. Beside each NAME.tab lies NAME.want: a line "tuning" with the open strings
-/// of the first stave from the lowest up, perhaps a line "chords", and a line "bar" for each bar of the text.
+/// What a musician would want, from a file: a line "tuning" with the open strings of the first stave from the
+/// lowest up, perhaps a line "chords", and a line "bar" for each bar of the text.
+PlayedText ReadWanted(const std::filesystem::path& path);
+
+/// Those of tests/untidy, by name. Beside each NAME.tab lies NAME.want.
 std::vector<UntidyTab> ReadUntidyTabs();
 
 /// What the plug-in plays of a text. An empty text gives nothing.
