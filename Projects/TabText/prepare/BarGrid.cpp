@@ -24,7 +24,8 @@ public:
         : m_Bar(bar), m_SlotCounts(slotCounts) {}
 
     std::optional<BarGrid> Find(int padding) {
-        // A grid that fits to the column counts for more than one that does not.
+        // A grid that fits to the column counts for more than one that does not. Of those that nearly fit,
+        // two widths never hold the same notes: they differ by too few columns.
         const int width = m_Bar.GetWidth() - padding;
         TryWidth(m_Bar.First + padding, width);
         if (m_Grids.empty())
@@ -34,7 +35,7 @@ public:
             TryWidth(start, m_Bar.End - start);
             std::erase_if(m_Grids, [&](const BarGrid& grid) { return !IsFull(grid); });
         }
-        return AgreeOnTimes() ? Least() : std::nullopt;
+        return Least();
     }
 
     std::optional<BarGrid> FindOfWidth(int padding, int width) {
@@ -91,17 +92,6 @@ private:
     bool HasWideOnset() const {
         return std::any_of(m_Bar.Onsets.begin(), m_Bar.Onsets.end(),
                            [](const Onset& onset) { return onset.Width > 1; });
-    }
-
-    bool AgreeOnTimes() const {
-        if (m_Grids.empty())
-            return false;
-        const BarGrid& first = m_Grids.front();
-        const bool isOneTime =
-            m_Bar.Onsets.empty() || (m_Bar.Onsets.size() == 1 && m_Bar.Onsets.front().Column == first.Start);
-        return isOneTime || std::all_of(m_Grids.begin(), m_Grids.end(), [&](const BarGrid& grid) {
-                   return grid.GetWidth() == first.GetWidth();
-               });
     }
 
     std::optional<BarGrid> Least() const {

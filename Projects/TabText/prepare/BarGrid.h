@@ -44,10 +44,9 @@ struct BarGrid {
 };
 
 /// The grid of a bar whose number of slots is one of `slotCounts`, with the least such number. None where the
-/// onsets lie on no grid, where two grids give them different times, and where the space at the ends of the
-/// bar contradicts it: at its start `padding` columns are free, or as many as make the grid fill the bar; at
-/// its end a column or two may be missing or too many, and more may be missing only after a full bar. Costs
-/// in proportion to the onsets.
+/// onsets lie on no grid, and where the space at the ends of the bar contradicts it: at its start `padding`
+/// columns are free, or as many as make the grid fill the bar; at its end a column or two may be missing or
+/// too many, and more may be missing only after a full bar. Costs in proportion to the onsets.
 std::optional<BarGrid> FindGrid(const BarSpacing& bar, std::span<const int> slotCounts, int padding);
 
 /// That of a bar whose slots begin after `padding` columns and together are `width` columns wide, wherever

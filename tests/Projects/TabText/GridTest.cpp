@@ -56,7 +56,9 @@ TEST(Grid, WritesARhythmLineOverEqualDistances) {
          "  1   2   3   4     1   2   3   4"},
         {"a bar of rests among others", "", "|-0---2---3---0---|-----------------|",
          "  1   2   3   4     1   2   3   4"},
-        {"a pickup before it", "", "|-2-|-0---2---3---0---|", "      1   2   3   4"},
+        {"a pickup before it", "", "|-2-------|-0---2---3---0---2---3---0---3---|",
+         "            1   +   2   +   3   +   4   +"},
+        {"quavers without a column between", "", "|-0--2-3--|", "  1 2 3 4"},
         {"a metre that is stated", "3/4\n", "|-0---2---3---|-0-2-3-2-3-2-|", "  1   2   3     1 + 2 + 3 +"},
         {"so few beats that halves are counted", "2/4\n", "|-0---2---|-0-2-3-2-|", "  1 + 2 +   1 + 2 +"},
         {"more beats than digits", "12/8\n", "|-0-2-3-0-2-3-0-2-3-0-2-3-|", "  1 2 3 1 2 3 1 2 3 1 2 3"},
@@ -84,8 +86,11 @@ TEST(Grid, LeavesAlone) {
         {"notes on no grid", "\n", "|-0--2-----3----0----|"},
         {"triplets in a stated metre", "4/4\n\n", "|-0-2-3-0-2-3-0-2-3-0-2-3-|"},
         {"numbers of two digits that leave no room", "\n", "|-12-12-12--10-10-|"},
+        {"a note a bar, which shows no grid", "\n", "|-0---------------|-2---------------|"},
         {"five notes to a bar", "\n", "|-0-2-3-0-2-|"},
         {"a length that no letter says", "\n", "|-0---------2-3-0-2-3-0-2-|"},
+        {"one bar in sixths among others on no grid", "\n", "|-0-2-3-0-2-3-|-0--2-3--0-2|-3--2-3--2-2|"},
+        {"a metre whose beats cannot be counted", "1/4\n\n", "|-0---2---|"},
         {"a metre of nobody", "99/4\n\n", "|-0---2---3---0---|"},
     };
     for (const auto& row : rows) {

@@ -78,6 +78,11 @@ TEST(Parts, AreToldByLabelsAndPlaces) {
          "1234"},
         {"a part for bass after one for guitar, without a label",
          g1 + "\n" + g2 + "\n" + g3 + "\n" + b5 + "\n" + b6, "12356"},
+        {"a stave without label after one that plays alone, where others play together",
+         "Gtr I\n" + g1 + "Gtr II\n" + g2 + "\nGtr I\n" + g3 + "\n" + g4, "1234"},
+        {"too few pairs among staves of both sizes",
+         g1 + "\n" + b5 + "\n" + g2 + "\n" + b6 + "\n" + g3 + "\n" + g4 + "\n\n\n\n\n" + b5 + "\n" + b6,
+         "15263456"},
         {"words that begin like a label", "Guitar tabbed by me\n" + g1 + "\nBass line of the verse\n" + g2,
          "12"},
     };
