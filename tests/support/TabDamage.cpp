@@ -222,7 +222,16 @@ string WithRules(const string& tidy, Dice&) {
     });
 }
 
-// In columns of chords and of rhythms, blanks are no letters of strings.
+// A rule in the place of each blank line, where no symbols are.
+string WithRulesBetween(const string& tidy, Dice&) {
+    return EachLine(tidy, [](const Lines& lines, std::size_t at, Lines& changed) {
+        const bool isBetween =
+            at > 0 && at + 1 < lines.size() && lines[at].empty() && IsString(lines[at + 1]);
+        changed.push_back(isBetween ? string(40, '-') : lines[at]);
+    });
+}
+
+// From the highest string down.
 string WithNames(const string& tidy, string_view names) {
     return EachStave(tidy, [&](Lines& lines, std::size_t first, std::size_t end) {
         if (end - first == names.size())
@@ -304,6 +313,8 @@ constexpr std::array kDamages = std::to_array<TabDamage>({
     {"annotation", "\"PM---|\" right above each stave", "", true, nullptr, WithAnnotations},
     {"signature", "rules and hyphens of an e-mail", "", true, nullptr, WithSignature},
     {"rules", "a rule right above and below each stave", "", true, nullptr, WithRules},
+    {"rules between", "a rule in place of the blank line between staves", "", true, nullptr,
+     WithRulesBetween},
     {"tuning", "the tuning stated in words", "", true, InDadgad, WithTuningInProse},
     {"bends", "targets of bends and releases", "", true, nullptr, WithBends},
     {"small letters", "note lengths in small letters", "rhythm", true, nullptr, InSmallLetters},

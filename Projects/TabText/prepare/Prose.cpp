@@ -4,6 +4,7 @@
 #include "Projects/TabText/prepare/Steps.h"
 
 #include <algorithm>
+#include <set>
 
 namespace TabText {
 
@@ -64,7 +65,7 @@ private:
             Run block{line, line};
             while (block.End < run.End && IsStrings(block.End))
                 ++block.End;
-            LookAtEdges(block);
+            LookAtRules(block);
             Run words{block.End, block.End};
             while (words.End < run.End && !IsStrings(words.End))
                 ++words.End;
@@ -130,38 +131,69 @@ private:
         return start != std::string::npos && (text[start] == '|' || !At(line).Name.empty());
     }
 
-    // A rule above or below strings that all begin with a name or a stroke.
-    void LookAtEdges(Run block) {
-        while (block.First < block.End && IsRuleOf(block, block.First))
-            m_Prose.push_back(block.First++);
-        while (block.First < block.End && IsRuleOf(block, block.End - 1))
-            m_Prose.push_back(--block.End);
-    }
+    // What tells a rule beside strings from one of them.
+    struct Strings {
+        int Count = 0;
+        bool AreMarked = true;
+        // So many are not read that the rule may be why: it has so many hyphens that they seem to have few.
+        bool AreHidden = false;
+        std::set<std::size_t> Lengths;
+    };
 
-    // It was taken for a string, or keeps strings from being read: of hyphens alone it may have so many that
-    // the strings beside it seem to have few.
-    bool IsRuleOf(const Run& block, int rule) const {
-        const bool hidesStrings = CountUnread(block) >= kFewestStrings;
-        if (At(rule).Kind != LineKind::Dashes || (!m_Reading.IsStaveLine(rule) && !hidesStrings))
-            return false;
-        const int strings = CountKind(block, LineKind::String);
-        const bool isTooMany = block.End - block.First > kMostStrings;
-        int unnamed = 0;
-        bool hasLength = false;
+    Strings StringsOf(const Run& block) const {
+        Strings strings;
+        int unread = 0;
         for (int line = block.First; line < block.End; ++line) {
-            const bool isString = At(line).Kind == LineKind::String;
-            unnamed += isString && !StartsLikeAString(line) ? 1 : 0;
-            hasLength =
-                hasLength || (isString && m_Draft.GetLine(line).size() == m_Draft.GetLine(rule).size());
+            if (At(line).Kind != LineKind::String)
+                continue;
+            ++strings.Count;
+            strings.AreMarked = strings.AreMarked && StartsLikeAString(line);
+            strings.Lengths.insert(m_Draft.GetLine(line).size());
+            unread += m_Reading.IsStaveLine(line) ? 0 : 1;
         }
-        return unnamed == 0 && IsWholeStaves(strings) && (isTooMany || hidesStrings || !hasLength);
+        strings.AreHidden = unread >= kFewestStrings;
+        return strings;
     }
 
-    int CountUnread(const Run& block) const {
-        int count = 0;
+    // A rule above or below strings that all begin with a name or a stroke, and one between two staves.
+    void LookAtRules(Run block) {
+        const Strings strings = StringsOf(block);
+        while (block.First < block.End && IsRuleOf(strings, block, block.First))
+            m_Prose.push_back(block.First++);
+        while (block.First < block.End && IsRuleOf(strings, block, block.End - 1))
+            m_Prose.push_back(--block.End);
         for (int line = block.First; line < block.End; ++line)
-            count += At(line).Kind == LineKind::String && !m_Reading.IsStaveLine(line) ? 1 : 0;
-        return count;
+            if (At(line).Kind == LineKind::Dashes && IsBetweenStaves(block, line))
+                m_Prose.push_back(line);
+    }
+
+    // Whole staves stand right above the rule and right below it, whose strings begin with a name or a
+    // stroke.
+    bool IsBetweenStaves(const Run& block, int rule) const {
+        int first = rule;
+        while (first > block.First && IsMarkedString(first - 1))
+            --first;
+        int end = rule + 1;
+        while (end < block.End && IsMarkedString(end))
+            ++end;
+        if (!IsWholeStaves(rule - first) || !IsWholeStaves(end - rule - 1))
+            return false;
+        const bool isAsLong = m_Draft.GetLine(rule).size() == m_Draft.GetLine(rule - 1).size();
+        return !isAsLong || (rule - first) % kMostStrings == 0;
+    }
+
+    bool IsMarkedString(int line) const {
+        return At(line).Kind == LineKind::String && StartsLikeAString(line);
+    }
+
+    // It was taken for a string, or keeps strings from being read.
+    bool IsRuleOf(const Strings& strings, const Run& block, int rule) const {
+        if (At(rule).Kind != LineKind::Dashes || (!m_Reading.IsStaveLine(rule) && !strings.AreHidden))
+            return false;
+        const bool isTooMany = block.End - block.First > kMostStrings;
+        const bool hasLength = strings.Lengths.count(m_Draft.GetLine(rule).size()) > 0;
+        return strings.AreMarked && IsWholeStaves(strings.Count) &&
+               (isTooMany || strings.AreHidden || !hasLength);
     }
 
     Draft& m_Draft;

@@ -103,6 +103,8 @@ TEST(PreparationSteps, TellStavesFromTheirSurroundings) {
          "hyphens of words"},
         {"prose", "#" + std::string(30, '-') + "\n", "#" + std::string(30, '=') + "\n",
          "a rule read as a string"},
+        {"prose", "#" + std::string(30, '-') + "\n#", "#" + std::string(30, '=') + "\n#",
+         "one between staves"},
         {"prose", std::string(300, '-') + "\n#", std::string(300, '=') + "\n#", "one that hides the stave"},
         {"prose", "--------\n\n#", "--------\n\n#", "one that is in nobody's way"},
         {"prose", "|--0--2--|\n|--------|\n----------\n|--------|\n",
