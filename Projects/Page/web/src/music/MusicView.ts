@@ -18,6 +18,8 @@ interface Colours {
     accent: string;
 }
 
+const onPaper = { ink: '#000000', faint: '#555555' };
+
 /** The engraved score. Draws what it is given last, tells of clicks, and marks the notes that the text points at. */
 export class MusicView {
     /** Null until the library is loaded. */
@@ -77,7 +79,7 @@ export class MusicView {
         if (!this.api || !this.library || !result.files.musicxml) return;
 
         const score = readScore(this.library, result, this.staves);
-        dress(this.library, score);
+        dress(this.library, score, result, this.api.settings.display.resources);
         this.score = score;
         this.result = result;
         this.places = new NotePlaces(struckNotes(score), result.notes);
@@ -87,8 +89,13 @@ export class MusicView {
 
     showStaves(staves: Staves): void {
         this.staves = staves;
-        if (!this.score || !this.api) return;
+        if (!this.score || !this.api || !this.library) return;
         showStaves(this.score, staves);
+        // Without notes above it, the TAB shows how long they last.
+        const { Hidden, ShowWithBars } = this.library.TabRhythmMode;
+        this.api.settings.notation.rhythmMode =
+            staves === 'tab' && this.result?.json.rhythms ? ShowWithBars : Hidden;
+        this.api.updateSettings();
         this.api.renderScore(this.score);
     }
 
@@ -96,7 +103,7 @@ export class MusicView {
         if (!this.api) return;
         this.applyColours(this.api.settings, colours);
         this.api.updateSettings();
-        if (this.score) this.api.render();
+        if (this.result) this.show(this.result);
     }
 
     /** Marks the notes at a stretch of the text, and scrolls to the first of them. Tells how many these are. */
@@ -141,9 +148,17 @@ export class MusicView {
 
     /** Engraves the score for paper, black on white, in a window of its own, and has that printed. */
     print(): void {
-        const black = { r: 0, g: 0, b: 0 };
-        void black;
-        this.api?.print();
+        if (!this.api || !this.result) return;
+        const { ink, faint } = onPaper;
+        const resources = {
+            mainGlyphColor: ink,
+            scoreInfoColor: ink,
+            secondaryGlyphColor: ink,
+            staffLineColor: faint,
+            barSeparatorColor: faint,
+            barNumberColor: ink,
+        };
+        this.api.print(undefined, { display: { resources, scale: 0.9 } });
     }
 
     private placeOf(note: model.Note): NotePlace | null {

@@ -79,7 +79,10 @@ export class Player {
         this.beatsAMinute = beatsAMinute;
         for (const control of [this.play, this.stop, this.position, this.metronome, this.loop])
             control.disabled = !isEnabled;
-        if (!isEnabled) this.api?.stop();
+        if (!isEnabled) {
+            this.api?.stop();
+            this.time.textContent = '0:00 / 0:00';
+        }
         if (this.api?.playbackRange) this.setLoop(false);
         this.setTempo();
     }

@@ -1,4 +1,4 @@
-import type { model } from '@coderline/alphatab';
+import type { model, RenderingResources } from '@coderline/alphatab';
 import type { Result } from 'fretline';
 import type { Library } from './library';
 
@@ -19,17 +19,48 @@ export function readScore(library: Library, { files, json }: Result, staves: Sta
     showStaves(score, staves);
     for (const staff of stavesOf(score)) staff.displayTranspositionPitch = octaveBelow;
     if (!json.rhythms) for (const bar of score.masterBars) bar.isAnacrusis = true;
-    score.title ||= String(json.heading?.title ?? '');
+    score.title ||= String(json.heading?.title ?? json.title ?? '');
     score.artist ||= String(json.heading?.artist ?? '');
     return score;
 }
 
 /** Makes a score look as the page wants it; what is exported stays without this. */
-export function dress(library: Library, score: model.Score): void {
+/** The colours are those of the resources. */
+export function dress(
+    library: Library,
+    score: model.Score,
+    { json }: Result,
+    resources: RenderingResources,
+): void {
     labelsAsTexts(score);
+    if (!json.rhythms) hideTimeSignatures(library, score, resources);
+    // The name of a file is no heading.
+    if (!json.heading?.title) score.title = '';
     // One instrument needs neither a brace nor its name at each line.
     score.stylesheet.bracketExtendMode = library.model.BracketExtendMode.NoBrackets;
     score.stylesheet.singleTrackTrackNamePolicy = library.model.TrackNamePolicy.Hidden;
+}
+
+/** Where no rhythms were read, bars have no metre; the library draws one all the same. */
+function hideTimeSignatures({ model }: Library, score: model.Score, resources: RenderingResources): void {
+    const element = model.BarSubElement;
+    const nothing = new model.Color(0, 0, 0, 0);
+    // A bar with a style of its own has the resources' colours for none of its parts.
+    const colours: [model.BarSubElement, model.Color][] = [
+        [element.StandardNotationTimeSignature, nothing],
+        [element.GuitarTabsTimeSignature, nothing],
+        [element.StandardNotationStaffLine, resources.staffLineColor],
+        [element.GuitarTabsStaffLine, resources.staffLineColor],
+        [element.StandardNotationBarLines, resources.barSeparatorColor],
+        [element.GuitarTabsBarLines, resources.barSeparatorColor],
+        [element.StandardNotationBarNumber, resources.barNumberColor],
+        [element.GuitarTabsBarNumber, resources.barNumberColor],
+    ];
+
+    for (const bar of stavesOf(score).flatMap((staff) => staff.bars)) {
+        bar.style ??= new model.BarStyle();
+        for (const [part, colour] of colours) bar.style.colors.set(part, colour);
+    }
 }
 
 /**

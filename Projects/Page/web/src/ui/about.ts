@@ -23,7 +23,11 @@ export function openAbout(): void {
     const dialog = byId<HTMLDialogElement>('about');
     const version = dialog.dataset.version;
     dialog.replaceChildren(
-        make('h2', { id: 'about-heading' }, version ? `Fretline ${version}` : 'Fretline'),
+        make(
+            'h2',
+            { id: 'about-heading', tabIndex: -1, autofocus: true },
+            version ? `Fretline ${version}` : 'Fretline',
+        ),
         make(
             'p',
             {},
