@@ -58,6 +58,7 @@ export class MusicView {
         settings.player.scrollOffsetY = -24;
         settings.player.scrollMode = library.ScrollMode.Continuous;
         settings.display.padding = [12, 20];
+        settings.display.effectBandPaddingBottom = 5;
         settings.notation.rhythmMode = library.TabRhythmMode.Hidden;
         // Said beside the summary instead.
         settings.notation.elements.set(library.NotationElement.GuitarTuning, false);

@@ -8,7 +8,8 @@ import { expect } from 'vitest';
 import { preview, type PreviewServer } from 'vite';
 
 const root = resolve(fileURLToPath(new URL('.', import.meta.url)), '../../../../..');
-const built = join(root, 'build/page');
+/** What the build made. */
+export const builtFolder = join(root, 'build/page');
 const host = process.env.FRETLINE_HOST ?? join(root, 'build/release/Projects/ReferenceHost/fretline-host');
 
 export const example = (name: string): string => join(root, 'examples', name);
@@ -35,8 +36,8 @@ let browser: Browser;
 export async function openBrowser(): Promise<void> {
     server = await preview({
         configFile: false,
-        root: built,
-        build: { outDir: built },
+        root: builtFolder,
+        build: { outDir: builtFolder },
         preview: { host: '127.0.0.1', port: 4300 },
         logLevel: 'error',
     });
@@ -67,6 +68,12 @@ export class Person {
 
     /** Opens the page in a browser of its own, and waits for the first music. */
     static async open(options: BrowserContextOptions = {}, fragment = ''): Promise<Person> {
+        const person = await Person.openWithoutWaiting(options, fragment);
+        await person.seesMusic();
+        return person;
+    }
+
+    static async openWithoutWaiting(options: BrowserContextOptions = {}, fragment = ''): Promise<Person> {
         const context = await browser.newContext({
             viewport: { width: 1440, height: 900 },
             serviceWorkers: 'block',
@@ -76,7 +83,6 @@ export class Person {
         });
         const person = new Person(await context.newPage());
         await person.page.goto(Person.address + fragment);
-        await person.seesMusic();
         return person;
     }
 
@@ -133,7 +139,10 @@ export class Person {
 
     async opensExample(title: string): Promise<void> {
         await this.page.getByRole('button', { name: 'Examples' }).click();
-        await this.page.getByRole('button', { name: title }).click();
+        const button = this.page.locator('#examples .panel button').filter({ hasText: title });
+        const file = (await button.locator('small').textContent())!;
+        await button.click();
+        await expect.poll(() => this.page.inputValue('#name')).toBe(file);
     }
 
     async downloads(kind: string): Promise<{ name: string; bytes: Buffer }> {
