@@ -151,7 +151,7 @@ Answer PageConverter::Convert(const Request& request, std::string_view text,
     if (opened.Conversion)
         TellConversion(request, *opened.Conversion, answer);
     else
-        answer.AddBlock(kJsonBlock, Formats::RefusalJson(request.Name, opened.Reason));
+        answer.AddBlock(kJsonBlock, Formats::RefusalJson(request.Name, {}, opened.Reason));
     return answer;
 }
 
