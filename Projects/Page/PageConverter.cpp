@@ -165,7 +165,9 @@ Answer Describe() {
                            {"isText", format.IsText}});
     Json steps = Json::array();
     for (const TabText::PreparationStep& step : TabText::AllPreparationSteps())
-        steps.push_back({{"name", step.Name}, {"does", step.Does}, {"isOnByDefault", step.IsOnByDefault}});
+        if (Request::IsStepOfOneText(step))
+            steps.push_back(
+                {{"name", step.Name}, {"does", step.Does}, {"isOnByDefault", step.IsOnByDefault}});
     Json kinds = Json::array();
     for (const Explain::RecognisedName& kind : Explain::AllRecognised())
         kinds.push_back({{"id", kind.Id}, {"name", kind.Name}, {"sign", std::string(1, kind.Sign)}});

@@ -56,7 +56,16 @@ bool FindAll(const Row* (*find)(std::string_view), const Json& json, const char*
     return true;
 }
 
+const TabText::PreparationStep* FindStep(std::string_view name) {
+    const TabText::PreparationStep* step = TabText::FindPreparationStep(name);
+    return step != nullptr && Request::IsStepOfOneText(*step) ? step : nullptr;
+}
+
 } // namespace
+
+bool Request::IsStepOfOneText(const TabText::PreparationStep& step) {
+    return std::string_view(step.Name) != "parts";
+}
 
 std::optional<Request> Request::Parse(std::string_view text, std::string& why) {
     const Json json = Json::parse(text, nullptr, false);
@@ -68,7 +77,7 @@ std::optional<Request> Request::Parse(std::string_view text, std::string& why) {
     request.Name = json.value("name", std::string());
     if (Find(kRhythms, json, "rhythms", request.RhythmLevel, why) &&
         Find(kLayouts, json, "layout", request.Layout, why) &&
-        FindAll(TabText::FindPreparationStep, json, "prepare", request.Steps, why) &&
+        FindAll(FindStep, json, "prepare", request.Steps, why) &&
         FindAll(Formats::FindFormat, json, "formats", request.Formats, why))
         return request;
     return std::nullopt;

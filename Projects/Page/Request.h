@@ -13,6 +13,9 @@ namespace Page {
 
 /// What is asked of one text.
 struct Request {
+    /// False for a step that gives several texts: an answer is about one.
+    static bool IsStepOfOneText(const TabText::PreparationStep& step);
+
     /// What the text is called, with or without folder and extension.
     std::string Name;
     /// As Fretline::FretlineOptions keeps it.
