@@ -5,6 +5,15 @@ import { basename, join, resolve } from 'node:path';
 
 const [packagePath, folder, formatList, ...runs] = process.argv.slice(2);
 const { default: load } = await import(resolve(packagePath));
+
+// The memory of the module, which it keeps to itself.
+let memory;
+const { instantiate } = WebAssembly;
+WebAssembly.instantiate = async (...given) => {
+  const made = await instantiate(...given);
+  memory = Object.values(made.instance.exports).find((value) => value instanceof WebAssembly.Memory);
+  return made;
+};
 const fretline = await load();
 const formats = formatList.split(',');
 const steps = fretline.steps.filter((step) => step.isOnByDefault).map((step) => step.name);
@@ -46,13 +55,19 @@ function expectFiles(tab, run, result) {
   expectSame(`${tab}, ${run}, jsonText`, Buffer.from(`${result.jsonText}\n`), Buffer.from(result.files.json));
 }
 
-for (const run of runs) {
+function compareRun(run) {
   const lines = readFileSync(join(folder, `${run}.lines`), 'utf8').split('\n').filter(Boolean);
   if (lines.length !== tabs.length) throw new Error(`${lines.length} lines of ${tabs.length} tabs in the run ${run}`);
   tabs.forEach((tab, index) => compare(tab, run, lines[index]));
 }
+
+runs.forEach(compareRun);
+const size = memory.buffer.byteLength;
+// Conversions leave nothing behind.
+runs.slice(0, 2).forEach(compareRun);
+const grown = memory.buffer.byteLength - size;
 console.log(
   `${tabs.length} tabs, ${runs.length} runs: ${counts.taken} taken, ${counts.refused} refused, ${counts.files} files ` +
-    `compared, ${counts.notes} notes placed, ${counts.different} different`,
+    `compared, ${counts.notes} notes placed, ${counts.different} different; memory ${size} bytes, ${grown} more after two runs more`,
 );
-process.exit(counts.different > 0 || counts.taken < tabs.length || counts.refused === 0 || counts.notes === 0 ? 1 : 0);
+process.exit(counts.different > 0 || grown > 0 || counts.taken < tabs.length || counts.refused === 0 || counts.notes === 0 ? 1 : 0);
