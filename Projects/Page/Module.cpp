@@ -9,7 +9,6 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <new>
 
 extern "C" {
 
@@ -87,8 +86,9 @@ char* InMemory(const Answer& answer) {
 char* FretlineConvert(const char* request, std::size_t requestSize, const char* text, std::size_t textSize) {
     try {
         return Page::InMemory(Page::Convert({request, requestSize}, {text, textSize}));
-    } catch (const std::bad_alloc&) {
-        // What was taken is free again; the answer is small.
+    } catch (...) {
+        // A failed allocation is all that is thrown, in more than one shape. What was taken is free again, and
+        // the answer is small.
         Page::Answer answer;
         answer.Object["failure"] = "there is not enough memory for it";
         return Page::InMemory(answer);
