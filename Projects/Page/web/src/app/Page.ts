@@ -25,6 +25,8 @@ type Rhythms = NonNullable<Options['rhythms']>;
 /** So long after the last key the text is read. */
 const typingPauseMilliseconds = 120;
 const addressPauseMilliseconds = 500;
+/** Scores with more bars take the page seconds to draw. */
+const mostBarsDrawn = 2000;
 /** Longer texts give no link that could be used. */
 const longestShared = 400_000;
 
@@ -49,6 +51,8 @@ export class Page {
     private revision = 0;
     private shown: Result | null = null;
     private waitsForMusic: Result | null = null;
+    /** More only after somebody has said so, for this text. */
+    private barsDrawnUnasked = mostBarsDrawn;
 
     constructor(private readonly reader: Reader) {
         this.editor = new Editor(byId('editor'), 'Tab text', {
@@ -109,10 +113,10 @@ export class Page {
         // The size comes first: a film is not read into memory to be refused.
         const head = new Uint8Array(await file.slice(0, 4096).arrayBuffer());
         const refusal = whyNotOpened(file.name, head, file.size);
-        if (refusal) return this.status.refuse(refusal);
+        if (refusal) return this.status.complain(refusal);
         const bytes = new Uint8Array(await file.arrayBuffer());
         const late = whyNotOpened(file.name, bytes, file.size);
-        if (late) return this.status.refuse(late);
+        if (late) return this.status.complain(late);
         const { text, encoding } = decode(bytes);
         this.setText(withLineFeeds(text), file.name, encoding, lineEndOf(text));
     }
@@ -146,7 +150,7 @@ export class Page {
             if (!taken || !bytes) this.status.say('There is no score to download: the text was not taken.');
             else download(nameWith(this.fileName, extension), bytes);
         } catch (error) {
-            this.status.refuse(messageOf(error));
+            this.status.complain(messageOf(error));
         }
     }
 
@@ -206,6 +210,7 @@ export class Page {
     private setText(text: string, name: string, encoding: Encoding, lineEnd: LineEnd): void {
         this.encoding = encoding;
         this.lineEnd = lineEnd;
+        this.barsDrawnUnasked = mostBarsDrawn;
         this.name.value = name;
         this.editor.replaceText(text);
         this.readSoon(0);
@@ -280,6 +285,20 @@ export class Page {
     private showMusic(result: Result): void {
         this.waitsForMusic = this.music.api ? null : result;
         if (!this.music.api) return;
+        const bars = result.json.barCount as number;
+        if (bars > this.barsDrawnUnasked) {
+            this.player.setEnabled(false);
+            return this.status.hold(
+                `The score has ${bars} bars. The page stands still for a while as it draws them.`,
+                {
+                    text: 'Draw it',
+                    action: () => {
+                        this.barsDrawnUnasked = Infinity;
+                        this.readSoon(0);
+                    },
+                },
+            );
+        }
         this.music.show(result);
         this.player.setEnabled(true, this.music.tempo);
         this.cursorMoved();

@@ -1,4 +1,10 @@
-import { byId, makeButton } from './elements';
+import { byId, make, makeButton } from './elements';
+
+/** Something to do about a problem. */
+export interface Offer {
+    text: string;
+    action(): void;
+}
 
 /** Shorter waits are not worth a word. */
 const quietMilliseconds = 500;
@@ -48,14 +54,23 @@ export class Status {
     }
 
     /** Nothing is shown, for a reason, and maybe with something to do about it. */
-    refuse(sentence: string, offer?: { text: string; action: () => void }): void {
+    refuse(sentence: string, offer?: Offer): void {
         this.end();
         this.setSummary('');
         this.instrument.textContent = '';
-        this.problem.replaceChildren(Object.assign(document.createElement('p'), { textContent: sentence }));
-        if (offer) this.problem.append(makeButton(offer.text, offer.action));
-        this.problem.hidden = false;
+        this.showProblem(sentence, offer);
         this.pane.dataset.state = 'empty';
+    }
+
+    /** The text was taken, and its score is drawn only when somebody wants it. */
+    hold(sentence: string, offer: Offer): void {
+        this.showProblem(sentence, offer);
+        this.pane.dataset.state = 'held';
+    }
+
+    /** Something else went wrong; text and score stay. */
+    complain(sentence: string): void {
+        this.showProblem(sentence);
     }
 
     cancelled(): void {
@@ -69,6 +84,12 @@ export class Status {
     /** A word in passing; the score stays. */
     say(words: string): void {
         this.setSummary(words);
+    }
+
+    private showProblem(sentence: string, offer?: Offer): void {
+        this.problem.replaceChildren(make('p', {}, sentence));
+        if (offer) this.problem.append(makeButton(offer.text, offer.action));
+        this.problem.hidden = false;
     }
 
     // Said again only when it is something else: a screen reader would repeat it at every key.

@@ -47,6 +47,11 @@ export function openAbout(): void {
                 make('li', {}, `${name} (${licence}): ${purpose}`),
             ),
         ),
+        make(
+            'p',
+            {},
+            make('a', { href: './licences.txt', target: '_blank', rel: 'noopener' }, 'All licences'),
+        ),
         makeButton('Close', () => dialog.close(), 'primary'),
     );
     dialog.showModal();

@@ -89,6 +89,7 @@ describe('somebody with a tab', () => {
         await person.drops(name, bytes);
         await person.isTold(told);
         expect(await person.visibleText()).toContain('When the Saints');
+        expect(await person.page.isVisible('#score svg >> nth=0')).toBe(true);
         await person.leave();
     });
 
@@ -99,6 +100,18 @@ describe('somebody with a tab', () => {
         await person.reads('Cancelled');
         await person.pastes(smallTab);
         await person.reads('2 bars, 5 notes');
+        await person.leave();
+    });
+
+    it('is asked before a book is drawn, and has its downloads without that', async () => {
+        const person = await Person.open();
+        await person.drops('book.tab', Buffer.from(`${smallTab}\n\n`.repeat(1100)));
+        await person.isTold('The score has 2200 bars.');
+        expect(await person.page.textContent('#summary')).toMatch(/^2200 bars, 5500 notes/);
+        expect((await person.downloads('MIDI')).bytes.subarray(0, 4).toString()).toBe('MThd');
+        await person.page.getByRole('button', { name: 'Draw it' }).click();
+        await person.seesMusic();
+        expect(await person.page.isVisible('#problem')).toBe(false);
         await person.leave();
     });
 
