@@ -87,8 +87,8 @@ char* FretlineConvert(const char* request, std::size_t requestSize, const char* 
     try {
         return Page::InMemory(Page::Convert({request, requestSize}, {text, textSize}));
     } catch (...) {
-        // A failed allocation is all that is thrown, in more than one shape. What was taken is free again, and
-        // the answer is small.
+        // A failed allocation is all that is thrown, in more than one shape. What was taken is free again,
+        // and the answer is small.
         Page::Answer answer;
         answer.Object["failure"] = "there is not enough memory for it";
         return Page::InMemory(answer);
