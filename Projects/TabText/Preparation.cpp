@@ -47,8 +47,8 @@ constexpr std::array kSteps = std::to_array<PreparationStep>({
      "Small letters for note lengths to large ones; strokes and fingers that would be counted as beats "
      "blanked; a barline where counts begin anew",
      false, RunRhythm},
-    {"grid", "A rhythm line in a blank line above staves whose notes stand at equal distances", false,
-     RunGrid},
+    {"grid", "A rhythm line above staves whose notes stand at equal distances, where a line there has room",
+     false, RunGrid},
 });
 
 // As often as steps may find something in what others made before they have to be at rest.

@@ -1,15 +1,16 @@
 // Rhythm lines over staves that show their rhythm by the distances of the notes alone.
 
 #include "Projects/Fretline/stave/TabBar.h"
-#include "Projects/Fretline/text/TabChars.h"
+#include "Projects/Fretline/text/RiffLabel.h"
+#include "Projects/Fretline/text/TabFile.h"
+#include "Projects/Fretline/text/TabStave.h"
 #include "Projects/TabText/prepare/Draft.h"
 #include "Projects/TabText/prepare/DraftReading.h"
-#include "Projects/TabText/prepare/GridMetre.h"
 #include "Projects/TabText/prepare/Steps.h"
+#include "Projects/TabText/prepare/TextGrid.h"
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <set>
 
@@ -21,56 +22,7 @@ using Fretline::RhythmLineKind;
 using Fretline::TabBar;
 using Fretline::TabStave;
 
-constexpr std::array kAllSlotCounts{4, 8, 16, 6, 12, 24};
-// A bar with fewer of them fits more than one grid.
-constexpr std::size_t kFewestOnsetsThatTell = 4;
-
-// A column of a bar in which something stands that satisfies the test.
-template <typename Test>
-bool HasInColumn(const TabBar& bar, int column, Test test) {
-    for (int line = bar.GetFirstLine(); line < bar.GetFirstLine() + bar.GetLineCount(); ++line)
-        if (test(bar.GetFile().GetChar(line, bar.GetStartColumn() + column)))
-            return true;
-    return false;
-}
-
-bool IsDrawn(char c) {
-    return Fretline::IsDash(c) || Fretline::IsFretChar(c);
-}
-
-bool IsRepeatDot(char c) {
-    return c == ':' || c == '*' || c == 'o' || c == 'O';
-}
-
-BarSpacing SpacingOf(const TabBar& bar) {
-    BarSpacing spacing{0, bar.GetWidth(), {}};
-    while (spacing.First < spacing.End && !HasInColumn(bar, spacing.First, IsDrawn))
-        ++spacing.First;
-    while (spacing.End > spacing.First && !HasInColumn(bar, spacing.End - 1, IsDrawn))
-        --spacing.End;
-    for (const auto& [key, column] : bar.GetColumns())
-        spacing.Onsets.push_back({key, column->m_Width});
-    return spacing;
-}
-
-// The bar without the dots of a repetition, which some write in place of a dash and some besides the dashes.
-BarSpacing WithoutDots(const TabBar& bar, BarSpacing spacing, bool atStart, bool atEnd) {
-    if (atStart && HasInColumn(bar, spacing.First, IsRepeatDot))
-        ++spacing.First;
-    if (atEnd && HasInColumn(bar, spacing.End - 1, IsRepeatDot))
-        --spacing.End;
-    return spacing;
-}
-
-// The rhythm of a bar, and the line over it that says so.
-struct PlannedBar {
-    int Length = 0;
-    /// When each column of the bar is to sound.
-    std::vector<int> Times;
-    std::vector<RhythmSign> Signs;
-};
-
-// One line of the text, which is blank, and the bars that it is to give their rhythm.
+// One line of the text, and the bars that it is to give their rhythm.
 struct RhythmPlan {
     int Line = 0;
     std::vector<const TabBar*> Bars;
@@ -78,12 +30,15 @@ struct RhythmPlan {
 
 class GridPlanner {
 public:
-    explicit GridPlanner(Draft& draft) : m_Draft(draft), m_Reading(draft) { m_Reading.ReadBars(); }
+    explicit GridPlanner(Draft& draft) : m_Draft(draft), m_Reading(draft) {
+        m_Reading.ReadBars();
+        for (const auto& label : m_Reading.GetAnalysis().GetLabels())
+            m_LabelLines.insert(label->m_Line);
+        for (const auto& signature : m_Reading.GetAnalysis().GetTimeSignatures())
+            m_LabelLines.insert(signature->m_Line);
+    }
 
     void Run() {
-        if (GetBars().empty())
-            return;
-        Measure();
         PlanStaves();
         // Signs that are not read as they are meant go, and what else they had an effect on is looked at
         // again.
@@ -96,168 +51,74 @@ public:
     }
 
 private:
-    void Measure() {
-        bool hasSignature = false;
-        std::vector<int> widths;
-        for (const TabBar* bar : GetBars()) {
-            widths.push_back(SpacingOf(*bar).GetWidth());
-            hasSignature = hasSignature || bar->GetTimeSignature() != nullptr;
-        }
-        const auto middle = widths.begin() + static_cast<std::ptrdiff_t>(widths.size() / 2);
-        std::nth_element(widths.begin(), middle, widths.end());
-        m_UsualWidth = *middle;
-        m_Padding = UsualPadding();
-        if (!hasSignature)
-            LookForCompoundMetre();
-        for (const TabBar* bar : GetBars())
-            NoteWidth(*bar);
-    }
-
     const std::vector<TabBar*>& GetBars() const { return m_Reading.GetAnalysis().GetReadableBars(); }
 
-    // As many columns as most bars leave free before their first note, or before a grid that fits them.
-    int UsualPadding() const {
-        constexpr int kMost = 3;
-        std::array<int, kMost + 1> votes{};
-        for (const TabBar* bar : GetBars()) {
-            const BarSpacing spacing = WithoutDots(*bar, SpacingOf(*bar), true, true);
-            const int first = spacing.Onsets.empty() ? -1 : spacing.Onsets.front().Column - spacing.First;
-            for (int padding = 0; padding <= std::min(first, kMost); ++padding) {
-                int& count = votes[static_cast<std::size_t>(padding)];
-                count += padding == first ? 1 : 0;
-                const std::optional<BarGrid> grid = FindGrid(spacing, kAllSlotCounts, padding);
-                count += grid && grid->IsExact && grid->Step > 1 && spacing.Onsets.size() > 1 ? 1 : 0;
-            }
-        }
-        return static_cast<int>(std::max_element(votes.begin(), votes.end()) - votes.begin());
-    }
-
-    // Bars of one width have one grid, also those with too few notes to show it.
-    void NoteWidth(const TabBar& bar) {
-        const std::optional<GridMetre> metre = MetreOf(bar);
-        const std::optional<BarGrid> grid =
-            metre ? GridOf(bar, metre->GetSlotCounts()) : std::optional<BarGrid>();
-        if (grid && !grid->IsExact && grid->WideColumns.empty())
-            m_GridWidths.emplace(SpacingOf(bar).GetWidth(), grid->GetWidth());
-    }
-
-    std::optional<GridMetre> MetreOf(const TabBar& bar) const {
-        return m_Compound ? m_Compound : GridMetre::Stated(bar.GetTimeSignature());
-    }
-
-    // Without a time signature most bars have to show that they are cut into threes.
-    void LookForCompoundMetre() {
-        constexpr int kFactor = 3;
-        int judgedBars = 0;
-        int evenBars = 0;
-        std::map<int, int> barsOfSlots;
-        int unevenBars = 0;
-        for (const TabBar* bar : GetBars()) {
-            if (bar->GetColumns().size() < kFewestOnsetsThatTell)
-                continue;
-            ++judgedBars;
-            const std::optional<BarGrid> even = GridOf(*bar, std::array{4, 8, 16});
-            const std::optional<BarGrid> uneven = GridOf(*bar, std::array{6, 12, 24});
-            if (even && !uneven)
-                ++evenBars;
-            if (uneven && !even) {
-                ++unevenBars;
-                ++barsOfSlots[uneven->Slots];
-            }
-        }
-        if (unevenBars <= kFactor * evenBars || 2 * unevenBars <= judgedBars)
-            return;
-        const auto most = std::max_element(barsOfSlots.begin(), barsOfSlots.end(),
-                                           [](const auto& a, const auto& b) { return a.second < b.second; });
-        m_Compound = GridMetre::Compound(most->first);
-    }
-
-    std::optional<BarGrid> GridOf(const TabBar& bar, std::span<const int> slotCounts) const {
-        const BarSpacing spacing = SpacingOf(bar);
-        for (const auto& [atStart, atEnd] :
-             {std::pair(true, true), {false, false}, {true, false}, {false, true}})
-            if (std::optional<BarGrid> grid =
-                    FindGrid(WithoutDots(bar, spacing, atStart, atEnd), slotCounts, m_Padding))
-                return grid;
-        const auto known = m_GridWidths.find(spacing.GetWidth());
-        if (known == m_GridWidths.end())
-            return std::nullopt;
-        return FindGridOfWidth(spacing, slotCounts, m_Padding, known->second);
-    }
-
     void PlanStaves() {
+        const TextGrid grid(GetBars());
         auto bar = GetBars().begin();
         const auto end = GetBars().end();
         for (const std::unique_ptr<TabStave>& stave : m_Reading.GetStaves()) {
             const auto first = bar;
             bar = std::find_if(
                 first, end, [&](const TabBar* next) { return next->GetFirstLine() >= stave->GetEndLine(); });
-            PlanStave(*stave, std::span<TabBar* const>(GetBars()).subspan(
-                                  static_cast<std::size_t>(first - GetBars().begin()),
-                                  static_cast<std::size_t>(bar - first)));
+            PlanStave(grid, *stave,
+                      std::span<TabBar* const>(GetBars()).subspan(
+                          static_cast<std::size_t>(first - GetBars().begin()),
+                          static_cast<std::size_t>(bar - first)));
         }
     }
 
-    void PlanStave(const TabStave& stave, std::span<TabBar* const> bars) {
+    void PlanStave(const TextGrid& grid, const TabStave& stave, std::span<TabBar* const> bars) {
         const bool hasRhythm = std::any_of(bars.begin(), bars.end(), [](const TabBar* bar) {
             return bar->GetRhythmLine().m_Kind != RhythmLineKind::None;
         });
         if (hasRhythm)
             return;
-        RhythmPlan plan{FreeLineAbove(stave), {}};
+        const int line = FreeLineAbove(stave);
+        RhythmPlan plan{line, {}};
         bool showsGrid = false;
         for (const TabBar* bar : bars)
-            if (std::optional<PlannedBar> planned = PlanBar(*bar)) {
-                showsGrid = showsGrid || planned->Times.size() > 1;
-                plan.Bars.push_back(bar);
-                m_Wanted.emplace(bar, std::move(*planned));
+            if (std::optional<BarRhythm> rhythm = grid.RhythmOf(*bar)) {
+                if (line >= 0 && HasRoom(line, *bar)) {
+                    showsGrid = showsGrid || rhythm->Times.size() > 1;
+                    plan.Bars.push_back(bar);
+                }
+                m_Wanted.emplace(bar, std::move(*rhythm));
             }
-        if (showsGrid && plan.Line >= 0)
+        if (showsGrid)
             m_Plan.push_back(std::move(plan));
     }
 
-    bool IsBlank(int line) const {
-        const std::string& text = m_Draft.GetLine(line);
-        return std::all_of(text.begin(), text.end(), Nvr::Ascii::IsSpace);
+    bool IsBlank(int line, std::size_t first = 0, std::size_t end = std::string::npos) const {
+        const std::string_view text = m_Draft.GetLine(line);
+        const std::string_view part = text.substr(std::min(first, text.size()), end - first);
+        return std::all_of(part.begin(), part.end(), Nvr::Ascii::IsSpace);
     }
 
-    // The plug-in looks for a rhythm in the two lines above a stave. -1 when none of them is free.
+    // The plug-in looks for a rhythm in the two lines above a stave: a blank one, or one that has a label or
+    // a time signature and room for more. -1 when there is none.
     int FreeLineAbove(const TabStave& stave) const {
+        int withLabel = -1;
         for (const int line : {stave.GetFirstLine() - 1, stave.GetFirstLine() - 2}) {
             if (line < 0 || m_Reading.IsStaveLine(line))
-                return -1;
+                break;
             if (IsBlank(line))
                 return line;
+            if (withLabel < 0 && m_LabelLines.contains(line))
+                withLabel = line;
         }
-        return -1;
+        return withLabel;
     }
 
-    // A narrow bar with few notes is no full one.
-    bool MayBePickup(const TabBar& bar) const {
-        constexpr int kPercentOfUsualWidth = 60;
-        return bar.GetColumns().size() < kFewestOnsetsThatTell &&
-               SpacingOf(bar).GetWidth() * 100 < m_UsualWidth * kPercentOfUsualWidth;
-    }
-
-    std::optional<PlannedBar> PlanBar(const TabBar& bar) const {
-        if (MayBePickup(bar))
-            return std::nullopt;
-        const std::optional<GridMetre> metre = MetreOf(bar);
-        if (!metre)
-            return std::nullopt;
-        const std::optional<BarGrid> grid = GridOf(bar, metre->GetSlotCounts());
-        if (!grid)
-            return std::nullopt;
-        PlannedBar planned{metre->GetLength(), {}, metre->SignsOf(SpacingOf(bar), *grid)};
-        if (planned.Signs.empty())
-            return std::nullopt;
-        for (const auto& [key, column] : bar.GetColumns())
-            planned.Times.push_back(metre->TimeOf(grid->SlotOf(key), grid->Slots));
-        return planned;
+    // A label reaches over single blanks.
+    bool HasRoom(int line, const TabBar& bar) const {
+        constexpr int kBlanksAfterLabel = 3;
+        return IsBlank(line, static_cast<std::size_t>(std::max(bar.GetStartColumn() - kBlanksAfterLabel, 0)),
+                       static_cast<std::size_t>(bar.GetStartColumn() + bar.GetWidth()));
     }
 
     std::string TextOf(const RhythmPlan& plan) const {
-        std::string text;
+        std::string text = IsBlank(plan.Line) ? std::string() : m_Draft.GetLine(plan.Line);
         for (const TabBar* bar : plan.Bars)
             for (const RhythmSign& sign : m_Wanted.at(bar).Signs) {
                 const auto column = static_cast<std::size_t>(bar->GetStartColumn() + sign.Column);
@@ -297,6 +158,10 @@ private:
             m_Plan.clear();
             return false;
         }
+        if (!HasSameLabels(after)) {
+            std::erase_if(m_Plan, [&](const RhythmPlan& plan) { return !IsBlank(plan.Line); });
+            return false;
+        }
         std::set<const TabBar*> planned;
         for (const RhythmPlan& plan : m_Plan)
             planned.insert(plan.Bars.begin(), plan.Bars.end());
@@ -319,7 +184,17 @@ private:
         return dropped.empty();
     }
 
-    static bool IsReadAs(const PlannedBar& planned, const TabBar& bar) {
+    bool HasSameLabels(const DraftReading& after) const {
+        const auto& labels = m_Reading.GetAnalysis().GetLabels();
+        const auto& labelsAfter = after.GetAnalysis().GetLabels();
+        return std::equal(labels.begin(), labels.end(), labelsAfter.begin(), labelsAfter.end(),
+                          [](const auto& a, const auto& b) {
+                              return a->m_Line == b->m_Line && a->m_StartColumn == b->m_StartColumn &&
+                                     a->m_EndColumn == b->m_EndColumn;
+                          });
+    }
+
+    static bool IsReadAs(const BarRhythm& planned, const TabBar& bar) {
         return bar.GetRhythmLine().m_Kind != RhythmLineKind::None && bar.GetBarLength() == planned.Length &&
                std::equal(planned.Times.begin(), planned.Times.end(), bar.GetColumns().begin(),
                           bar.GetColumns().end(),
@@ -342,13 +217,9 @@ private:
 
     Draft& m_Draft;
     DraftReading m_Reading;
-    int m_UsualWidth = 0;
-    int m_Padding = 0;
-    /// The width of the grid in bars of a width in which it does not end where they do.
-    std::map<int, int> m_GridWidths;
-    std::optional<GridMetre> m_Compound;
+    std::set<int> m_LabelLines;
     /// Of every bar that shows one, also where no line is free.
-    std::map<const TabBar*, PlannedBar> m_Wanted;
+    std::map<const TabBar*, BarRhythm> m_Wanted;
     std::vector<RhythmPlan> m_Plan;
 };
 

@@ -110,6 +110,29 @@ TEST(Grid, SharesALineWithTheStaveAboveOnlyWhereItFits) {
     EXPECT_EQ(chords + other + "\n\n" + counts + even, WithGrid(chords + other + "\n\n\n" + even));
 }
 
+TEST(Grid, SharesTheLineOfALabelWhereThatHasRoom) {
+    const struct {
+        const char* Why;
+        const char* Line;
+        const char* Prepared;
+    } rows[] = {
+        {"over the first bar", "  Chorus", "  Chorus            1   2   3   4"},
+        {"a time signature", " 4/4", " 4/4                1   2   3   4"},
+        {"over the last bar", "                    Solo", "  1   2   3   4     Solo"},
+        {"to the end of the first bar", "  Chorus, loud and fast", "  Chorus, loud and fast"},
+        {"too close before the second bar", "          Chorus 2", "          Chorus 2"},
+        {"words that are no label", "  softly", "  softly"},
+    };
+    const std::string chords = "  C                 G\n";
+    const std::string stave = BassStave("|-0---2---3---0---|-3---2---0---0---|");
+    for (const auto& row : rows)
+        EXPECT_EQ(row.Prepared + ("\n" + chords) + stave, WithGrid(row.Line + ("\n" + chords) + stave))
+            << row.Why;
+    const std::string before =
+        "                  Solo\n" + chords + BassStave("|---0---2---3---0|---3---2---0---0|");
+    EXPECT_EQ(before, WithGrid(before)) << "the label would take in the count right before it";
+}
+
 TEST(Grid, KeepsLineEndsAndPlaces) {
     const std::string stave = Repeat("|---------|\r\n", 3) + "|-0-2-3-0-|";
     const auto* grid = TabText::FindPreparationStep("grid");
