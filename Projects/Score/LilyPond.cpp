@@ -157,8 +157,6 @@ private:
             return {};
         std::string text = TimeOf(bar, written) + TuningOf(bar, notes);
         text += LilyPondBarStart(m_Score, index);
-        if (!bar.Labels.empty())
-            text += "  \\sectionLabel \\markup {" + Boxes(bar.Labels) + " }\n";
         text += "  ";
         for (std::size_t piece = 0; piece < written.Pieces.size() && !written.IsRest(); ++piece)
             text += notes.Piece(written.Pieces[piece],
@@ -170,13 +168,6 @@ private:
             text += "s" + LengthText(LengthOf(written)) + " ";
         text += "| % " + NumberOf(index) + "\n";
         return text + LilyPondBarEnd(m_Score, index) + (m_Breaks[index] ? "  \\break\n" : "");
-    }
-
-    static std::string Boxes(const std::vector<std::string>& labels) {
-        std::string text;
-        for (const std::string& label : labels)
-            text += " \\box " + QuotedText(ToUtf8(label));
-        return text;
     }
 
     // The next one that is struck or a rest; null at the end.

@@ -1,5 +1,6 @@
 #include "Projects/Score/LilyPondWay.h"
 
+#include "Projects/Score/LilyPondNotes.h"
 #include "Projects/Score/Utf8.h"
 
 namespace Score {
@@ -37,6 +38,22 @@ std::string JumpsOf(const ModelWay& way) {
     return text;
 }
 
+// Labels, segno and coda. LilyPond draws one mark at a time: several stand in one.
+std::string MarkOf(const ModelBar& bar) {
+    std::string signs;
+    if (bar.Way.HasSegno)
+        signs += " \\musicglyph \"scripts.segno\"";
+    if (bar.Way.HasCoda)
+        signs += " \\musicglyph \"scripts.coda\"";
+    for (const std::string& label : bar.Labels)
+        signs += " \\box " + QuotedText(ToUtf8(label));
+    if (signs.empty())
+        return {};
+    if (bar.Labels.empty() && bar.Way.HasSegno != bar.Way.HasCoda)
+        return bar.Way.HasSegno ? "  \\segnoMark 1\n" : "  \\codaMark 1\n";
+    return "  \\sectionLabel \\markup {" + signs + " }\n";
+}
+
 } // namespace
 
 std::string LilyPondBarStart(const ScoreModel& score, std::size_t bar) {
@@ -48,11 +65,7 @@ std::string LilyPondBarStart(const ScoreModel& score, std::size_t bar) {
     text += EndingsAt(score, bar);
     if (model.Tempo > 0)
         text += Numbered("  \\tempo 4 = ", model.Tempo) + "\n";
-    if (model.Way.HasSegno)
-        text += "  \\segnoMark 1\n";
-    if (model.Way.HasCoda)
-        text += "  \\codaMark 1\n";
-    return text;
+    return text + MarkOf(model);
 }
 
 std::string LilyPondBarEnd(const ScoreModel& score, std::size_t bar) {

@@ -6,8 +6,8 @@
 
 namespace Score {
 
-/// The way through a score in LilyPond's words: repeats, endings, jumps, changes of tempo. Each text is whole
-/// lines, indented as the bars are; empty where there is nothing to say.
+/// Labels and the way through a score in LilyPond's words: repeats, endings, jumps, changes of tempo. Each
+/// text is whole lines, indented as the bars are; empty where there is nothing to say.
 ///
 /// Before the notes of a bar.
 std::string LilyPondBarStart(const ScoreModel& score, std::size_t bar);

@@ -2,7 +2,8 @@
 // what other programs understood of its exports:
 //
 //     rhythms                       when the score has them
-//     bar 1 for 1024                its length in score units
+//     bar 1 for 1024                its length in score units; then "[" and "]3" for a repeat and its times,
+//                                   "(1)" for an ending, "q=90" for a tempo, Segno, Coda, "D.C. al Fine"
 //     chord Am at 0
 //     0 for 256 5:3:48              from the start of the bar, in all, ties joined: string (1 is the
 //     highest), 256 for 768 rest              fret, MIDI note
@@ -114,6 +115,15 @@ public:
     }
 
 private:
+    static void PrintWay(const ModelBar& bar) {
+        if (bar.Tempo > 0)
+            std::cout << " q=" << bar.Tempo;
+        std::cout << (bar.Way.HasSegno ? " Segno" : "") << (bar.Way.HasCoda ? " Coda" : "")
+                  << (bar.Way.HasToCoda ? " \"To Coda\"" : "") << (bar.Way.HasFine ? " \"Fine\"" : "");
+        if (bar.Way.To != Jump::None)
+            std::cout << " \"" << JumpText(bar.Way) << '"';
+    }
+
     void PrintBar(std::size_t index) {
         const ModelBar& bar = m_Score.Bars[index];
         if (bar.Tuning)
@@ -123,6 +133,9 @@ private:
                   << (bar.Repeats.IsStart ? " [" : "");
         if (bar.Repeats.IsEnd)
             std::cout << " ]" << bar.Repeats.Times;
+        for (const int time : bar.Repeats.Endings)
+            std::cout << " (" << time << ')';
+        PrintWay(bar);
         std::cout << '\n';
         for (const ModelText& chord : bar.ChordSymbols)
             std::cout << "chord " << ToUtf8(chord.Text) << " at " << OrderedTime(lines, chord.Position)

@@ -30,13 +30,23 @@ const note = (n) => ({
     isTiedOn: n.isTieOrigin,
 });
 
-const repeats = (master) =>
-    (master.isRepeatStart ? ' [' : '') + (master.repeatCount > 0 ? ` ]${master.repeatCount}` : '');
+// It reads no words of jumps. An ending is a bit for each of its times.
+const { Direction } = alphaTab.model;
+const endings = (master) =>
+    [1, 2, 3, 4, 5, 6, 7, 8].filter((time) => master.alternateEndings & (1 << (time - 1))).map((time) => ` (${time})`);
+const tempo = (master) => (master.index > 0 && master.tempoAutomations[0] ? ` q=${master.tempoAutomations[0].value}` : '');
+const way = (master) =>
+    (master.isRepeatStart ? ' [' : '') +
+    (master.repeatCount > 0 ? ` ]${master.repeatCount}` : '') +
+    endings(master).join('') +
+    tempo(master) +
+    (master.directions?.has(Direction.TargetSegno) ? ' Segno' : '') +
+    (master.directions?.has(Direction.TargetCoda) ? ' Coda' : '');
 
 if (staff.capo > 0) console.log(`capo ${staff.capo}`);
 const sounding = new Sounding();
 for (const bar of staff.bars) {
-    sounding.bar(repeats(bar.masterBar));
+    sounding.bar(way(bar.masterBar));
     for (const beat of bar.voices[0].beats) {
         if (beat.chord) sounding.chord(beat.chord.name);
         if (!beat.isEmpty) sounding.piece(units(beat), beat.notes.map(note));

@@ -11,33 +11,57 @@ for (const event of midi.tracks[1]) {
     if (event.type === 'noteOn' && event.velocity > 0) struck.push({ time, channel: event.channel, note: event.noteNumber });
 }
 
-// Bars in the order in which they are played, and the capo.
+// The bars as they are written, and the capo.
 const text = readFileSync(process.argv[3], 'utf8');
 const hasRhythms = text.startsWith('rhythms');
 let capo = 0;
 const bars = [];
-let start = 0;
-const played = [];
-const finish = () => {
-    const bar = bars.at(-1);
-    if (!bar) return;
-    if (bar.starts) start = bars.length - 1;
-    played.push(bar);
-    for (let time = 1; time < bar.times; ++time) played.push(...bars.slice(start));
-    if (bar.times) start = bars.length;
-};
 for (const line of text.split('\n')) {
     if (line.startsWith('capo ')) capo = Number(line.slice(5));
     const bar = line.match(/^bar \d+ for (\d+)/);
-    if (bar) {
-        finish();
-        const times = Number(line.match(/\](\d+)/)?.[1] ?? 0);
-        bars.push({ length: Number(bar[1]), notes: [], starts: line.includes('['), times });
-    }
+    if (bar)
+        bars.push({
+            length: Number(bar[1]),
+            notes: [],
+            starts: line.includes(' ['),
+            times: Number(line.match(/\](\d+)/)?.[1] ?? 0),
+            endings: [...line.matchAll(/\((\d)\)/g)].map((match) => Number(match[1])),
+            jump: line.match(/"(D\.[CS]\.)(?: al (\w+))?"/),
+            signs: line,
+        });
     const note = line.match(/^(\d+) for \d+ (?:\d+|-):(\d+|-):(\d+)(=\w+)?/);
     if (note) bars.at(-1).notes.push(note);
 }
-finish();
+
+// Stretch by stretch: up to the end of a repeat and its endings, or to the start of the next.
+function stretches() {
+    const found = [];
+    for (let first = 0; first < bars.length; ) {
+        let end = first;
+        while (end + 1 < bars.length && !bars[end].times && !bars[end + 1].starts) ++end;
+        const isNextEnding = (bar, next) =>
+            next?.endings.length && (next.endings.join() === bar.endings.join() || next.endings[0] > (bar.endings.at(-1) ?? 99));
+        let last = end;
+        while (bars[end].times && isNextEnding(bars[last], bars[last + 1])) ++last;
+        const times = bars[last].endings.at(-1) ?? (bars[end].times || 1);
+        found.push({ bars: bars.slice(first, last + 1), times });
+        first = last + 1;
+    }
+    return found;
+}
+const atTime = (stretch, time) => stretch.bars.filter((bar) => !bar.endings.length || bar.endings.includes(time));
+const whole = stretches();
+let played = whole.flatMap((stretch) => Array.from({ length: stretch.times }, (_, time) => atTime(stretch, time + 1)).flat());
+const jump = bars.find((bar) => bar.jump);
+if (jump) {
+    played = played.slice(0, played.lastIndexOf(jump) + 1);
+    const once = whole.flatMap((stretch) => atTime(stretch, stretch.times));
+    const at = (sign) => once.findIndex((bar) => sign.test(bar.signs));
+    const start = jump.jump[1] === 'D.S.' ? at(/ Segno/) : 0;
+    if (jump.jump[2] === 'Fine') played.push(...once.slice(start, at(/"Fine"/) + 1));
+    else if (jump.jump[2] === 'Coda') played.push(...once.slice(start, at(/"To Coda"/) + 1), ...once.slice(at(/ Coda(?!")/)));
+    else played.push(...once.slice(start));
+}
 
 // A natural harmonic sounds so far above its fret.
 const rises = { 12: 0, 7: 12, 19: 0, 5: 19 };

@@ -40,15 +40,33 @@ function note(entry) {
     };
 }
 
-const repeats = (measure) =>
-    (measure.barlines ?? [])
-        .map((b) => (b.repeat?.direction === 'forward' ? ' [' : b.repeat ? ` ]${b.repeat.times}` : ''))
-        .join('');
+// The ending that goes on from the measure before.
+let ending = [];
+function way(measure, isFirst) {
+    const barlines = measure.barlines ?? [];
+    const directions = measure.entries.filter((e) => e.type === 'direction');
+    const signs = directions.flatMap((d) => d.directionTypes);
+    const has = (kind) => signs.some((s) => s.kind === kind);
+    const begun = barlines.find((b) => b.ending?.type === 'start');
+    if (begun) ending = begun.ending.number.split(',').map(Number);
+    const repeats = barlines.map((b) => (b.repeat?.direction === 'forward' ? ' [' : b.repeat ? ` ]${b.repeat.times}` : ''));
+    const tempo = isFirst ? undefined : directions.find((d) => d.sound?.tempo)?.sound.tempo;
+    const words = signs.filter((s) => s.kind === 'words' && s.text !== 'Swing').map((s) => ` "${s.text}"`);
+    const text =
+        repeats.join('') +
+        ending.map((time) => ` (${time})`).join('') +
+        (tempo ? ` q=${tempo}` : '') +
+        (has('segno') ? ' Segno' : '') +
+        (has('coda') ? ' Coda' : '') +
+        words.join('');
+    if (barlines.some((b) => b.ending && b.ending.type !== 'start')) ending = [];
+    return text;
+}
 
 const score = parse(readFileSync(process.argv[2], 'utf8'));
 const sounding = new Sounding();
-for (const measure of score.parts[0].measures) {
-    sounding.bar(repeats(measure));
+for (const [index, measure] of score.parts[0].measures.entries()) {
+    sounding.bar(way(measure, index === 0));
     let piece = null;
     const flush = () => {
         if (piece) sounding.piece(piece.duration, piece.notes);

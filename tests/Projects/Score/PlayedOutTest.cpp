@@ -122,10 +122,13 @@ TEST(MusicXml, SaysWhereTheWayLeads) {
 }
 
 TEST(LilyPond, SaysWhereTheWayLeads) {
-    const std::string text = LilyPondText(ScoreOf("a$ b(1)] c(2) d>. eCf f@"), "t", Layout::Both, false);
+    ScoreModel score = ScoreOf("a$ b(1)] c(2) d>. eCf f@");
+    score.Bars[0].Labels.clear();
+    const std::string text = LilyPondText(score, "t", Layout::Both, false);
     for (const char* part :
          {"\\segnoMark 1", "#'((volta \"1.\"))", "\\bar \":|.\"\n}", "#'((volta #f) (volta \"2.\"))",
-          "#'((volta #f))", "\\jump \"To Coda, Fine\"", "\\jump \"D.C. al Fine\"", "\\codaMark 1"})
+          "#'((volta #f))", "\\jump \"To Coda, Fine\"", "\\jump \"D.C. al Fine\"",
+          "\\sectionLabel \\markup { \\musicglyph \"scripts.coda\" \\box \"f\" }"})
         EXPECT_NE(std::string::npos, text.find(part)) << part;
 }
 
