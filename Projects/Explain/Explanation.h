@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Projects/TabText/MarkingSigns.h"
 #include "Projects/TabText/TabReading.h"
 
 #include <span>
@@ -64,6 +65,8 @@ struct Explanation {
         std::vector<ExplainedBar> Bars;
     };
     std::vector<Stave> Staves;
+    /// What players wrote beyond what a score holds, with its meaning: rows of TabText::SignTable.
+    std::vector<TabText::SignRow> Signs;
 
     /// A tab that could not be read gives no lines.
     static Explanation Of(const TabText::TabReading& reading);

@@ -85,6 +85,18 @@ void AddLegend(xml_node body, const Explanation& explanation) {
         AddSpan(Add(list, "li"), NameOf(kind).Id, NameOf(kind).Name);
 }
 
+void AddSigns(xml_node body, const std::vector<TabText::SignRow>& signs) {
+    if (signs.empty())
+        return;
+    Add(body, "h2", "Signs of this text");
+    xml_node list = Add(body, "ul");
+    for (const TabText::SignRow& row : signs) {
+        xml_node item = Add(list, "li");
+        AddSpan(item, "playing", row.Shown);
+        item.append_child(pugi::node_pcdata).set_value((" " + std::string(row.Meaning)).c_str());
+    }
+}
+
 } // namespace
 
 std::string ExplanationHtml(const Explanation& explanation, const std::string& title) {
@@ -114,6 +126,7 @@ std::string ExplanationHtml(const Explanation& explanation, const std::string& t
     }
     Add(body, "h2", "What the colours mean");
     AddLegend(body, explanation);
+    AddSigns(body, explanation.Signs);
     std::ostringstream text;
     document.save(text, "", pugi::format_raw | pugi::format_no_declaration);
     return text.str();

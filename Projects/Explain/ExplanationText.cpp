@@ -89,6 +89,13 @@ std::string Legend(const Explanation& explanation, bool hasColour) {
     return text;
 }
 
+std::string SignsOfTheText(const Explanation& explanation) {
+    std::string text = explanation.Signs.empty() ? "" : "\nSigns of this text:\n";
+    for (const TabText::SignRow& row : explanation.Signs)
+        text += "  " + row.Shown + "  " + std::string(row.Meaning) + "\n";
+    return text;
+}
+
 } // namespace
 
 std::string ExplanationText(const Explanation& explanation, bool hasColour) {
@@ -109,7 +116,7 @@ std::string ExplanationText(const Explanation& explanation, bool hasColour) {
         }
         ++stave;
     }
-    return text + "\n" + Legend(explanation, hasColour);
+    return text + "\n" + Legend(explanation, hasColour) + SignsOfTheText(explanation);
 }
 
 } // namespace Explain

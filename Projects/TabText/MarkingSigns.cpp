@@ -40,9 +40,9 @@ constexpr std::array kSigns{
     Sign{"ah", SignPlace::Above, Technique::ArtificialHarmonic, "artificial harmonic"},
     Sign{"p.h.", SignPlace::Above, Technique::ArtificialHarmonic, "pinched harmonic"},
     Sign{"ph", SignPlace::Above, Technique::ArtificialHarmonic, "pinched harmonic"},
-    Sign{"d", SignPlace::Alone, Technique::DownStroke, "stroke downward"},
-    Sign{"u", SignPlace::Alone, Technique::UpStroke, "stroke upward"},
-    Sign{">", SignPlace::Alone, Technique::Accent, "accent"},
+    Sign{"d", SignPlace::Alone, Technique::DownStroke, "stroke downward, in a line of strokes alone"},
+    Sign{"u", SignPlace::Alone, Technique::UpStroke, "stroke upward, in a line of strokes alone"},
+    Sign{">", SignPlace::Alone, Technique::Accent, "accent, in a line of accents alone"},
 };
 
 // What a legend calls the meanings, and how a sign that has it stands beside its note.

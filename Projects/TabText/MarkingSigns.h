@@ -7,10 +7,12 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace TabText {
 
 class TabReading;
+struct Markings;
 
 /// Where a sign stands beside the note that it belongs to.
 enum class SignPlace {
@@ -44,6 +46,21 @@ struct Sign {
 
 /// Every sign that is read, longer ones first where one begins with another.
 std::span<const Sign> AllSigns();
+
+/// One row of the table of signs for people: "5h7", "hammer-on".
+struct SignRow {
+    std::string Shown;
+    std::string_view Meaning;
+
+    bool operator==(const SignRow&) const = default;
+};
+
+/// All signs that are read, those of AllSigns and those between the staves; of one meaning in one row.
+std::vector<SignRow> SignTable();
+
+/// The rows of the signs that a text has, by what was read in it. A sign that has its meaning from a legend
+/// has no row.
+std::vector<SignRow> SignsOf(const TabReading& reading, const Markings& markings);
 
 /// What the signs between the frets mean in one tab. A legend in its text ("h = hammer on") decides where it
 /// says something else than AllSigns; what it says that no technique is takes the sign's meaning away.

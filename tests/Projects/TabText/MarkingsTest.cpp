@@ -7,8 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <map>
-#include <set>
+#include <sstream>
 
 namespace {
 
@@ -216,6 +217,35 @@ TEST(Markings, OfTheWay) {
     };
     for (const Case& row : kCases)
         EXPECT_EQ(row.Marks, WayOf(row.Text)) << row.Why << "\n" << row.Text;
+}
+
+// One table of signs, in the README as in the program.
+TEST(Markings, StandInTheReadme) {
+    constexpr std::size_t kWidth = 34;
+    std::string table;
+    for (const TabText::SignRow& row : TabText::SignTable())
+        table += "    " + row.Shown + std::string(kWidth - row.Shown.size(), ' ') + std::string(row.Meaning) +
+                 "\n";
+    std::ostringstream readme;
+    readme << std::ifstream(FRETLINE_SOURCE_DIR "/README.md").rdbuf();
+    EXPECT_NE(std::string::npos, readme.str().find("\n\n" + table + "\n")) << table;
+}
+
+TEST(Markings, NameTheSignsOfAText) {
+    const auto signsOf = [](const std::string& text) {
+        const ReadText reading(text);
+        std::string shown;
+        for (const TabText::SignRow& row : TabText::SignsOf(*reading, TabText::ReadMarkings(*reading)))
+            shown += row.Shown + " = " + std::string(row.Meaning) + "; ";
+        return shown;
+    };
+    EXPECT_EQ("", signsOf(With("|-5---7-12-|")));
+    EXPECT_EQ(
+        "5h7 = hammer-on; 5^7 = hammer-on upward, pull-off downward; 5\\7 = slide down; <7> = harmonic; ",
+        signsOf(With("|7\\5h7^5-<12>-|")));
+    EXPECT_EQ("|:  :|, ||*  *|| = repeat; x4, (2x) = after or above a stave: played so many times; ",
+              signsOf(TestSupport::Stave("|:-5--:| x3", 4)));
+    EXPECT_EQ("", signsOf("v = palm mute\n\n" + With("|-7v-------|"))) << "the legend's own sign";
 }
 
 TEST(Markings, OfTheWholePiece) {
