@@ -5,6 +5,7 @@
 #include "Projects/TabText/TabReading.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace TabText {
 
@@ -35,14 +36,17 @@ void SetFrets(Score::ModelBar& bar, const std::vector<int>& tuning) {
 
 void JoinTunings(const TabReading& reading, Score::ScoreModel& score) {
     const std::vector<int>* now = &score.Tuning;
+    // Of the bar before: the bars of a stave have one tuning.
+    const std::vector<int>* text = nullptr;
     for (const BarReading& entry : reading.GetBars()) {
         const int end =
             std::min(entry.FirstScoreBar + entry.Bar->ScoreBarCount(), static_cast<int>(score.Bars.size()));
         if (entry.FirstScoreBar >= end)
             continue;
         Score::ModelBar& first = score.Bars[static_cast<std::size_t>(entry.FirstScoreBar)];
-        if (std::vector<int> tuning = OpenStringsOf(*entry.Bar); !ArePartOf(tuning, *now))
-            now = &first.Tuning.emplace(std::move(tuning));
+        if (const std::vector<int>* before = std::exchange(text, &entry.Bar->GetTuning()); before != text)
+            if (std::vector<int> tuning = OpenStringsOf(*entry.Bar); !ArePartOf(tuning, *now))
+                now = &first.Tuning.emplace(std::move(tuning));
         // Up to the first change, the score's own frets are those of the text.
         if (now == &score.Tuning)
             continue;

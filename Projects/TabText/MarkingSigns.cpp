@@ -92,6 +92,9 @@ std::span<const Sign> AllSigns() {
 }
 
 SignMeanings::SignMeanings(const TabReading& reading) {
+    for (const Sign& sign : kSigns)
+        if (sign.Place < SignPlace::Around && sign.Text.size() == 1)
+            At(sign.Text[0]) = &sign;
     for (int line = 0; line < reading.GetFile().GetLineCount(); ++line)
         if (!reading.GetAnalysis().IsStaveLine(line))
             ReadLegend(reading.GetFile().GetLine(line));
@@ -108,16 +111,7 @@ void SignMeanings::ReadLegend(string_view line) {
     const bool saysTheSame =
         meaning != kLegendSigns.end() && usual != nullptr && usual->Kind == meaning->Kind;
     if (!saysTheSame)
-        m_Legend[entry.Sign] = meaning == kLegendSigns.end() ? nullptr : &*meaning;
-}
-
-const Sign* SignMeanings::Find(char character) const {
-    if (const auto entry = m_Legend.find(character); entry != m_Legend.end())
-        return entry->second;
-    const auto* sign = std::find_if(kSigns.begin(), kSigns.end(), [&](const Sign& row) {
-        return row.Place < SignPlace::Around && row.Text.size() == 1 && row.Text[0] == character;
-    });
-    return sign == kSigns.end() ? nullptr : &*sign;
+        At(entry.Sign) = meaning == kLegendSigns.end() ? nullptr : &*meaning;
 }
 
 } // namespace TabText

@@ -2,7 +2,7 @@
 
 #include "Projects/Score/ModelMarks.h"
 
-#include <map>
+#include <array>
 #include <optional>
 #include <span>
 #include <string>
@@ -69,13 +69,14 @@ public:
     explicit SignMeanings(const TabReading& reading);
 
     /// The sign of that character; null for one that means nothing here. `x` and brackets are not asked for.
-    const Sign* Find(char character) const;
+    const Sign* Find(char character) const { return m_Signs[static_cast<unsigned char>(character)]; }
 
 private:
+    const Sign*& At(char character) { return m_Signs[static_cast<unsigned char>(character)]; }
     void ReadLegend(std::string_view line);
 
-    /// By character, where a legend says something else; null where it takes the meaning away.
-    std::map<char, const Sign*> m_Legend;
+    /// By character.
+    std::array<const Sign*, 256> m_Signs{};
 };
 
 } // namespace TabText

@@ -31,8 +31,7 @@ Markings ReadMarkings(const TabReading& reading) {
         const Fretline::TabBar* next = index + 1 < bars.size() ? bars[index + 1].Bar : nullptr;
         if (next != nullptr && !IsRightAfter(*next, bar))
             next = nullptr;
-        for (int line = bar.GetFirstLine(); line < bar.GetFirstLine() + bar.GetLineCount(); ++line)
-            ReadStringMarks(bar, next, index, line, signs, markings.Notes);
+        ReadStringMarks(bar, next, index, signs, markings.Notes);
     }
     ReadMarksAbove(reading, markings.Notes);
     markings.Heading = ReadHeading(reading);

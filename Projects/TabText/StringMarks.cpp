@@ -35,16 +35,17 @@ bool IsDead(char c) {
 class StringReader {
 public:
     // `next` is the bar after it on the stave, null for the last.
-    StringReader(const TabBar& bar, const TabBar* next, std::size_t barIndex, int line,
-                 const SignMeanings& signs, std::vector<NoteMark>& marks)
-        : m_Text(TextOf(bar, line)), m_StartColumn(bar.GetStartColumn()), m_BarIndex(barIndex), m_Line(line),
-          m_Signs(signs), m_Marks(marks) {
-        FindStops();
-        if (next != nullptr)
-            FindStopAfterBarline(bar, *next);
-    }
+    StringReader(const TabBar& bar, const TabBar* next, std::size_t barIndex, const SignMeanings& signs,
+                 std::vector<NoteMark>& marks)
+        : m_Bar(bar), m_NextBar(next), m_BarIndex(barIndex), m_StartColumn(bar.GetStartColumn()),
+          m_Signs(signs), m_Marks(marks) {}
 
-    void Read() {
+    void Read(int line) {
+        m_Line = line;
+        m_Text = TextOf(m_Bar, line);
+        FindStops();
+        if (m_NextBar != nullptr && m_OwnStops > 0)
+            FindStopAfterBarline(m_Bar, *m_NextBar);
         for (m_Next = 0; m_Next <= m_OwnStops; ++m_Next) {
             ReadBefore();
             if (m_Next < m_OwnStops)
@@ -60,6 +61,7 @@ private:
     }
 
     void FindStops() {
+        m_Stops.clear();
         FindStopsFrom(0, m_Text.size());
         m_OwnStops = m_Stops.size();
         m_OwnEnd = m_Text.size();
@@ -77,7 +79,9 @@ private:
 
     void FindStopsFrom(std::size_t start, std::size_t most) {
         constexpr std::size_t kDigitsOfAFret = 2;
-        for (std::size_t at = start; at < m_Text.size() && m_Stops.size() < most; ++at) {
+        // Most of a string is dashes.
+        for (std::size_t at = m_Text.find_first_not_of('-', start);
+             at < m_Text.size() && m_Stops.size() < most; at = m_Text.find_first_not_of('-', at + 1)) {
             if (IsDead(m_Text[at]))
                 m_Stops.push_back({at, at + 1, 0, true});
             if (!IsDigit(m_Text[at]))
@@ -116,8 +120,9 @@ private:
     // The signs between the stop before and the next one.
     void ReadBefore() {
         const std::size_t end = After() == nullptr ? m_OwnEnd : After()->Start;
-        std::size_t at = Before() == nullptr ? 0 : Before()->End;
-        while (at < end) {
+        const std::size_t start = Before() == nullptr ? 0 : Before()->End;
+        for (std::size_t at = m_Text.find_first_not_of('-', start); at < end;
+             at = m_Text.find_first_not_of('-', at)) {
             const Sign* sign = m_Text.substr(at).starts_with("tr") ? TrillSign() : m_Signs.Find(m_Text[at]);
             // After the barline, all but this belongs to the next bar's first note.
             if (at >= m_OwnEnd && sign != nullptr && sign->Place != SignPlace::Between)
@@ -216,12 +221,15 @@ private:
                                                             : kQuarterTonesPerTone;
     }
 
-    std::string_view m_Text;
-    int m_StartColumn;
+    const TabBar& m_Bar;
+    const TabBar* m_NextBar;
     std::size_t m_BarIndex;
-    int m_Line;
+    int m_StartColumn;
     const SignMeanings& m_Signs;
     std::vector<NoteMark>& m_Marks;
+    // All below is of the present line.
+    int m_Line = 0;
+    std::string_view m_Text;
     // The bar's own, and after them at most one of the next bar.
     std::vector<Stop> m_Stops;
     std::size_t m_OwnStops = 0;
@@ -232,9 +240,11 @@ private:
 
 } // namespace
 
-void ReadStringMarks(const TabBar& bar, const TabBar* next, std::size_t barIndex, int line,
-                     const SignMeanings& signs, std::vector<NoteMark>& marks) {
-    StringReader(bar, next, barIndex, line, signs, marks).Read();
+void ReadStringMarks(const TabBar& bar, const TabBar* next, std::size_t barIndex, const SignMeanings& signs,
+                     std::vector<NoteMark>& marks) {
+    StringReader reader(bar, next, barIndex, signs, marks);
+    for (int line = bar.GetFirstLine(); line < bar.GetFirstLine() + bar.GetLineCount(); ++line)
+        reader.Read(line);
 }
 
 } // namespace TabText
