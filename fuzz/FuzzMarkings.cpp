@@ -5,10 +5,12 @@
 
 #include "Projects/Fretline/score/TabConverter.h"
 #include "Projects/Fretline/shell/FretlineOptions.h"
+#include "Projects/Score/LilyPond.h"
 #include "Projects/Score/Midi.h"
 #include "Projects/Score/MusicXml.h"
 #include "Projects/Score/ScoreModel.h"
 #include "Projects/TabText/Doubts.h"
+#include "Projects/TabText/MarkingSigns.h"
 #include "Projects/TabText/Markings.h"
 #include "Projects/TabText/TabReading.h"
 #include "Shared/Utils/AsciiChars.h"
@@ -20,6 +22,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <tuple>
@@ -42,6 +45,13 @@ void CheckDoubts(const TabText::TabReading& reading) {
             "doubts are in order of place");
 }
 
+void CheckSpan(const TabText::TabReading& reading, const TabText::SignSpan& span) {
+    Require(span.Line >= 0 && span.Line < reading.GetFile().GetLineCount(), "a sign is in a line");
+    Require(span.Column >= 0 && span.Column < span.EndColumn &&
+                span.EndColumn <= reading.GetFile().GetLineLength(span.Line),
+            "a sign is in the line's text");
+}
+
 void CheckMarks(const TabText::TabReading& reading, const TabText::Markings& markings) {
     for (const TabText::NoteMark& mark : markings.Notes) {
         const char note = reading.GetFile().GetChar(mark.NoteLine, mark.NoteColumn);
@@ -52,6 +62,15 @@ void CheckMarks(const TabText::TabReading& reading, const TabText::Markings& mar
     }
     for (const TabText::BarMark& mark : markings.Bars)
         Require(mark.Bar < reading.GetBars().size() && mark.Repeats.Times >= 2, "a repeat lies in a bar");
+    for (const TabText::BarMark& mark : markings.Bars)
+        Require(std::adjacent_find(mark.Repeats.Endings.begin(), mark.Repeats.Endings.end(),
+                                   std::greater_equal<>()) == mark.Repeats.Endings.end(),
+                "the times of an ending ascend");
+    for (const TabText::SignSpan& sign : markings.BarSigns)
+        CheckSpan(reading, sign);
+    for (const TabText::UnclearSign& sign : markings.Unclear)
+        CheckSpan(reading, sign.Span);
+    TabText::SignsOf(reading, markings);
 }
 
 // The struck notes of a score, without the dead ones.
@@ -105,6 +124,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 CheckTechniques(*score);
                 Require(!Score::MusicXmlText(*score).empty(), "a marked score has a MusicXML form");
                 Require(!Score::MidiBytes(*score).empty(), "a marked score has a MIDI form");
+                Require(!Score::LilyPondText(*score, "t", Score::Layout::Both, false).empty(),
+                        "a marked score has a LilyPond form");
             }
     } catch (const std::out_of_range&) {
         // A text without a bar that can be read.
