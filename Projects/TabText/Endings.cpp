@@ -20,6 +20,8 @@ struct EndingSign {
     SignSpan Span;
     // With the strokes drawn beside it, and no fewer than two of them after it.
     bool IsDrawn = false;
+    // Before the word "time" or the like.
+    bool IsInWords = false;
     // A number alone, which could be a count.
     bool IsBare = false;
     std::size_t Bar = 0;
@@ -35,26 +37,29 @@ bool IsEdge(char c) {
     return c == '|' || c == '[' || c == ']' || c == '(' || c == ')' || c == ':';
 }
 
-// Reads one line, which must hold nothing but numbers of endings and strokes.
+// Reads one line. Numbers count where the line has nothing else but strokes; "1st time" counts among other
+// words too.
 class EndingLine {
 public:
     explicit EndingLine(string_view text) : m_Text(text) {}
 
-    // Empty when the line is anything else.
     std::vector<EndingSign> Read() {
         std::vector<EndingSign> signs;
+        bool hasOthers = false;
         while (m_At < m_Text.size()) {
-            if (Nvr::Ascii::IsDigit(m_Text[m_At])) {
-                EndingSign sign;
-                if (!ReadSign(sign))
-                    return {};
-                signs.push_back(std::move(sign));
-            } else if (IsStroke(m_Text[m_At]) || IsEdge(m_Text[m_At]) || m_Text[m_At] == ' ') {
+            const std::size_t start = m_At;
+            EndingSign sign;
+            if (IsStroke(m_Text[m_At]) || IsEdge(m_Text[m_At]) || m_Text[m_At] == ' ') {
                 ++m_At;
+            } else if (Nvr::Ascii::IsDigit(m_Text[m_At]) && ReadSign(sign)) {
+                signs.push_back(std::move(sign));
             } else {
-                return {};
+                hasOthers = true;
+                m_At = std::min(m_Text.find(' ', start), m_Text.size());
             }
         }
+        if (hasOthers)
+            std::erase_if(signs, [](const EndingSign& sign) { return !sign.IsInWords; });
         return signs;
     }
 
@@ -71,8 +76,8 @@ private:
             isMarked = ReadOrdinal() || isMarked;
             separator = ReadSeparator();
         } while (separator != '\0');
-        isMarked = ReadWord() || isMarked;
-        sign.IsBare = !isMarked;
+        sign.IsInWords = ReadWord();
+        sign.IsBare = !isMarked && !sign.IsInWords;
         if (sign.IsBare && !IsBracketed(start))
             return false;
         SetSpan(sign, start);

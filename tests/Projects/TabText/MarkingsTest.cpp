@@ -187,6 +187,8 @@ TEST(Markings, OfTheWay) {
         {"      |1.---|2.---------|\n\n" + repeat, "1 1., 2 2., 3 2.", "drawn, the second over two bars"},
         {"      __1__ __2__\n" + repeat, "1 1., 2 2.", "drawn without points"},
         {"  1st time 2nd\n" + TestSupport::Stave("|-5---:|-7---|", 4), "0 1., 1 2.", "in words"},
+        {"Segno 1st time 2nd time Am7\n" + TestSupport::Stave("|-5---------:|-7---|", 4), "0 1., 1 2.",
+         "among other words"},
         {"      1.-3. 4.\n" + repeat, "1 1. 2. 3., 2 4.", "a range"},
         {"      1,2.  3.\n" + repeat, "1 1. 2., 2 3.", "a list"},
         {"      1.\n" + repeat, "? there is no second ending after it", "the first alone"},
