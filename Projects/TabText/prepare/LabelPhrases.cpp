@@ -12,8 +12,6 @@ namespace {
 
 using std::string_view;
 
-// "Second guitar solo" is a name, more words are hardly.
-constexpr std::size_t kMostWordsOfALabel = 3;
 // A label does not reach over as many.
 constexpr int kBlanksBetweenPhrases = 3;
 
@@ -32,7 +30,8 @@ bool IsNumber(const Word& word) {
     return !bare.empty() && std::all_of(bare.begin(), bare.end(), Nvr::Ascii::IsDigit);
 }
 
-// The end of the label before what explains it: "Intro (clean, twice)", "[Verse 1] softly".
+// The end of the label before what explains it: "Intro (clean, twice)", "[Verse 1] softly". What is left of a
+// sentence is one too, and has nothing more after it.
 std::size_t EndBeforeRemark(string_view phrase) {
     const bool isInBrackets = !phrase.empty() && (phrase.front() == '[' || phrase.front() == '(');
     const std::size_t end = phrase.find_first_of(isInBrackets ? "])" : "([:;,-=.");
@@ -40,8 +39,7 @@ std::size_t EndBeforeRemark(string_view phrase) {
         return 0;
     const bool isPartOfLabel = isInBrackets || phrase[end] == ':';
     const string_view head = phrase.substr(0, isPartOfLabel ? end + 1 : end);
-    const std::vector<Word> words = WordsOf(head);
-    return words.size() <= kMostWordsOfALabel && HasLabelWord(words) ? head.size() : 0;
+    return HasLabelWord(WordsOf(head)) ? head.size() : 0;
 }
 
 // "Verse 2 softly and with feeling".

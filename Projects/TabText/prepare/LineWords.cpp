@@ -124,6 +124,11 @@ LineWords::LineWords(string_view line) {
     }
 }
 
+bool LineWords::SpellsATuning() const {
+    return !m_Words.empty() &&
+           IsOneOf(WithoutPunctuation(m_Words.front().Place).Text, {"tuning", "tuned", "tune"});
+}
+
 // Between words of a sentence is one blank. The article is then no chord, and not counted.
 void LineWords::TellArticlesFromChords() {
     for (std::size_t at = 0; at + 1 < m_Words.size(); ++at) {

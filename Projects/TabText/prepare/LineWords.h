@@ -33,6 +33,8 @@ public:
     const std::vector<LineWord>& Get() const { return m_Words; }
     /// Chords, counts and other signs: not more words of another kind than chords.
     bool IsLineOfSymbols() const { return m_Others == 0 || (m_Chords > 0 && m_Chords >= m_Others); }
+    /// Begins with a word for a tuning, whose letters are no chords: "Tuning: D A D G A D".
+    bool SpellsATuning() const;
 
 private:
     void TellArticlesFromChords();

@@ -90,7 +90,7 @@ private:
         if (!HasChordLetter(text, columns))
             return;
         const LineWords words(text);
-        if (words.IsLineOfSymbols())
+        if (words.IsLineOfSymbols() && !words.SpellsATuning())
             SetLine(line, WithSmallLetters(text, words, columns));
         else if (StatesAFact(text) || HasMarks(text) || HasLabel(line))
             SetLine(line, InSmallLetters(text, columns));

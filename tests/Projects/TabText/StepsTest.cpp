@@ -2,6 +2,8 @@
 
 #include "Projects/TabText/Preparation.h"
 
+#include "tests/support/TabText.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -106,12 +108,17 @@ TEST(PreparationSteps, TellStavesFromTheirSurroundings) {
         {"prose", "#" + std::string(30, '-') + "\n#", "#" + std::string(30, '=') + "\n#",
          "one between staves"},
         {"prose", std::string(300, '-') + "\n#", std::string(300, '=') + "\n#", "one that hides the stave"},
+        {"prose", std::string(300, '-') + "\n|--0--|\n|-----|\n|-----|\n|-----|\n",
+         std::string(300, '=') + "\n|--0--|\n|-----|\n|-----|\n|-----|\n", "and one without names"},
         {"prose", "--------\n\n#", "--------\n\n#", "one that is in nobody's way"},
         {"prose", "|--0--2--|\n|--------|\n----------\n|--------|\n",
          "|--0--2--|\n|--------|\n----------\n|--------|\n", "a string without barlines"},
         {"short", "#\nD|-0---|\nA|---2-|\n",
          "#\ne|-----|\nB|-----|\nG|-----|\nD|-0---|\nA|---2-|\nE|-----|\n", "two strings with names"},
         {"short", "#\n|-0---|\n|---2-|\n", "#\n|-0---|\n|---2-|\n", "without names nobody knows"},
+        {"short", "#\nF|-0-|\nF|---|\n\nD|-0-|\nA|---|\n\n|-0-|\n|---|\n",
+         "#\nF|-0-|\nF|---|\n\ne|---|\nB|---|\nG|---|\nD|-0-|\nA|---|\nE|---|\n\n|-0-|\n|---|\n",
+         "names disagree where the one without belongs"},
         {"short", "e|-0-|\n\nB|---|\n\nG|---|\n\nD|---|\n", "e|-0-|\nB|---|\nG|---|\nD|---|\n",
          "blank lines between strings"},
         {"apart", "   PM----------------------------|\n#", "   PM----------------------------|\n\n#",
@@ -154,6 +161,9 @@ TEST(PreparationSteps, MakeNotesPlain) {
 }
 
 TEST(PreparationSteps, TakeWordsOutOfTheWay) {
+    const std::string words = TestSupport::Repeat("   Go a-b c-d\n", 4);
+    const std::string named = TestSupport::Repeat("E|" + std::string(37, '-') + "|\n", 4);
+    const std::string lastString = words + named + " |" + std::string(22, '-') + "|\n";
     const Case rows[] = {
         {"text", "\n   Alas my Love, you Do me wrong\n#", Blank("\n   Alas my Love, you Do me wrong\n#"),
          "lyrics"},
@@ -163,6 +173,13 @@ TEST(PreparationSteps, TakeWordsOutOfTheWay) {
          "remarks among chords"},
         {"text", "   Csus2/4    G7/4\n#", "   Csus2      G7\x20\x20\n#", "a fourth of a chord is no metre"},
         {"text", "   Capo 2, Drop D\n#", "   capo 2, drop d\n#", "stated, and still readable"},
+        {"text", "   Dark Bridge now\n#", "   dark bridge now\n#", "a label"},
+        {"text", "Intro  is what I play now and then\n\n\n#",
+         Blank("Intro  is what I play now and then\n\n\n#"), "a sentence with a gap"},
+        {"text", "somebody plays the old intro (slow)\n\n\n#",
+         Blank("somebody plays the old intro (slow)\n\n\n#"), "a sentence with a remark"},
+        {"text", lastString, lastString, "the last line is a string only beside so many blanks"},
+        {"text", "  Tuning: D A D G A D\n#", "  Tuning: d a d g a d\n#", "strings, not chords"},
         {"text", "Alas my love\n#", "Alas my love\n#", "its only capital stands before the bars"},
         {"text", "   Be good\n\n\n#", "   Be good\n\n\n#", "too far above for a chord"},
         {"text", "   Q   Q   E E Q   H\n#", "   Q   Q   E E Q   H\n#", "note lengths"},
@@ -201,6 +218,7 @@ TEST(PreparationSteps, MakeRhythmLinesPlain) {
     const Case rows[] = {
         {"rhythm", "   q   q   q   q    w\n#", "   Q   Q   Q   Q    W\n#", "small letters over notes"},
         {"rhythm", "   q   e.  s   h    w\n#", "   Q   E.  S   H    W\n#", "with dots"},
+        {"rhythm", "   q   q   q   q    h\n#", "   Q   Q   Q   Q    H\n#", "one bar of two is full"},
         {"rhythm", "   q   q   e        h\n#", "   q   q   e        h\n#", "no bar is full"},
         {"rhythm", "     q   q   q   q    w\n#", "     q   q   q   q    w\n#", "not over the notes"},
         {"rhythm", "       h   h   \n#", "       h   h   \n#", "hammer-ons"},
