@@ -117,7 +117,7 @@ bool LineWord::IsMisreadAt(int column) const {
 LineWords::LineWords(string_view line) {
     for (const Word& word : WordsOf(line))
         m_Words.push_back({word, KindOf(word)});
-    TellArticlesFromChords();
+    TellWordsFromChords();
     for (const LineWord& word : m_Words) {
         m_Chords += word.Kind == WordKind::Chord ? 1 : 0;
         m_Others += word.Kind == WordKind::Other ? 1 : 0;
@@ -129,14 +129,21 @@ bool LineWords::SpellsATuning() const {
            IsOneOf(WithoutPunctuation(m_Words.front().Place).Text, {"tuning", "tuned", "tune"});
 }
 
-// Between words of a sentence is one blank. The article is then no chord, and not counted.
-void LineWords::TellArticlesFromChords() {
+// "A man", "Riff B": between such words is one blank. They are then no chords, and not counted.
+void LineWords::TellWordsFromChords() {
+    const auto chords = std::count_if(m_Words.begin(), m_Words.end(),
+                                      [](const LineWord& word) { return word.Kind == WordKind::Chord; });
     for (std::size_t at = 0; at + 1 < m_Words.size(); ++at) {
-        const LineWord& next = m_Words[at + 1];
-        const bool goesOn = next.Place.Column == m_Words[at].Place.GetEndColumn() + 1 &&
-                            next.Kind == WordKind::Other && IsAlpha(next.Place.Text.front());
-        if (goesOn && MayBeAnArticle(m_Words[at].Place.Text))
-            m_Words[at].Kind = WordKind::Playing;
+        LineWord& word = m_Words[at];
+        LineWord& next = m_Words[at + 1];
+        if (next.Place.Column != word.Place.GetEndColumn() + 1)
+            continue;
+        if (MayBeAnArticle(word.Place.Text) && next.Kind == WordKind::Other &&
+            IsAlpha(next.Place.Text.front()))
+            word.Kind = WordKind::Playing;
+        else if (chords == 1 && next.Kind == WordKind::Chord && next.Place.Text.size() == 1 &&
+                 IsLabelWord(word.Place.Text))
+            next.Kind = WordKind::Playing;
     }
 }
 

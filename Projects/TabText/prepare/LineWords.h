@@ -37,7 +37,7 @@ public:
     bool SpellsATuning() const;
 
 private:
-    void TellArticlesFromChords();
+    void TellWordsFromChords();
 
     std::vector<LineWord> m_Words;
     int m_Chords = 0;

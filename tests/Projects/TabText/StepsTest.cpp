@@ -167,6 +167,8 @@ TEST(PreparationSteps, TakeWordsOutOfTheWay) {
     const Case rows[] = {
         {"text", "\n   Alas my Love, you Do me wrong\n#", Blank("\n   Alas my Love, you Do me wrong\n#"),
          "lyrics"},
+        {"text", "   Riff B\n#", "   Riff b\n#", "the name of a section"},
+        {"text", "   Riff B  Em\n#", "   Riff B  Em\n#", "chords of a section"},
         {"text", "C     A man\n#", "C     a man\n#", "an article beside a chord"},
         {"text", "   C     A     G     D   hold\n#", "   C     A     G     D   hold\n#", "chords"},
         {"text", "   Am7/G  (Dm7b5)  E-A  Fade  N.C.\n#", "   Am7/G  (Dm7b5)  E-A  fade  N.c.\n#",

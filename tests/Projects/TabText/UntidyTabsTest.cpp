@@ -43,6 +43,27 @@ Result ResultOf(const PlayedText& wanted, const std::string& text) {
     return result;
 }
 
+// What the steps give that are on by default, and one more.
+std::string PreparedWith(const char* step, const std::string& text) {
+    std::vector<const TabText::PreparationStep*> steps = TabText::DefaultPreparationSteps();
+    steps.push_back(TabText::FindPreparationStep(step));
+    return TabText::Prepare(text, steps).Text;
+}
+
+TEST(UntidyTabs, HaveTheirChordsAloneWithoutWords) {
+    Score before;
+    Score after;
+    for (const UntidyTab& tab : TestSupport::ReadUntidyTabs()) {
+        const PlayedText prepared = TestSupport::PlayedOf(PreparedWith("text", tab.Text));
+        before.Add(tab.Wanted.Chords, TestSupport::PlayedOf(TabText::Prepare(tab.Text).Text).Chords);
+        after.Add(tab.Wanted.Chords, prepared.Chords);
+        EXPECT_EQ(tab.Wanted.Notes, prepared.Notes) << tab.Name;
+    }
+    EXPECT_EQ(34, after.Wanted);
+    EXPECT_EQ(41, before.Found);
+    EXPECT_EQ(0, after.GetWrong());
+}
+
 TEST(UntidyTabs, AreReadAsMeantOncePrepared) {
     Result without;
     Result with;
