@@ -310,7 +310,7 @@ constexpr std::array kDamages = std::to_array<TabDamage>({
     {"glued", "equal numbers on one string without a gap", "", false, WithRepeatedNotes, WithoutGaps},
     {"short", "strings without notes left out", "", true, OnThreeStrings, WithoutEmptyStrings},
     {"double", "a blank line after each string", "", true, nullptr, DoublySpaced},
-    {"annotation", "\"PM---|\" right above each stave", "", true, nullptr, WithAnnotations},
+    {"annotation", "an annotation (PM---) right above each stave", "", true, nullptr, WithAnnotations},
     {"signature", "rules and hyphens of an e-mail", "", true, nullptr, WithSignature},
     {"rules", "a rule right above and below each stave", "", true, nullptr, WithRules},
     {"rules between", "a rule in place of the blank line between staves", "", true, nullptr,
