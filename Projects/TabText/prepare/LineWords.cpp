@@ -56,12 +56,24 @@ bool IsCount(string_view word) {
            (word.size() == 1 && Nvr::Ascii::IsLower(word.front()));
 }
 
-// "Csus2" of "Csus2/4".
-string_view WithoutFourth(string_view chord) {
+// "Csus2" of "Csus2/4", "Dm7" of "Dm7/b5".
+string_view WithoutAddedNote(string_view chord) {
     const std::size_t slash = chord.rfind('/');
-    const bool isOfDigits = slash != string_view::npos && slash + 1 < chord.size() &&
-                            std::all_of(chord.begin() + slash + 1, chord.end(), IsDigit);
-    return isOfDigits && !chord.ends_with("6/9") ? chord.substr(0, slash) : chord;
+    if (slash == string_view::npos || chord.ends_with("6/9"))
+        return chord;
+    string_view note = chord.substr(slash + 1);
+    if (!note.empty() && (note.front() == 'b' || note.front() == '#'))
+        note.remove_prefix(1);
+    const bool isNumber = !note.empty() && std::all_of(note.begin(), note.end(), IsDigit);
+    return isNumber ? chord.substr(0, slash) : chord;
+}
+
+// "Co7", and signs that are no letters: a triangle, a circle.
+bool IsOddlySpelledChord(string_view word) {
+    if (word.empty() || !Fretline::IsChordRoot(word.front()))
+        return false;
+    const bool isDiminished = word.size() > 2 && word[1] == 'o' && IsDigit(word[2]);
+    return std::none_of(word.begin() + (isDiminished ? 2 : 1), word.end(), IsAlpha);
 }
 
 // "Am", "(F#m7)", "C-G", "Am|F", "Gmajor".
@@ -72,13 +84,13 @@ bool IsOfChords(string_view word) {
     while (at < word.size()) {
         const std::size_t start = std::min(word.find_first_not_of(kBetween, at), word.size());
         at = std::min(word.find_first_of(kBetween, start), word.size());
-        string_view part = WithoutFourth(word.substr(start, at - start));
+        string_view part = WithoutAddedNote(word.substr(start, at - start));
         for (const string_view ending : {"minor", "major", "mi7", "MA7", "Ma7"})
             if (part.size() > ending.size() && part.ends_with(ending))
                 part.remove_suffix(ending.size());
         if (part.empty() || std::all_of(part.begin(), part.end(), IsDigit))
             continue;
-        if (!IsChordName(part))
+        if (!IsChordName(part) && !IsOddlySpelledChord(part))
             return false;
         hasChord = true;
     }

@@ -173,6 +173,8 @@ TEST(PreparationSteps, TakeWordsOutOfTheWay) {
         {"text", "   C     A     G     D   hold\n#", "   C     A     G     D   hold\n#", "chords"},
         {"text", "   Am7/G  (Dm7b5)  E-A  Fade  N.C.\n#", "   Am7/G  (Dm7b5)  E-A  fade  N.c.\n#",
          "remarks among chords"},
+        {"text", "   Dm7/b5  Co7  C\xCE\x94  C*\n#", "   Dm7/b5  Co7  C\xCE\x94  C*\n#",
+         "chords of odd spelling"},
         {"text", "   Csus2/4    G7/4\n#", "   Csus2      G7\x20\x20\n#", "a fourth of a chord is no metre"},
         {"text", "   Capo 2, Drop D\n#", "   capo 2, drop d\n#", "stated, and still readable"},
         {"text", "   Dark Bridge now\n#", "   dark bridge now\n#", "a label"},
