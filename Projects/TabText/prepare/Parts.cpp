@@ -44,6 +44,7 @@ public:
 
     TextParts Find() {
         ReadLabels();
+        m_HasStavesLabelledTogether = HasStavesLabelledTogether();
         if (m_Names.size() > 1 ? m_Names.size() <= kMostParts && AssignWithoutLabel() : PairBySize())
             return {m_Names, LinesOfParts(), LabelLines()};
         return {};
@@ -147,7 +148,7 @@ private:
 
     // Where one part is written down after the other.
     bool AssignToLabelBefore(const StaveRange& rest, const StaveRange& labelled) {
-        if (labelled.GetCount() != 1 || HasStavesLabelledTogether())
+        if (labelled.GetCount() != 1 || m_HasStavesLabelledTogether)
             return false;
         for (std::size_t at = rest.First; at < rest.End; ++at)
             m_Staves[at].Parts = m_Staves[labelled.First].Parts;
@@ -233,6 +234,7 @@ private:
     DraftReading m_Reading;
     std::vector<PartStave> m_Staves;
     std::vector<PartName> m_Names;
+    bool m_HasStavesLabelledTogether = false;
 };
 
 } // namespace
