@@ -41,6 +41,25 @@ export function alphaTab(): Plugin {
                 response.end(readFileSync(join(alphaTabFolder, file)));
             });
         },
+        // The page's own script asks for these only once it runs.
+        transformIndexHtml: () => [
+            ...['alphaTab.mjs', 'alphaTab.core.mjs'].map((name) => ({
+                tag: 'link',
+                injectTo: 'head' as const,
+                attrs: { rel: 'modulepreload', href: `./${alphaTabPath}${name}` },
+            })),
+            {
+                tag: 'link',
+                injectTo: 'head' as const,
+                attrs: {
+                    rel: 'preload',
+                    as: 'font',
+                    type: 'font/woff2',
+                    crossorigin: '',
+                    href: `./${alphaTabPath}font/Bravura.woff2`,
+                },
+            },
+        ],
         generateBundle() {
             for (const [name, file] of Object.entries(alphaTabFiles))
                 this.emitFile({

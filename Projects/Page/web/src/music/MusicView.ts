@@ -124,8 +124,11 @@ export class MusicView {
     /** The stretch of time that the marked notes take, in ticks of the player; null where none is marked. */
     rangeOfMarks(): { startTick: number; endTick: number; firstBar: number; lastBar: number } | null {
         if (this.marked.length === 0) return null;
-        const starts = this.marked.map((note) => note.beat.absolutePlaybackStart);
-        const ends = this.marked.map((note) => note.beat.absolutePlaybackStart + note.beat.playbackDuration);
+        // Repeats are played out: a beat has a tick of its own there.
+        const startOf = ({ beat }: model.Note): number =>
+            this.api?.tickCache?.getBeatStart(beat) ?? beat.absolutePlaybackStart;
+        const starts = this.marked.map(startOf);
+        const ends = this.marked.map((note) => startOf(note) + note.beat.playbackDuration);
         const bars = this.marked.map((note) => note.beat.voice.bar.index);
         return {
             startTick: Math.min(...starts),

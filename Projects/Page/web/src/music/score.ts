@@ -18,7 +18,8 @@ export function readScore(library: Library, { files, json }: Result, staves: Sta
     const score = library.importer.ScoreLoader.loadScoreFromBytes(files.musicxml!);
     showStaves(score, staves);
     for (const staff of stavesOf(score)) staff.displayTranspositionPitch = octaveBelow;
-    if (!json.rhythms) for (const bar of score.masterBars) bar.isAnacrusis = true;
+    if (!json.rhythms) letBarsLastAsTheirNotes(score);
+
     score.title ||= String(json.heading?.title ?? json.title ?? '');
     score.artist ||= String(json.heading?.artist ?? '');
     return score;
@@ -75,6 +76,15 @@ function labelsAsTexts(score: model.Score): void {
         if (!section || !beat || beat.text) continue;
         beat.text = [section.marker, section.text].filter(Boolean).join(' ');
         bar.masterBar.section = null;
+    }
+}
+
+function letBarsLastAsTheirNotes(score: model.Score): void {
+    let start = 0;
+    for (const bar of score.masterBars) {
+        bar.isAnacrusis = true;
+        bar.start = start;
+        start += bar.calculateDuration();
     }
 }
 

@@ -49,14 +49,14 @@ async function collect(stream: ReadableStream<Uint8Array>, limit: number): Promi
 const compress = (bytes: Uint8Array): Promise<Uint8Array> =>
     collect(
         streamOf(bytes).pipeThrough(
-            new CompressionStream('deflate-raw') as TransformStream<Uint8Array, Uint8Array>,
+            new CompressionStream('deflate') as TransformStream<Uint8Array, Uint8Array>,
         ),
         Infinity,
     );
 const expand = (bytes: Uint8Array): Promise<Uint8Array> =>
     collect(
         streamOf(bytes).pipeThrough(
-            new DecompressionStream('deflate-raw') as TransformStream<Uint8Array, Uint8Array>,
+            new DecompressionStream('deflate') as TransformStream<Uint8Array, Uint8Array>,
         ),
         longestText,
     );

@@ -1,5 +1,5 @@
 import { execFileSync } from 'node:child_process';
-import { mkdtempSync, readFileSync, rmSync } from 'node:fs';
+import { mkdtempSync, readdirSync, readFileSync, rmSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { basename, join, resolve } from 'node:path';
 import { fileURLToPath } from 'node:url';
@@ -13,6 +13,10 @@ export const builtFolder = join(root, 'build/page');
 const host = process.env.FRETLINE_HOST ?? join(root, 'build/release/Projects/ReferenceHost/fretline-host');
 
 export const example = (name: string): string => join(root, 'examples', name);
+export const examplePaths = (): string[] =>
+    readdirSync(example(''))
+        .filter((name) => !name.endsWith('.nvf'))
+        .map(example);
 export const untidy = (name: string): string => join(root, 'tests/untidy', name);
 export const textOf = (path: string): string => readFileSync(path, 'utf8');
 
