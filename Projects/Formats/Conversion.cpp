@@ -1,16 +1,30 @@
 #include "Projects/Formats/Conversion.h"
 
+#include "Shared/Utils/tree/TreeNodeReader.h"
+
 namespace Formats {
+
+namespace {
+
+// Of the whole score, most of which is the template's, a fraction is music.
+std::optional<Score::ScoreModel> ReadMusic(const std::string& scoreBytes, std::string& why) {
+    Nvr::TreeNodeReader reader(scoreBytes.data(), scoreBytes.size());
+    reader.Select(Score::ScoreModel::Selection());
+    const std::unique_ptr<Nvr::TreeNode> tree(reader.Read());
+    if (tree != nullptr)
+        return Score::ScoreModel::Read(*tree, why);
+    why = "it is damaged, or no score file";
+    return std::nullopt;
+}
+
+} // namespace
 
 std::optional<Conversion> Conversion::Of(std::string scoreBytes, const std::filesystem::path& source,
                                          std::string& why) {
+    std::optional<Score::ScoreModel> model = ReadMusic(scoreBytes, why);
+    // The strings of an archive would pile up.
+    Nvr::ClearNodeStringTable();
     Conversion conversion;
-    conversion.Tree.reset(Nvr::TreeNode::LoadFromMemory(scoreBytes.data(), scoreBytes.size()));
-    if (conversion.Tree == nullptr) {
-        why = "it is damaged, or no score file";
-        return std::nullopt;
-    }
-    std::optional<Score::ScoreModel> model = Score::ScoreModel::Read(*conversion.Tree, why);
     if (!model)
         return std::nullopt;
     conversion.Source = source.string();
@@ -18,6 +32,12 @@ std::optional<Conversion> Conversion::Of(std::string scoreBytes, const std::file
     conversion.ScoreBytes = std::move(scoreBytes);
     conversion.m_Music = std::move(*model);
     return conversion;
+}
+
+std::string Conversion::GetTreeText() const {
+    const std::unique_ptr<Nvr::TreeNode> tree(
+        Nvr::TreeNode::LoadFromMemory(ScoreBytes.data(), ScoreBytes.size()));
+    return tree == nullptr ? std::string() : std::string(tree->ToText().View());
 }
 
 const TabText::TabReading* Conversion::GetReading() const {

@@ -40,8 +40,6 @@ struct Conversion {
     std::string Part;
     /// The finished score, byte for byte as the plug-in wrote it.
     std::string ScoreBytes;
-    /// The same score as a tree.
-    std::unique_ptr<Nvr::TreeNodeRoot> Tree;
     /// The text that it was made from; none for a finished score, which no longer knows its text.
     std::optional<TabPlace> Tab;
 
@@ -51,6 +49,9 @@ struct Conversion {
     /// Reads a finished score. Empty when it cannot be read; `why` then says what is wrong with it.
     static std::optional<Conversion> Of(std::string scoreBytes, const std::filesystem::path& source,
                                         std::string& why);
+
+    /// The tree of the score as text. The whole of it is read only for this.
+    std::string GetTreeText() const;
 
     /// What was read in the text, null for a finished score. The text is read when this is first asked for,
     /// and must still be in its place then.

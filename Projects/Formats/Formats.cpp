@@ -28,7 +28,7 @@ std::string WriteMidi(const Conversion& conversion, std::string& /*why*/) {
 }
 
 std::string WriteTreeText(const Conversion& conversion, std::string& /*why*/) {
-    return std::string(conversion.Tree->ToText().View());
+    return conversion.GetTreeText();
 }
 
 std::string WriteLilyPond(const Conversion& conversion, std::string& /*why*/) {

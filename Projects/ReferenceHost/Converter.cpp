@@ -220,7 +220,7 @@ std::string Converter::Printed(const Input& input, const Opened& opened,
     case Printing::Nothing:
         return {};
     case Printing::Tree:
-        return std::string(conversion.Tree->ToText().View());
+        return conversion.GetTreeText();
     case Printing::Json:
         return Formats::JsonText(conversion, files) + "\n";
     case Printing::Explanation:

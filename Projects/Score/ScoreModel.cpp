@@ -21,6 +21,12 @@ constexpr int kMostStrings = 16;
 constexpr int kNoFret = -1;
 constexpr const char* kChordSymbolStyle = "text.staff.space.chordsymbol";
 
+constexpr Nvr::TreeSelection kOfStaveType[] = {{"Id"}, {"ShowRhythms"}, {"Pitches"}};
+constexpr Nvr::TreeSelection kStaveTypes[] = {{"", kOfStaveType}};
+constexpr Nvr::TreeSelection kOfMusic[] = {
+    {"Staves"}, {"Instruments"}, {"SystemStave"}, {"BarSpacings"}, {"StaveTypes", kStaveTypes}};
+constexpr Nvr::TreeSelection kOfScore[] = {{"Music", kOfMusic}};
+
 // What makes no sense in a score, as a sentence.
 class BadScore : public std::runtime_error {
 public:
@@ -235,6 +241,10 @@ bool ScoreModel::BeginsEnding(std::size_t bar) const {
 bool ScoreModel::EndsEnding(std::size_t bar) const {
     const std::vector<int>& endings = Bars[bar].Repeats.Endings;
     return !endings.empty() && (bar + 1 == Bars.size() || Bars[bar + 1].Repeats.Endings != endings);
+}
+
+std::span<const Nvr::TreeSelection> ScoreModel::Selection() {
+    return kOfScore;
 }
 
 std::optional<ScoreModel> ScoreModel::Read(const Nvr::TreeNode& score, std::string& why) {

@@ -3,8 +3,10 @@
 #include "Projects/Fretline/score/ScoreTime.h"
 #include "Projects/Score/ModelMarks.h"
 #include "Shared/Utils/tree/TreeNode.h"
+#include "Shared/Utils/tree/TreeSelection.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -95,6 +97,8 @@ struct ScoreModel {
     bool BeginsEnding(std::size_t bar) const;
     bool EndsEnding(std::size_t bar) const;
 
+    /// What Read looks at of a stored score.
+    static std::span<const Nvr::TreeSelection> Selection();
     /// Reads the tree of a score that a conversion has finished. Empty when the tree is not a score with one
     /// stave, or a value in it makes no sense (a string that the stave does not have, a duration of no power
     /// of two); `why` then says what is wrong.

@@ -5,6 +5,7 @@
 #include "Shared/Utils/tree/TreeNodeFailure.h"
 #include "Shared/Utils/tree/TreeNodeList.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -28,6 +29,11 @@ std::uint32_t FromBigEndian(const std::uint8_t* bytes) {
            static_cast<std::uint32_t>(bytes[2]) << 8 | static_cast<std::uint32_t>(bytes[3]);
 }
 
+// The field of a string that stood before, or of the empty one.
+bool HoldsNoBytes(const std::uint8_t* field) {
+    return field[0] == kStringReference || (field[0] == kNewString && FromBigEndian(field + 1) == 0);
+}
+
 } // namespace
 
 inline void TreeNodeBinaryParser::Finish(TDeleterHelper<TreeNode>& node) {
@@ -37,13 +43,17 @@ inline void TreeNodeBinaryParser::Finish(TDeleterHelper<TreeNode>& node) {
 
 inline const String* TreeNodeBinaryParser::KnownString(const std::uint8_t* field) const {
     const std::uint32_t number = FromBigEndian(field + 1);
-    if (field[0] == kStringReference)
-        return number < m_Strings.size() ? &m_Strings[number] : &m_Empty;
+    if (field[0] == kStringReference) {
+        if (number >= m_Strings.size())
+            return &m_Empty;
+        return IsMade(number) ? &m_Strings[number] : nullptr;
+    }
     return field[0] == kNewString && number == 0 ? &m_Empty : nullptr;
 }
 
-TreeNodeBinaryParser::TreeNodeBinaryParser(TreeNodeReader& reader, bool unicode)
-    : m_Reader(reader), m_IsUnicode(unicode) {
+TreeNodeBinaryParser::TreeNodeBinaryParser(TreeNodeReader& reader, bool unicode,
+                                           std::span<const TreeSelection> selection)
+    : m_Reader(reader), m_IsUnicode(unicode), m_RootSelection{.Label = {}, .Below = selection} {
     InternString(m_Empty);
 }
 
@@ -68,6 +78,10 @@ std::unique_ptr<TreeNodeRoot> TreeNodeBinaryParser::Parse(std::unique_ptr<TreeNo
 void TreeNodeBinaryParser::ReadNode(TDeleterHelper<TreeNode> node) {
     OpenNode open;
     ReadHead(*node, open);
+    if (open.IsLeftOut) {
+        PassOver(open.ChildrenLeft);
+        return;
+    }
     if (open.ChildrenLeft == 0 && !open.IsSought) {
         Finish(node);
         return;
@@ -83,9 +97,18 @@ bool TreeNodeBinaryParser::ReadKnownLeaves() {
         return false;
     const std::uint32_t most = m_Open.back().ChildrenLeft;
     std::uint32_t left = most;
+    const bool takesAll = m_Open.back().Selection.empty();
     while (left != 0 && m_Reader.BytesAtHand() >= kKnownHeadSize) {
         const std::uint8_t* const head = m_Reader.BytesInPlace();
         const String* const label = KnownString(head);
+        if (!takesAll && label != nullptr && HoldsNoBytes(head + kStringFieldSize) &&
+            FindSelection(*label) == nullptr) {
+            --left;
+            PassOver(PassOverHead());
+            if (m_HasError)
+                break;
+            continue;
+        }
         const String* const value = KnownString(head + kStringFieldSize);
         if (label == nullptr || value == nullptr || FromBigEndian(head + 2 * kStringFieldSize) != 0)
             break;
@@ -104,6 +127,15 @@ void TreeNodeBinaryParser::ReadHead(TreeNode& node, OpenNode& open) {
     if (m_HasError)
         return;
     const bool isFound = !m_StopLabel.IsEmpty() && node.m_Label == m_StopLabel;
+    const TreeSelection* const selection = FindSelection(node.m_Label);
+    if (selection == nullptr) {
+        open.IsLeftOut = true;
+        PassOverString();
+        if (!m_HasError && !ReadNumber(open.ChildrenLeft))
+            RaiseEndOfFile();
+        return;
+    }
+    open.Selection = selection->Below;
     node.m_Value = ReadString();
     if (isFound && m_StopMode == TreeNodeReader::kStopAtValue)
         throw TreeNodeLabelFoundException(node.m_Value);
@@ -140,6 +172,14 @@ void TreeNodeBinaryParser::CloseLastNode() {
 const String& TreeNodeBinaryParser::ReadString() {
     int tag = 0;
     std::uint32_t number = 0;
+    if (!ReadStringField(tag, number))
+        return m_Empty;
+    if (tag == kStringReference)
+        return StringOfNumber(number);
+    return number != 0 ? ReadNewString(number) : m_Empty;
+}
+
+inline bool TreeNodeBinaryParser::ReadStringField(int& tag, std::uint32_t& number) {
     if (m_Reader.BytesAtHand() >= kStringFieldSize) {
         const std::uint8_t* const field = m_Reader.TakeInPlace(kStringFieldSize);
         tag = field[0];
@@ -148,15 +188,13 @@ const String& TreeNodeBinaryParser::ReadString() {
         tag = m_Reader.ReadByte();
         if (tag < 0 || (IsStringTag(tag) && !ReadNumber(number))) {
             RaiseEndOfFile();
-            return m_Empty;
+            return false;
         }
     }
-    if (tag == kStringReference)
-        return number < m_Strings.size() ? m_Strings[number] : m_Empty;
-    if (tag == kNewString)
-        return number != 0 ? ReadNewString(number) : m_Empty;
+    if (IsStringTag(tag))
+        return true;
     RaiseError("Unexpected field type: " + String::FromInt(tag));
-    return m_Empty;
+    return false;
 }
 
 const String& TreeNodeBinaryParser::ReadNewString(std::uint32_t length) {
@@ -165,10 +203,85 @@ const String& TreeNodeBinaryParser::ReadNewString(std::uint32_t length) {
         RaiseEndOfFile();
         return m_Empty;
     }
+    m_Strings.push_back(Made(bytes));
+    return m_Strings.back();
+}
+
+const String& TreeNodeBinaryParser::StringOfNumber(std::uint32_t number) {
+    if (number >= m_Strings.size())
+        return m_Empty;
+    if (!IsMade(number)) {
+        const auto& [start, size] = m_Unmade[number];
+        m_Strings[number] = Made(std::string_view(m_UnmadeBytes).substr(start, size));
+        m_Unmade[number].Size = 0;
+    }
+    return m_Strings[number];
+}
+
+inline String TreeNodeBinaryParser::Made(std::string_view bytes) {
     String string = m_IsUnicode ? StringFromUtf16(bytes) : String(bytes);
     InternString(string);
-    m_Strings.push_back(std::move(string));
-    return m_Strings.back();
+    return string;
+}
+
+const TreeSelection* TreeNodeBinaryParser::FindSelection(const String& label) const {
+    static constexpr TreeSelection kEverything{};
+    if (m_Open.empty())
+        return &m_RootSelection;
+    const std::span<const TreeSelection> selection = m_Open.back().Selection;
+    if (selection.empty())
+        return &kEverything;
+    const auto found = std::ranges::find(selection, label.View(), &TreeSelection::Label);
+    return found == selection.end() ? nullptr : &*found;
+}
+
+void TreeNodeBinaryParser::PassOver(std::uint32_t nodes) {
+    const std::size_t mostLevels = TreeNodeReader::kDeepestLevel - m_Open.size();
+    m_LeftAtLevels.assign(1, nodes);
+    while (!m_LeftAtLevels.empty() && !m_HasError) {
+        std::uint32_t& left = m_LeftAtLevels.back();
+        if (left == 0) {
+            m_LeftAtLevels.pop_back();
+        } else if (m_LeftAtLevels.size() > mostLevels) {
+            RaiseError("Nodes are nested too deeply");
+        } else {
+            --left;
+            if (const std::uint32_t below = PassOverHead(); below != 0)
+                m_LeftAtLevels.push_back(below);
+        }
+    }
+}
+
+inline std::uint32_t TreeNodeBinaryParser::PassOverHead() {
+    const std::uint8_t* const head = m_Reader.BytesInPlace();
+    if (m_Reader.BytesAtHand() >= kKnownHeadSize && HoldsNoBytes(head) &&
+        HoldsNoBytes(head + kStringFieldSize)) {
+        m_Reader.TakeInPlace(kKnownHeadSize);
+        return FromBigEndian(head + 2 * kStringFieldSize);
+    }
+    std::uint32_t below = 0;
+    PassOverString();
+    if (!m_HasError)
+        PassOverString();
+    if (!m_HasError && !ReadNumber(below))
+        RaiseEndOfFile();
+    return below;
+}
+
+void TreeNodeBinaryParser::PassOverString() {
+    int tag = 0;
+    std::uint32_t length = 0;
+    if (!ReadStringField(tag, length) || tag == kStringReference || length == 0)
+        return;
+    const std::string_view bytes = ReadStringBytes(length);
+    if (bytes.empty()) {
+        RaiseEndOfFile();
+        return;
+    }
+    m_Unmade.resize(m_Strings.size());
+    m_Unmade.push_back({m_UnmadeBytes.size(), bytes.size()});
+    m_Strings.emplace_back();
+    m_UnmadeBytes += bytes;
 }
 
 std::string_view TreeNodeBinaryParser::ReadStringBytes(std::uint32_t length) {

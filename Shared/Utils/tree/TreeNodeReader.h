@@ -2,10 +2,12 @@
 
 #include "Shared/Utils/ByteBuffer.h"
 #include "Shared/Utils/NvrString.h"
+#include "Shared/Utils/tree/TreeSelection.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace Nvr {
@@ -53,6 +55,10 @@ public:
     /// TreeNodeSubTreeFoundException as soon as its children are. In text the first needs a value and the
     /// second a pair of braces to fire. REQUIRES: called once.
     TreeNodeRoot* Read(const String& stopLabel = String(), int stopMode = kStopAtValue);
+
+    /// Has Read leave out what is not wanted below the root of a binary form, which spares most of its cost;
+    /// a text form is read whole. The selection must live as long.
+    void Select(std::span<const TreeSelection> selection) { m_Selection = selection; }
 
     /// Whether the source is used up. A stream shows that only after a read has found too few bytes, which
     /// may have been before there was this reader.
@@ -105,6 +111,7 @@ private:
     /// Gives bytes that were fetched and not read back to the stream.
     void LeaveStream();
 
+    std::span<const TreeSelection> m_Selection;
     String m_FileName;
     InStream* m_Stream = nullptr;
     String m_Text;

@@ -1,6 +1,7 @@
 #include "Shared/Utils/tree/TreeNodeExceptions.h"
 #include "tests/Shared/Utils/tree/StoredTree.h"
 
+#include <algorithm>
 #include <random>
 
 using Nvr::String;
@@ -196,4 +197,71 @@ TEST_F(TreeNodeBinaryTest, RandomDamageNeverDoesWorseThanNull) {
         }
     }
     EXPECT_GT(read, 0);
+}
+
+namespace {
+
+constexpr Nvr::TreeSelection kBelowNameless[] = {{"A"}, {"D"}};
+constexpr Nvr::TreeSelection kBelowA[] = {{"B"}, {"", kBelowNameless}};
+constexpr Nvr::TreeSelection kSelection[] = {{"A", kBelowA}, {"C"}};
+
+// The plain way: everything is read, and then taken out. Gives how many children that were.
+int Prune(TreeNode& node, std::span<const Nvr::TreeSelection> selection) {
+    int pruned = 0;
+    for (int i = node.GetChildCount() - 1; i >= 0 && !selection.empty(); --i) {
+        TreeNode* const child = node.GetChild(i);
+        const auto wanted =
+            std::ranges::find(selection, child->GetLabel().View(), &Nvr::TreeSelection::Label);
+        if (wanted != selection.end()) {
+            pruned += Prune(*child, wanted->Below);
+            continue;
+        }
+        node.RemoveChild(child);
+        ++pruned;
+    }
+    return pruned;
+}
+
+std::unique_ptr<TreeNode> LoadSelected(const std::string& bytes, bool isStream) {
+    std::istringstream source(bytes);
+    Nvr::CInStream stream(source);
+    Nvr::TreeNodeReader memory(bytes.data(), bytes.size());
+    Nvr::TreeNodeReader fromStream(stream);
+    Nvr::TreeNodeReader& reader = isStream ? fromStream : memory;
+    reader.Select(kSelection);
+    return std::unique_ptr<TreeNode>(reader.Read());
+}
+
+} // namespace
+
+TEST_F(TreeNodeBinaryTest, ASelectionIsTheWholeWithoutTheRest) {
+    std::mt19937 random(11);
+    int pruned = 0;
+    for (int round = 0; round < 400; ++round) {
+        TreeNode root("Root");
+        std::vector<TreeNode*> nodes{&root};
+        constexpr const char* kTexts[] = {"A", "B", "C", "D", "", "a longer one", "\xE9"};
+        for (auto count = random() % 30; count > 0; --count) {
+            auto* const node = new TreeNode(kTexts[random() % 5], kTexts[random() % 7]);
+            nodes[random() % nodes.size()]->AddChild(node);
+            nodes.push_back(node);
+        }
+        std::string bytes = Written(root, true, round % 2 == 0);
+        if (round % 4 == 0)
+            bytes.resize(bytes.size() - random() % bytes.size() / 2);
+        if (round % 8 == 1)
+            bytes[random() % bytes.size()] = static_cast<char>(random());
+        const auto whole = LoadBytes(bytes);
+        const Reports reports = TakeReports();
+        for (const bool isStream : {false, true}) {
+            const auto selected = LoadSelected(bytes, isStream);
+            EXPECT_EQ(TakeReports(), reports) << round << ": damage is damage wherever it lies";
+            ASSERT_EQ(selected == nullptr, whole == nullptr) << round;
+            if (whole == nullptr || !whole->WasBinary)
+                continue;
+            pruned += Prune(*whole, kSelection);
+            EXPECT_TRUE(selected->IsSameTree(*whole)) << round;
+        }
+    }
+    EXPECT_GT(pruned, 500);
 }
