@@ -46,7 +46,7 @@ inline const String* TreeNodeBinaryParser::KnownString(const std::uint8_t* field
     if (field[0] == kStringReference) {
         if (number >= m_Strings.size())
             return &m_Empty;
-        return IsMade(number) ? &m_Strings[number] : nullptr;
+        return !m_HasUnmade || IsMade(number) ? &m_Strings[number] : nullptr;
     }
     return field[0] == kNewString && number == 0 ? &m_Empty : nullptr;
 }
@@ -97,18 +97,9 @@ bool TreeNodeBinaryParser::ReadKnownLeaves() {
         return false;
     const std::uint32_t most = m_Open.back().ChildrenLeft;
     std::uint32_t left = most;
-    const bool takesAll = m_Open.back().Selection.empty();
     while (left != 0 && m_Reader.BytesAtHand() >= kKnownHeadSize) {
         const std::uint8_t* const head = m_Reader.BytesInPlace();
         const String* const label = KnownString(head);
-        if (!takesAll && label != nullptr && HoldsNoBytes(head + kStringFieldSize) &&
-            FindSelection(*label) == nullptr) {
-            --left;
-            PassOver(PassOverHead());
-            if (m_HasError)
-                break;
-            continue;
-        }
         const String* const value = KnownString(head + kStringFieldSize);
         if (label == nullptr || value == nullptr || FromBigEndian(head + 2 * kStringFieldSize) != 0)
             break;
@@ -119,6 +110,21 @@ bool TreeNodeBinaryParser::ReadKnownLeaves() {
     }
     m_Open.back().ChildrenLeft = left;
     return left != most;
+}
+
+bool TreeNodeBinaryParser::PassOverUnwanted() {
+    bool isPassed = false;
+    std::uint32_t& left = m_Open.back().ChildrenLeft;
+    while (left != 0 && !m_HasError && m_Reader.BytesAtHand() >= kKnownHeadSize) {
+        const std::uint8_t* const head = m_Reader.BytesInPlace();
+        const String* const label = KnownString(head);
+        if (label == nullptr || !HoldsNoBytes(head + kStringFieldSize) || FindSelection(*label) != nullptr)
+            break;
+        --left;
+        isPassed = true;
+        PassOver(PassOverHead());
+    }
+    return isPassed;
 }
 
 void TreeNodeBinaryParser::ReadHead(TreeNode& node, OpenNode& open) {
@@ -151,7 +157,7 @@ void TreeNodeBinaryParser::ReadHead(TreeNode& node, OpenNode& open) {
 void TreeNodeBinaryParser::ReadNextChildren() {
     if (m_Open.size() > TreeNodeReader::kDeepestLevel) {
         RaiseError("Nodes are nested too deeply");
-    } else if (!ReadKnownLeaves()) {
+    } else if (!(m_Open.back().Selection.empty() ? ReadKnownLeaves() : PassOverUnwanted())) {
         --m_Open.back().ChildrenLeft;
         ReadNode(TDeleterHelper<TreeNode>(new TreeNode));
     }
@@ -210,7 +216,7 @@ const String& TreeNodeBinaryParser::ReadNewString(std::uint32_t length) {
 const String& TreeNodeBinaryParser::StringOfNumber(std::uint32_t number) {
     if (number >= m_Strings.size())
         return m_Empty;
-    if (!IsMade(number)) {
+    if (m_HasUnmade && !IsMade(number)) {
         const auto& [start, size] = m_Unmade[number];
         m_Strings[number] = Made(std::string_view(m_UnmadeBytes).substr(start, size));
         m_Unmade[number].Size = 0;
@@ -278,6 +284,7 @@ void TreeNodeBinaryParser::PassOverString() {
         RaiseEndOfFile();
         return;
     }
+    m_HasUnmade = true;
     m_Unmade.resize(m_Strings.size());
     m_Unmade.push_back({m_UnmadeBytes.size(), bytes.size()});
     m_Strings.emplace_back();

@@ -59,6 +59,9 @@ private:
     /// children, with strings that stood before, and all at hand. False, with nothing read, when the next one
     /// is of another kind or a label is looked for.
     bool ReadKnownLeaves();
+    /// Goes through the next children of the last open node as long as they are not selected, their label
+    /// stood before, and all is at hand. False, with nothing read, when the next one is another.
+    bool PassOverUnwanted();
     /// The string of a field that refers to one or is empty; null for a new string or anything else.
     const String* KnownString(const std::uint8_t* field) const;
     /// What is wanted of a child of the last open node, or of the root when none is open yet; null when the
@@ -107,6 +110,8 @@ private:
     TreeSelection m_RootSelection;
     /// By their number; the empty string for one that is not made.
     std::vector<String> m_Strings;
+    /// Not all of them were made at once.
+    bool m_HasUnmade = false;
     /// By the same number, as far as the last that was not made.
     std::vector<UnmadeString> m_Unmade;
     std::string m_UnmadeBytes;
