@@ -237,7 +237,9 @@ const TreeSelection* TreeNodeBinaryParser::FindSelection(const String& label) co
     const std::span<const TreeSelection> selection = m_Open.back().Selection;
     if (selection.empty())
         return &kEverything;
-    const auto found = std::ranges::find(selection, label.View(), &TreeSelection::Label);
+    const auto found =
+        std::find_if(selection.begin(), selection.end(),
+                     [&label](const TreeSelection& wanted) { return wanted.Label == label.View(); });
     return found == selection.end() ? nullptr : &*found;
 }
 
