@@ -23,6 +23,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <tuple>
@@ -30,6 +31,8 @@
 namespace {
 
 using FuzzSupport::Require;
+
+constexpr Score::Layout kLayouts[] = {Score::Layout::Both, Score::Layout::Tab, Score::Layout::Notes};
 
 void CheckDoubts(const TabText::TabReading& reading) {
     const std::vector<TabText::Doubt> doubts = TabText::FindDoubts(reading);
@@ -123,9 +126,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 Require(PitchesOf(*score) == before, "joining changes no pitch");
                 CheckTechniques(*score);
                 Require(!Score::MusicXmlText(*score).empty(), "a marked score has a MusicXML form");
+                FuzzSupport::CheckLilyPond(
+                    Score::LilyPondText(*score, "fuzz", kLayouts[size % std::size(kLayouts)], false));
                 Require(!Score::MidiBytes(*score).empty(), "a marked score has a MIDI form");
-                Require(!Score::LilyPondText(*score, "t", Score::Layout::Both, false).empty(),
-                        "a marked score has a LilyPond form");
             }
     } catch (const std::out_of_range&) {
         // A text without a bar that can be read.

@@ -9,6 +9,10 @@ namespace FuzzSupport {
 /// Ends the program with the property that does not hold.
 void Require(bool holds, const char* property);
 
+/// Requires that a LilyPond file closes what it opens, strings, comments, music and Scheme alike. Where the
+/// environment names a folder in FRETLINE_LILYPOND_FOLDER, the file is left there, named after its content.
+void CheckLilyPond(const std::string& text);
+
 /// A file that holds the input, in memory where the system has a place for that. Made anew for each input;
 /// gone with the object.
 class InputFile {

@@ -19,6 +19,9 @@ namespace {
 
 using Fretline::kStringsOfABass;
 
+// Before the first staves.
+constexpr const char* kRoomForTheName = "22\\mm";
+
 // A stretch of bars under one label, in a variable of its own.
 struct Section {
     std::string Variable;
@@ -209,9 +212,22 @@ private:
     static std::string TuningOf(const ModelBar& bar, LilyPondNotes& notes) {
         if (!bar.Tuning)
             return {};
+        const std::size_t linesBefore = notes.GetTuning().size();
         notes.SetTuning(*bar.Tuning);
-        return "  \\tag #'tab {\n    \\stopStaff\n    \\set TabStaff.stringTunings = " +
-               StringTuning(*bar.Tuning) + "\n    \\startStaff\n  }\n";
+        return "  \\tag #'tab {\n" + BarlineOf(linesBefore, bar.Tuning->size()) +
+               "    \\stopStaff\n    \\set TabStaff.stringTunings = " + StringTuning(*bar.Tuning) +
+               "\n    \\startStaff\n  }\n";
+    }
+
+    // The barline before other strings is as high as the strings that it ends.
+    static std::string BarlineOf(std::size_t linesBefore, std::size_t lines) {
+        if (linesBefore == lines)
+            return {};
+        constexpr int kHundredthsOfHalfASpace = 75;
+        const int height = static_cast<int>(linesBefore - 1) * kHundredthsOfHalfASpace;
+        const std::string text =
+            std::to_string(height / 100) + "." + std::to_string(height % 100 + 100).substr(1);
+        return "    \\once \\override TabStaff.BarLine.bar-extent = #'(-" + text + " . " + text + ")\n";
     }
 
     bool ChangesTuning() const {
@@ -229,7 +245,9 @@ private:
         return "tuning = " + StringTuning(m_Score.Tuning) + "\n\n\\score {\n  <<\n" +
                (hasChords ? ChordNames() : "") + "    \\new StaffGroup <<\n" +
                (m_Layout != Layout::Tab ? NoteStave() : "") + (m_Layout != Layout::Notes ? TabStave() : "") +
-               "    >>\n  >>\n  \\layout { }\n" + (hasChords ? SilentChords() : "  \\midi { }\n") + "}\n";
+               "    >>\n  >>\n  \\layout {\n    indent = " +
+               (m_Layout == Layout::Tab ? "0" : kRoomForTheName) + "\n  }\n" +
+               (hasChords ? SilentChords() : "  \\midi { }\n") + "}\n";
     }
 
     static const char* ChordNames() {

@@ -32,6 +32,7 @@ public:
     LilyPondNotes(const ScoreModel& score, bool isForTab) : m_Tuning(&score.Tuning), m_IsForTab(isForTab) {}
 
     /// The strings of the pieces from here on.
+    const std::vector<int>& GetTuning() const { return *m_Tuning; }
     void SetTuning(const std::vector<int>& tuning) { m_Tuning = &tuning; }
 
     /// One piece; `next` is the next one that is struck or a rest, null at the end.

@@ -61,7 +61,7 @@ std::string LilyPondBarStart(const ScoreModel& score, std::size_t bar) {
     std::string text;
     const bool isAfterRepeat = bar > 0 && score.Bars[bar - 1].Repeats.IsEnd;
     if (model.Repeats.IsStart)
-        text += isAfterRepeat ? "  \\bar \":..:\"\n" : "  \\bar \".|:\"\n";
+        text += isAfterRepeat ? "  \\bar \":..:\"\n" : "  \\bar \".|:-|\"\n";
     text += EndingsAt(score, bar);
     if (model.Tempo > 0)
         text += Numbered("  \\tempo 4 = ", model.Tempo) + "\n";

@@ -118,7 +118,7 @@ TEST(LilyPond, RepeatsEndWithTheirOwnBarline) {
     score.Heading.Tempo = 90;
     score.Bars[0].Repeats.IsStart = true;
     const std::string text = LilyPondText(score, "x", Layout::Both, false);
-    for (const char* part : {"\\bar \".|:\"", "\\tempo 4 = 90", "\\bar \"|.\""})
+    for (const char* part : {"\\bar \".|:-|\"", "\\tempo 4 = 90", "\\bar \"|.\""})
         EXPECT_TRUE(Has(text, part)) << part << " in\n" << text;
     score.Bars[0].Repeats.IsEnd = true;
     EXPECT_FALSE(Has(LilyPondText(score, "x", Layout::Both, false), "\\bar \"|.\""));
