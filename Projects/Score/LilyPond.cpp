@@ -219,9 +219,10 @@ private:
                "\n    \\startStaff\n  }\n";
     }
 
-    // The barline before other strings is as high as the strings that it ends.
+    // A barline is as high as the strings that begin at it. Before fewer strings it is to reach those that
+    // end.
     static std::string BarlineOf(std::size_t linesBefore, std::size_t lines) {
-        if (linesBefore == lines)
+        if (linesBefore <= lines)
             return {};
         constexpr int kHundredthsOfHalfASpace = 75;
         const int height = static_cast<int>(linesBefore - 1) * kHundredthsOfHalfASpace;
