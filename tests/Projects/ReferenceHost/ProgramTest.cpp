@@ -408,6 +408,11 @@ TEST_F(Program, ExplainsWhatItRead) {
          {"fret number", "stave of 6 lines, tuned E2 A2 D3 G3 B3 E4 by its letters", "bar 1, columns 3 to 13",
           "chord Am: to column 8", "rhythm: none, each column one quaver", "section label"})
         EXPECT_TRUE(Has(text.Text, part)) << part << " in\n" << text.Text;
+    const Outcome way = Run(FRETLINE_SOURCE_DIR "/tests/exports/way.tab --explain");
+    for (const char* part :
+         {"an ending, played at time 1", "from its end, D.S. al Coda", "begins with the Segno",
+          "a repeat ends, played 2 times", "tempo 60 from here", "5h7  hammer-on"})
+        EXPECT_TRUE(Has(way.Text, part)) << part << " in\n" << way.Text;
     EXPECT_EQ(0, Run("song.tab --explain=html > song.html").ExitCode);
     EXPECT_TRUE(Has(Read("song.html"), "<span class=\"chord\">Am</span>"));
     EXPECT_FALSE(Has(Read("song.html"), "<script"));

@@ -164,6 +164,9 @@ TEST(Doubts, OfSymbols) {
          "and one that is not"},
         {With("|-0---1---|", "Fr\xC3\xA8re Jacques\n\n\n"), "", "a title that is not read"},
         {With("|-0---1---|", "Intro \xC3\xA8\n"), "1:7 other-bytes", "a label is"},
+        {With("|-0---1---|-2---3---|", "   1.        2.\n\n"), "1:4 unclear-sign, 1:14 unclear-sign",
+         "endings without a repeat"},
+        {With("|-0---1---|-2---3---|") + "D.C. al Fine\n", "7:1 unclear-sign", "a jump without its end"},
     });
 }
 

@@ -1,5 +1,6 @@
 #include "Projects/TabText/Markings.h"
 
+#include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Score/ScoreModel.h"
 #include "Projects/TabText/MarkingSigns.h"
 #include "tests/Projects/TabText/ReadText.h"
@@ -211,11 +212,15 @@ TEST(Markings, OfTheWay) {
         {"Segno   To Coda\n" + plain + "D.S. al Coda\n\n\nCoda\n" + plain,
          "0 segno, 1 to, 3 D.S. al Coda, 4 coda", "to the coda"},
         {"Fine\n" + plain + "D.C.\n", "3 D.C.", "a word that no jump needs"},
+        {plain + "D.S.\n\n\nSegno\n" + plain, "? the signs that it leads to stand in another order",
+         "a segno after the jump"},
+        {plain + "D.C. al Fine\n\n\n        Fine\n" + plain,
+         "? the signs that it leads to stand in another order", "a fine after the jump"},
         {"we play D.C. later\n" + plain, "", "words among others"},
         {plain + "D.C.\n\n" + plain + "D.C.\n", "? the text has another jump, ? the text has another jump",
          "two jumps"},
         {"Tempo: 90\n\n" + plain + "\nTempo: 120\n\n" + plain, "4 q=120", "the tempo changes"},
-        {"Tempo: 90\n90 bpm, then q=120\n" + plain + "\n90 bpm\n\n" + plain, "", "it does not"},
+        {"Tempo: 90\nq=120\n" + plain + "\n90 bpm\n\n" + plain, "", "it does not"},
     };
     for (const Case& row : kCases)
         EXPECT_EQ(row.Marks, WayOf(row.Text)) << row.Why << "\n" << row.Text;
@@ -262,6 +267,28 @@ TEST(Markings, OfTheWholePiece) {
     EXPECT_EQ(0, headingOf("Tempo: 5000").Tempo) << "nobody plays that";
     EXPECT_TRUE(headingOf("with a shuffle feel").IsSwung);
     EXPECT_EQ(Score::ModelHeading{}, headingOf("Just a song, no capo"));
+}
+
+TEST(Markings, OfATextBarThatGaveSeveral) {
+    std::string line;
+    for (int note = 0; note < 24; ++note)
+        line += "--5-";
+    const ReadText reading("4/4\nTempo: 90\n" + TestSupport::Stave(line, 4) + "Fine\n",
+                           Fretline::kRhythmsAlways);
+    const auto count = static_cast<std::size_t>(reading->GetBars().front().Bar->ScoreBarCount());
+    ASSERT_GT(count, 1U);
+    TabText::Markings markings;
+    markings.Bars.resize(1);
+    markings.Bars.front().Repeats = {true, true, 3, {1}};
+    markings.Bars.front().Way = {true, false, false, true, Score::Jump::DalSegno, Score::JumpEnd::Fine};
+    Score::ScoreModel score;
+    score.Bars.resize(count);
+    TabText::JoinMarkings(*reading, markings, score);
+    EXPECT_EQ((Score::ModelRepeats{true, false, 2, {1}}), score.Bars.front().Repeats);
+    EXPECT_EQ((Score::ModelRepeats{false, true, 3, {1}}), score.Bars.back().Repeats);
+    EXPECT_EQ((Score::ModelWay{true}), score.Bars.front().Way);
+    EXPECT_EQ((Score::ModelWay{false, false, false, true, Score::Jump::DalSegno, Score::JumpEnd::Fine}),
+              score.Bars.back().Way);
 }
 
 TEST(Markings, GiveEachStaveItsStringsAndFrets) {
