@@ -92,8 +92,7 @@ TEST_F(Program, DoesWhatPeopleTypeAndSaysSo) {
         // Inputs
         {"a.tab", 0, "Written        a.nvf", "a.nvf"},
         {"in/sub/e.txt -o e.mid", 0, "a tab, whatever its extension says", "e.mid"},
-        {"- < a.tab", 0, "standard input", "-standard-input.nvf"},
-        {"- < a.tab", 0, "Written        nothing: -o NAME", ""},
+        {"- < a.tab", 0, "Written        nothing: -o NAME", "-standard-input.nvf"},
         {"/dev/stdin -o s.mid < a.tab", 0, "standard input", "s.mid"},
         {"score.nvf --to mid", 0, "Notes          1", "score.mid"},
         {"in -o out/ --to mid,mxl", 0, "3 files: 3 done",
