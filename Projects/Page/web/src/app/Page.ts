@@ -6,8 +6,6 @@ import { Player } from '../music/Player';
 import type { Staves } from '../music/score';
 import { fromFragment, longestFragment, toFragment } from '../text/address';
 import { whyNotOpened, whyNotRead } from '../text/checkInput';
-import { decode, encode, encodingFor, type Encoding } from '../text/encoding';
-import { lineEndOf, withLineEnds, withLineFeeds, type LineEnd } from '../text/lineEnds';
 import type { Measure } from '../text/widths';
 import { DoubtList } from '../ui/DoubtList';
 import { download, nameWith } from '../ui/download';
@@ -18,6 +16,7 @@ import { Status } from '../ui/Status';
 import type { Abilities } from '../worker/protocol';
 import { Cancelled, type Reader } from '../worker/Reader';
 import { firstExample, type Example } from './examples';
+import { OpenTab } from './OpenTab';
 import { instrumentOf, refusalOf, summaryOf } from './words';
 
 type Rhythms = NonNullable<Options['rhythms']>;
@@ -41,10 +40,8 @@ export class Page {
     private readonly doubts: DoubtList;
     private readonly prepare: PreparePanel;
     private readonly rhythms = radioGroup<Rhythms>('rhythms', () => this.readSoon(0));
-    private readonly name = byId<HTMLInputElement>('name');
+    private readonly tab: OpenTab;
     private abilities: Abilities | null = null;
-    private encoding: Encoding = 'utf-8';
-    private lineEnd: LineEnd = '\n';
     private readTimer: ReturnType<typeof setTimeout> | undefined;
     private addressTimer: ReturnType<typeof setTimeout> | undefined;
     /** Counts what the text was; an answer to an older one is not shown. */
@@ -79,7 +76,9 @@ export class Page {
             takeOver: (text) => this.takeOver(text),
         });
         radioGroup<Staves>('staves', (staves) => this.music.showStaves(staves));
-        this.name.addEventListener('change', () => this.readSoon(0));
+        const name = byId<HTMLInputElement>('name');
+        name.addEventListener('change', () => this.readSoon(0));
+        this.tab = new OpenTab(this.editor, name);
         addEventListener('hashchange', () => void this.openAddress());
     }
 
@@ -105,8 +104,8 @@ export class Page {
     }
 
     async openExample(example: Example): Promise<void> {
-        const text = await example.load();
-        this.setText(withLineFeeds(text), example.name, 'utf-8', lineEndOf(text));
+        this.tab.open(await example.load(), example.name);
+        this.tabChanged();
     }
 
     async openFile(file: File): Promise<void> {
@@ -117,13 +116,14 @@ export class Page {
         const bytes = new Uint8Array(await file.arrayBuffer());
         const late = whyNotOpened(file.name, bytes, file.size);
         if (late) return this.status.complain(late);
-        const { text, encoding } = decode(bytes);
-        this.setText(withLineFeeds(text), file.name, encoding, lineEndOf(text));
+        this.tab.openBytes(bytes, file.name);
+        this.tabChanged();
     }
 
     /** Opens a text that was pasted outside of the editor. */
     openPasted(text: string): void {
-        this.setText(withLineFeeds(text), 'untitled.tab', 'utf-8', '\n');
+        this.tab.open(text);
+        this.tabChanged();
         this.editor.focus();
     }
 
@@ -142,35 +142,26 @@ export class Page {
         const extension =
             this.abilities?.formats.find(({ name }) => name === format)?.extension ?? `.${format}`;
         try {
-            const { files, taken } = await this.reader.convert(this.bytes(), {
+            const { files, taken } = await this.reader.convert(this.tab.bytes, {
                 ...this.options(),
                 formats: [format],
             });
             const bytes = files[format];
             if (!taken || !bytes) this.status.say('There is no score to download: the text was not taken.');
-            else download(nameWith(this.fileName, extension), bytes);
+            else download(nameWith(this.tab.name, extension), bytes);
         } catch (error) {
             this.status.complain(messageOf(error));
         }
     }
 
     downloadText(): void {
-        const bytes = encode(withLineEnds(this.editor.text, this.lineEnd), this.currentEncoding());
-        download(this.fileName, bytes, 'text/plain');
+        download(this.tab.name, this.tab.fileBytes, 'text/plain');
     }
 
     downloadGuitarPro(): void {
         const bytes = this.shown && this.music.exportGuitarPro();
-        if (bytes) download(nameWith(this.fileName, '.gp'), bytes);
+        if (bytes) download(nameWith(this.tab.name, '.gp'), bytes);
         else this.status.say('There is no score to download.');
-    }
-
-    get formats(): Abilities['formats'] {
-        return this.abilities?.formats ?? [];
-    }
-
-    get canPrint(): boolean {
-        return this.shown !== null;
     }
 
     print(): void {
@@ -186,40 +177,23 @@ export class Page {
         this.player.playOrPause();
     }
 
-    private get fileName(): string {
-        return this.name.value.trim() || 'untitled.tab';
-    }
-
     private options(): Options {
-        return { name: this.fileName, rhythms: this.rhythms.value, prepare: this.prepare.chosen };
-    }
-
-    private currentEncoding(): Encoding {
-        return encodingFor(this.editor.text, this.encoding);
+        return { name: this.tab.name, rhythms: this.rhythms.value, prepare: this.prepare.chosen };
     }
 
     private measureOf({ prepared }: Result): Measure {
         const isInAscii = prepared !== null && this.prepare.chosen.includes('ascii');
-        return isInAscii ? 'characters' : this.currentEncoding();
+        return isInAscii ? 'characters' : this.tab.encoding;
     }
 
-    private bytes(): Uint8Array {
-        return encode(this.editor.text, this.currentEncoding());
-    }
-
-    private setText(text: string, name: string, encoding: Encoding, lineEnd: LineEnd): void {
-        this.encoding = encoding;
-        this.lineEnd = lineEnd;
+    /** Another tab was opened. */
+    private tabChanged(): void {
         this.barsDrawnUnasked = mostBarsDrawn;
-        this.name.value = name;
-        this.editor.replaceText(text);
         this.readSoon(0);
     }
 
     private takeOver(text: Uint8Array): void {
-        const { text: tidied, encoding } = decode(text);
-        this.encoding = encoding;
-        this.editor.replaceText(withLineFeeds(tidied));
+        this.tab.replace(text);
         this.prepare.choose([]);
     }
 
@@ -243,8 +217,8 @@ export class Page {
     private async read(): Promise<void> {
         if (!this.abilities) return;
         const revision = this.revision;
-        const bytes = this.bytes();
-        const refusal = whyNotRead(this.editor.text, bytes.length);
+        const bytes = this.tab.bytes;
+        const refusal = whyNotRead(this.tab.text, bytes.length);
         if (refusal) {
             this.reader.cancel();
             return this.showNothing(refusal);
@@ -305,7 +279,7 @@ export class Page {
     }
 
     private showNothing(refusal: string): void {
-        this.editor.show({ measure: this.currentEncoding(), lines: [], kinds: [], doubts: [] });
+        this.editor.show({ measure: this.tab.encoding, lines: [], kinds: [], doubts: [] });
         this.doubts.show([]);
         this.withoutMusic(refusal, []);
     }
@@ -354,7 +328,8 @@ export class Page {
                 this.rhythms.value = shared.rhythms as Rhythms;
             this.stepsOfAddress = shared.steps;
             if (this.abilities) this.prepare.setSteps(this.abilities.steps, shared.steps);
-            this.setText(withLineFeeds(shared.text), shared.name, 'utf-8', '\n');
+            this.tab.open(shared.text, shared.name);
+            this.tabChanged();
         } catch (error) {
             this.showNothing(messageOf(error));
         }
@@ -362,10 +337,10 @@ export class Page {
     }
 
     private async makeFragment(): Promise<string | null> {
-        const { text } = this.editor;
+        const { text } = this.tab;
         if (text.length > longestShared) return null;
         const steps = this.abilities ? this.prepare.chosen : this.stepsOfAddress;
-        const fragment = await toFragment({ text, name: this.fileName, rhythms: this.rhythms.value, steps });
+        const fragment = await toFragment({ text, name: this.tab.name, rhythms: this.rhythms.value, steps });
         return fragment.length > longestFragment ? null : fragment;
     }
 

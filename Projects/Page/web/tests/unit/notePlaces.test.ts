@@ -76,4 +76,10 @@ describe('notes of the score and of the text', () => {
             { position: 256, string: 4 },
         ]);
     });
+
+    it('have a place each', () => {
+        const chord = [note(0, 0, 6), note(0, 0, 5)];
+        const own = new NotePlaces(chord, [place(0, 0, 0), place(0, 0, 1), place(0, 512, 0)]);
+        expect(chord.map((each) => own.placeOf(each))).toMatchObject([{ string: 1 }, { string: 0 }]);
+    });
 });
