@@ -77,6 +77,7 @@ TEST(LilyPond, SaysHowNotesArePlayed) {
          {{Technique::Release}},
          "<e,\\6>4^\\markup \\tiny \"bend 1/2\"\\^ <f,\\6>4\\^ <e,\\6>4 ",
          "a bend to a note, and back"},
+        {{}, {{Technique::Release}}, "<f,\\6>4 <e,\\6>4 ", "nothing is released that is not bent"},
         {{}, {{Technique::Bend, 6}}, "<f,\\6>4^\\markup \\tiny \"bend 1 1/2\"\\bendAfter #2  ", "to none"},
         {{{Technique::Slide}}, {}, "<e,\\6>4\\glissando <f,\\6>4 ", "a slide to a note"},
         {{{Technique::SlideOut, -1}}, {}, "<e,\\6>4\\bendAfter #-4  ", "and to none"},
@@ -100,6 +101,13 @@ TEST(LilyPond, SaysHowNotesArePlayed) {
         const std::string text = LilyPondText(score, "", Layout::Both, false);
         EXPECT_TRUE(Has(text, row.Expected)) << row.Why << "\n" << text;
     }
+}
+
+TEST(LilyPond, KeepsBarsThatHoldNothing) {
+    ScoreModel score = TestSupport::ScoreOf({{-512}, {-512}});
+    EXPECT_TRUE(Has(LilyPondText(score, "", Layout::Both, false), "  R1 | % 1"));
+    score.HasRhythms = false;
+    EXPECT_TRUE(Has(LilyPondText(score, "", Layout::Both, false), "(ly:make-moment 1/4)\n  s4 | % 1"));
 }
 
 TEST(LilyPond, SlidesFromStringToString) {

@@ -118,6 +118,7 @@ TEST(Notation, BeamsJoinTheNotesOfABeat) {
          {4, 4},
          ". [ ] [ ] . ",
          "not over the middle of the bar"},
+        {{{192}, {128}, {192}, {512}}, {4, 4}, "[ ] . . ", "nor with dotted ones"},
         {{{128}, {128}, {128}, {128}}, {2, 4}, "[ ] [ ] ", "a beat elsewhere"},
         {{{64}, {64}, {64}, {64}, {128}, {128}}, {2, 4}, "[[ == == ]] [ ] ", "two beams"},
         {{{192}, {64}, {64}, {192}}, {2, 4}, "[ ]< [> ] ", "hooks point into their beat"},
