@@ -130,6 +130,18 @@ TEST(LilyPond, RepeatsEndWithTheirOwnBarline) {
         EXPECT_TRUE(Has(text, part)) << part << " in\n" << text;
     score.Bars[0].Repeats.IsEnd = true;
     EXPECT_FALSE(Has(LilyPondText(score, "x", Layout::Both, false), "\\bar \"|.\""));
+    score.Bars.push_back(score.Bars[0]);
+    EXPECT_TRUE(Has(LilyPondText(score, "x", Layout::Both, false), "\\bar \":..:\"")) << "two that meet";
+}
+
+TEST(LilyPond, ChangesStringsBetweenBars) {
+    ScoreModel score = TestSupport::ScoreOf({{1024}});
+    score.Bars.push_back(score.Bars[0]);
+    score.Bars[1].Tuning = {28, 33, 38, 43};
+    EXPECT_TRUE(Has(LilyPondText(score, "", Layout::Both, false), "BarLine.bar-extent = #'(-3.75 . 3.75)"))
+        << "the barline reaches the six strings that end";
+    score.Bars[1].Tuning = {35, 40, 45, 50, 55, 59, 64};
+    EXPECT_FALSE(Has(LilyPondText(score, "", Layout::Both, false), "bar-extent")) << "seven are higher";
 }
 
 TEST(LilyPond, BreaksLinesAsTheTextDoes) {

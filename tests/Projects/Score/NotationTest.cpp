@@ -93,7 +93,9 @@ TEST(Notation, APickupIsTheEndOfABar) {
     score.Bars.push_back(ScoreOf({{256}, {512}}).Bars[0]);
     EXPECT_EQ("0:256.~ 384:128- 512:128 |0:256 256:512 |", Written(score)) << "it begins off the beat";
     EXPECT_TRUE(WriteOut(score)[0].IsPickup);
-    EXPECT_FALSE(WriteOut(score)[1].IsPickup);
+    score.Bars.push_back(ScoreOf({{128}}).Bars[0]);
+    EXPECT_FALSE(WriteOut(score)[2].IsPickup);
+    score.Bars.pop_back();
     EXPECT_EQ(128, WriteOut(score)[0].GetOffset());
     score.Bars[0].Length = 768;
     EXPECT_EQ("0:512 512:128 640:128r |0:256 256:512 |", Written(score)) << "nor is a whole bar";
@@ -122,6 +124,7 @@ TEST(Notation, BeamsJoinTheNotesOfABeat) {
         {{{128}, {128}, {128}, {128}}, {2, 4}, "[ ] [ ] ", "a beat elsewhere"},
         {{{64}, {64}, {64}, {64}, {128}, {128}}, {2, 4}, "[[ == == ]] [ ] ", "two beams"},
         {{{192}, {64}, {64}, {192}}, {2, 4}, "[ ]< [> ] ", "hooks point into their beat"},
+        {{{96}, {32}, {64}, {64}}, {1, 4}, "[[ ==< == ]] ", "also inside it"},
         {{{64}, {128}, {64}}, {1, 4}, "[> = ]< ", "also at both ends"},
         {{{128}, {32}, {96}}, {1, 4}, "[ =[> ]] ", "a hook of the third beam stands on two whole ones"},
         {{{128}, {-128}, {128}, {128}}, {2, 4}, ". . [ ] ", "a note alone has flags, and rests part"},
