@@ -15,9 +15,10 @@ using Score::Numbered;
 using Fretline::RhythmLineKind;
 using Fretline::TabBar;
 
-std::string Timing(const TabBar& bar) {
+std::string Timing(const TabBar& bar, const KnownPlaces& places) {
     const Fretline::RhythmLine& line = bar.GetRhythmLine();
-    const std::string place = Numbered(" in line ", line.m_Line + 1);
+    const std::string place =
+        line.m_Line < 0 ? std::string() : Numbered(" in line ", places.LineNumber(line.m_Line));
     const std::string unused = bar.HasRhythms() ? "" : " (not used: rhythms are not to be imported)";
     switch (line.m_Kind) {
     case RhythmLineKind::NoteLengths:
@@ -30,20 +31,25 @@ std::string Timing(const TabBar& bar) {
     }
 }
 
-std::string Columns(const TabBar& bar) {
+// As the user counts it, in the first line of the bar's stave.
+int ColumnNumber(const TabBar& bar, int columnOfBar, const KnownPlaces& places) {
+    return places.ColumnNumber(bar.GetFirstLine(), bar.GetStartColumn() + columnOfBar);
+}
+
+std::string Columns(const TabBar& bar, const KnownPlaces& places) {
     std::string text;
     for (const auto& [key, column] : bar.GetColumns())
-        text += (text.empty() ? "" : ", ") + std::to_string(bar.GetStartColumn() + key + 1) + " at " +
+        text += (text.empty() ? "" : ", ") + std::to_string(ColumnNumber(bar, key, places)) + " at " +
                 std::to_string(column->m_Position) + " for " + std::to_string(column->m_Duration) +
                 (column->m_Tied ? " (tied)" : "");
     return text.empty() ? "no column with a number: a rest" : "columns: " + text;
 }
 
-std::string Chord(const TabBar& bar, const Fretline::ChordReading& reading) {
+std::string Chord(const TabBar& bar, const Fretline::ChordReading& reading, const KnownPlaces& places) {
     std::string text = std::string("chord ") + Fretline::GetChordText(*reading.m_Chord).CStr();
     if (reading.m_Column == nullptr)
         return text + ": dropped, the bar has no column";
-    text += Numbered(": to column ", bar.GetStartColumn() + reading.m_Column->m_Column + 1);
+    text += Numbered(": to column ", ColumnNumber(bar, reading.m_Column->m_Column, places));
     if (!reading.m_Attached)
         return text + ", but another chord is nearer there";
     return reading.m_Written ? text : text + ", but another chord sounds with it";
@@ -51,10 +57,10 @@ std::string Chord(const TabBar& bar, const Fretline::ChordReading& reading) {
 
 } // namespace
 
-ExplainedBar DescribeBar(const TabBar& bar, int number) {
+ExplainedBar DescribeBar(const TabBar& bar, int number, const KnownPlaces& places) {
     ExplainedBar explained;
-    explained.Heading = Numbered(Numbered("bar ", number) + ", columns ", bar.GetStartColumn() + 1) + " to " +
-                        std::to_string(bar.GetStartColumn() + bar.GetWidth()) + ", " +
+    explained.Heading = Numbered(Numbered("bar ", number) + ", columns ", ColumnNumber(bar, 0, places)) +
+                        " to " + std::to_string(ColumnNumber(bar, bar.GetWidth() - 1, places)) + ", " +
                         std::to_string(bar.GetBarLength()) + " units";
     if (const Fretline::TabTimeSignature* time = bar.GetTimeSignature())
         explained.Heading += Numbered(Numbered(", ", time->m_Numerator) + "/", time->m_Denominator);
@@ -62,10 +68,10 @@ ExplainedBar DescribeBar(const TabBar& bar, int number) {
         explained.Heading += std::string(", \"") + label->GetText().CStr() + "\"";
     if (bar.ScoreBarCount() != 1)
         explained.Heading += Numbered(", gives ", bar.ScoreBarCount()) + " bars of the score";
-    explained.Notes.push_back(Timing(bar));
-    explained.Notes.push_back(Columns(bar));
+    explained.Notes.push_back(Timing(bar, places));
+    explained.Notes.push_back(Columns(bar, places));
     for (const Fretline::ChordReading& reading : bar.GetChordReadings())
-        explained.Notes.push_back(Chord(bar, reading));
+        explained.Notes.push_back(Chord(bar, reading, places));
     return explained;
 }
 

@@ -32,8 +32,8 @@ using Fretline::TabStave;
 // Lays what was read over the text.
 class Explainer {
 public:
-    explicit Explainer(const TabText::TabReading& reading)
-        : m_Reading(reading), m_File(reading.GetFile()), m_Analysis(reading.GetAnalysis()),
+    Explainer(const TabText::TabReading& reading, const TabText::LineMap* map)
+        : m_Places(map), m_Reading(reading), m_File(reading.GetFile()), m_Analysis(reading.GetAnalysis()),
           m_NextBar(reading.GetBars().begin()) {}
 
     Explanation Explain() {
@@ -55,8 +55,13 @@ public:
 
 private:
     void CopyText() {
+        int known = 0;
         for (int line = 0; line < m_File.GetLineCount(); ++line) {
             ExplainedLine explained;
+            // A line that was added stands for one that has its number already.
+            const int number = m_Places.LineNumber(line);
+            explained.Number = number == known ? 0 : number;
+            known = number;
             explained.Text = m_File.GetLine(line);
             explained.Marks.assign(explained.Text.size(), Recognised::Nothing);
             explained.IsDoubtful.assign(explained.Text.size(), false);
@@ -77,7 +82,8 @@ private:
             for (int line = ignored.First; line <= ignored.Last && line < m_File.GetLineCount(); ++line)
                 Mark(line, 0, m_File.GetLineLength(line), Recognised::IgnoredLine);
             if (ignored.First < m_File.GetLineCount())
-                m_Explanation.Lines[static_cast<std::size_t>(ignored.First)].Notes.push_back(ignored.Message);
+                m_Explanation.Lines[static_cast<std::size_t>(ignored.First)].Notes.push_back(
+                    m_Places.InSentence(ignored.Message));
         }
     }
 
@@ -113,7 +119,7 @@ private:
         MarkChords(bar);
         if (bar.GetLabel() != nullptr)
             m_TakenLabels.insert(bar.GetLabel());
-        return DescribeBar(bar, ++m_BarNumber);
+        return DescribeBar(bar, ++m_BarNumber, m_Places);
     }
 
     void MarkColumn(const TabBar& bar, const TabColumn& column) {
@@ -167,8 +173,9 @@ private:
         for (const TabText::NoteMark& mark : markings.Notes) {
             if (mark.What.Kind != Score::Technique::Dead)
                 MarkSign(mark.Line, mark.Column, mark.EndColumn);
-            bars[mark.Bar]->Notes.push_back(Numbered("column ", mark.NoteColumn + 1) +
-                                            Numbered(" of line ", mark.NoteLine + 1) + ": " +
+            const TabText::TextPlace place = m_Places.At(mark.NoteLine, mark.NoteColumn);
+            bars[mark.Bar]->Notes.push_back(Numbered("column ", place.Column + 1) +
+                                            Numbered(" of line ", place.Line + 1) + ": " +
                                             WhatIsPlayed(mark.What));
         }
         for (const TabText::BarMark& mark : markings.Bars) {
@@ -200,11 +207,12 @@ private:
         const std::size_t end = std::min(line.IsDoubtful.size(), static_cast<std::size_t>(doubt.EndColumn));
         for (auto column = static_cast<std::size_t>(doubt.Column); column < end; ++column)
             line.IsDoubtful[column] = true;
-        line.Doubts.push_back(Numbered("column ", doubt.Column + 1) + ", " +
+        line.Doubts.push_back(Numbered("column ", m_Places.ColumnNumber(doubt.Line, doubt.Column)) + ", " +
                               TabText::NameOf(doubt.Kind).Name + ": " + doubt.What +
                               ". To try: " + doubt.Try);
     }
 
+    KnownPlaces m_Places;
     const TabText::TabReading& m_Reading;
     const Fretline::TabFile& m_File;
     const Fretline::TabAnalysis& m_Analysis;
@@ -240,8 +248,8 @@ std::size_t ExplainedLine::EndOfStretch(std::size_t column) const {
     return end;
 }
 
-Explanation Explanation::Of(const TabText::TabReading& reading) {
-    return Explainer(reading).Explain();
+Explanation Explanation::Of(const TabText::TabReading& reading, const std::optional<TabText::LineMap>& map) {
+    return Explainer(reading, map ? &*map : nullptr).Explain();
 }
 
 std::span<const RecognisedName> AllRecognised() {

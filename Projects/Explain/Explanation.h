@@ -1,8 +1,10 @@
 #pragma once
 
+#include "Projects/TabText/LineMap.h"
 #include "Projects/TabText/MarkingSigns.h"
 #include "Projects/TabText/TabReading.h"
 
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -31,8 +33,10 @@ enum class Recognised {
     IgnoredLine,
 };
 
-/// One line of the tab as it was typed, with what each of its characters was taken for.
+/// One line of the tab as it was read, with what each of its characters was taken for.
 struct ExplainedLine {
+    /// The line's number as the user knows it, from 1; 0 for a line that a preparation added.
+    int Number = 0;
     /// In the tab's code page, tabs expanded.
     std::string Text;
     /// One entry a character.
@@ -68,8 +72,10 @@ struct Explanation {
     /// What players wrote beyond what a score holds, with its meaning: rows of TabText::SignTable.
     std::vector<TabText::SignRow> Signs;
 
-    /// A tab that could not be read gives no lines.
-    static Explanation Of(const TabText::TabReading& reading);
+    /// A tab that could not be read gives no lines. Of a text that was prepared, `map` gives the places as
+    /// the user knows them: all numbers of lines and columns in the explanation are those.
+    static Explanation Of(const TabText::TabReading& reading,
+                          const std::optional<TabText::LineMap>& map = std::nullopt);
 };
 
 /// The name of what was recognised, and the one letter that stands for it where there is no colour.

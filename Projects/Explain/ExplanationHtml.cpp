@@ -46,8 +46,8 @@ void AddSpan(xml_node parent, const std::string& style, const std::string& text)
     Add(parent, "span", text).append_attribute("class").set_value(style.c_str());
 }
 
-void AddLine(xml_node pre, std::size_t number, const ExplainedLine& line) {
-    std::string digits = std::to_string(number);
+void AddLine(xml_node pre, const ExplainedLine& line) {
+    std::string digits = line.Number == 0 ? std::string() : std::to_string(line.Number);
     digits.insert(0, digits.size() < 5 ? 5 - digits.size() : 0, ' ');
     AddSpan(pre, "number", digits + "  ");
     for (std::size_t column = 0; column < line.Text.size();) {
@@ -118,7 +118,7 @@ std::string ExplanationHtml(const Explanation& explanation, const std::string& t
     for (std::size_t index = 0; index < explanation.Lines.size(); ++index) {
         if (!pre)
             pre = Add(body, "pre");
-        AddLine(pre, index + 1, explanation.Lines[index]);
+        AddLine(pre, explanation.Lines[index]);
         if (stave == explanation.Staves.end() || stave->LastLine != static_cast<int>(index))
             continue;
         AddStave(body, *stave++);

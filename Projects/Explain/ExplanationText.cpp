@@ -12,8 +12,8 @@ using Score::ToUtf8;
 
 constexpr std::size_t kNumberWidth = 5;
 
-std::string Number(std::size_t number) {
-    const std::string digits = std::to_string(number);
+std::string Number(int number) {
+    const std::string digits = number == 0 ? std::string() : std::to_string(number);
     return std::string(kNumberWidth - std::min(kNumberWidth, digits.size()), ' ') + digits + "  ";
 }
 
@@ -104,7 +104,7 @@ std::string ExplanationText(const Explanation& explanation, bool hasColour) {
     auto stave = explanation.Staves.begin();
     for (std::size_t index = 0; index < explanation.Lines.size(); ++index) {
         const ExplainedLine& line = explanation.Lines[index];
-        text += Number(index + 1) + (hasColour ? Coloured(line) : ToUtf8(line.Text)) + "\n";
+        text += Number(line.Number) + (hasColour ? Coloured(line) : ToUtf8(line.Text)) + "\n";
         text += BelowLine(line, indent, hasColour);
         if (stave == explanation.Staves.end() || stave->LastLine != static_cast<int>(index))
             continue;

@@ -37,7 +37,8 @@ std::string WriteLilyPond(const Conversion& conversion, std::string& /*why*/) {
 
 std::string WriteExplanation(const Conversion& conversion, std::string& why) {
     if (const TabText::TabReading* reading = conversion.GetReading())
-        return Explain::ExplanationHtml(Explain::Explanation::Of(*reading), conversion.Title);
+        return Explain::ExplanationHtml(Explain::Explanation::Of(*reading, conversion.Tab->Map),
+                                        conversion.Title);
     why = "only a tab can be explained, a finished score no longer knows its text";
     return {};
 }

@@ -52,7 +52,7 @@ private:
 
 Json LinesJson(const Formats::Conversion& conversion) {
     Json list = Json::array();
-    const auto explanation = Explain::Explanation::Of(*conversion.GetReading());
+    const auto explanation = Explain::Explanation::Of(*conversion.GetReading(), conversion.Tab->Map);
     for (const Explain::OriginalLine& line : Explain::OriginalSpans(explanation, conversion.Tab->Map)) {
         Json spans = Json::array();
         for (const Explain::OriginalSpan& span : line.Spans)

@@ -225,8 +225,11 @@ std::string Converter::Printed(const Input& input, const Opened& opened,
         return Formats::JsonText(conversion, files) + "\n";
     case Printing::Explanation:
         if (const TabText::TabReading* reading = conversion.GetReading())
-            return (opened.Changes.empty() ? "" : "Prepared:\n" + opened.Changes + "\nThe prepared text:\n") +
-                   Explain::ExplanationText(Explain::Explanation::Of(*reading), Terminal::HasColour());
+            return (opened.Changes.empty() ? ""
+                                           : "Prepared:\n" + opened.Changes +
+                                                 "\nThe prepared text, by the numbers of the original:\n") +
+                   Explain::ExplanationText(Explain::Explanation::Of(*reading, conversion.Tab->Map),
+                                            Terminal::HasColour());
         return name + ": only a tab can be explained, a finished score no longer knows its text\n";
     case Printing::Summary:
         break;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 namespace TabText {
@@ -45,5 +46,8 @@ public:
 private:
     std::vector<Line> m_Lines;
 };
+
+/// A sentence that speaks of lines of the prepared text, counted from 1, of those of the original.
+std::string WithOriginalLines(const std::string& sentence, const LineMap& map);
 
 } // namespace TabText
