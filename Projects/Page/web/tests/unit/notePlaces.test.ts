@@ -52,6 +52,8 @@ describe('notes of the score and of the text', () => {
         expect(joined.notesBetween(4, 10, 4, 34)).toEqual([high, triplet]);
         expect(joined.notesBetween(4, 11, 9, 10)).toEqual([triplet, second]);
         expect(joined.notesBetween(4, 12, 9, 11)).toEqual([second, low]);
+        // Half of a number is that number.
+        expect(joined.notesBetween(4, 35, 4, 40)).toEqual([second]);
     });
 
     it('are joined in order where a pick-up is engraved without its rest', () => {
