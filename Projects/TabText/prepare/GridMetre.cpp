@@ -74,7 +74,7 @@ std::vector<RhythmSign> GridMetre::CountsOf(const BarGrid& grid) const {
     // Numbers of two digits would be two beats.
     constexpr int kLargestNumber = 9;
     constexpr int kBeatsOfAGroup = 3;
-    // The last beat has to stand well behind the middle of the bar.
+    // The last beat has to stand well after the middle of the bar.
     constexpr int kFewestSigns = 3;
     const bool hasRoom = grid.Step > 1 && grid.Slots % (2 * m_Beats) == 0;
     const bool isHalved = hasRoom || m_Beats < kFewestSigns;

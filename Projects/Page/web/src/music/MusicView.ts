@@ -24,7 +24,7 @@ const onPaper = { ink: '#000000', faint: '#555555' };
 export class MusicView {
     /** Null until the library is loaded. */
     api: AlphaTabApi | null = null;
-    private library: Library | null = null;
+    private engraver: Library | null = null;
     private score: model.Score | null = null;
     private result: Result | null = null;
     private places = new NotePlaces<model.Note>([], []);
@@ -45,7 +45,7 @@ export class MusicView {
     /** Loads the library and makes the player; the score can be shown from then on. */
     async start(colours: Colours): Promise<AlphaTabApi> {
         const library = await loadLibrary();
-        this.library = library;
+        this.engraver = library;
         const settings = new library.Settings();
         settings.core.fontDirectory = libraryFile('font/');
         settings.core.smuflFontSources = new Map([
@@ -77,10 +77,10 @@ export class MusicView {
 
     /** Draws a score that was taken, and knows its notes' places. */
     show(result: Result): void {
-        if (!this.api || !this.library || !result.files.musicxml) return;
+        if (!this.api || !this.engraver || !result.files.musicxml) return;
 
-        const score = readScore(this.library, result, this.staves);
-        dress(this.library, score, result, this.api.settings.display.resources);
+        const score = readScore(this.engraver, result, this.staves);
+        dress(this.engraver, score, result, this.api.settings.display.resources);
         this.score = score;
         this.result = result;
         this.places = new NotePlaces(struckNotes(score), result.notes);
@@ -90,10 +90,10 @@ export class MusicView {
 
     showStaves(staves: Staves): void {
         this.staves = staves;
-        if (!this.score || !this.api || !this.library) return;
+        if (!this.score || !this.api || !this.engraver) return;
         showStaves(this.score, staves);
         // Without notes above it, the TAB shows how long they last.
-        const { Hidden, ShowWithBars } = this.library.TabRhythmMode;
+        const { Hidden, ShowWithBars } = this.engraver.TabRhythmMode;
         this.api.settings.notation.rhythmMode =
             staves === 'tab' && this.result?.json.rhythms ? ShowWithBars : Hidden;
         this.api.updateSettings();
@@ -140,9 +140,9 @@ export class MusicView {
 
     /** The score as a Guitar Pro file, by the library's own writer. */
     exportGuitarPro(): Uint8Array | null {
-        if (!this.library || !this.result) return null;
-        const score = readScore(this.library, this.result, this.staves);
-        return new this.library.exporter.Gp7Exporter().export(score, this.api?.settings ?? null);
+        if (!this.engraver || !this.result) return null;
+        const score = readScore(this.engraver, this.result, this.staves);
+        return new this.engraver.exporter.Gp7Exporter().export(score, this.api?.settings ?? null);
     }
 
     /** Crotchets a minute; 0 where there is no score. */
@@ -174,16 +174,16 @@ export class MusicView {
     }
 
     private applyColours(settings: AlphaTabApi['settings'], { ink, faint, accent }: Colours): void {
-        const { Color } = this.library!.model;
+        const { Color } = this.engraver!.model;
         const resources = settings.display.resources;
         const colour = (text: string) => Color.fromJson(text)!;
-        const bold = new this.library!.model.Font(
+        const bold = new this.engraver!.model.Font(
             'Georgia, serif',
             14,
-            this.library!.model.FontStyle.Plain,
-            this.library!.model.FontWeight.Bold,
+            this.engraver!.model.FontStyle.Plain,
+            this.engraver!.model.FontWeight.Bold,
         );
-        resources.elementFonts.set(this.library!.NotationElement.EffectText, bold);
+        resources.elementFonts.set(this.engraver!.NotationElement.EffectText, bold);
         resources.mainGlyphColor = colour(ink);
         resources.scoreInfoColor = colour(ink);
         resources.secondaryGlyphColor = colour(faint);
