@@ -126,14 +126,16 @@ Json DoubtsJson(const std::vector<TabText::Doubt>& doubts) {
     return list;
 }
 
-Json MarksJson(const TabText::TabReading& reading, const TabText::Markings& markings) {
+Json MarksJson(const TabText::TabReading& reading, const TabText::Markings& markings, const TabPlace& tab) {
     Json list = Json::array();
-    for (const TabText::NoteMark& mark : markings.Notes)
+    for (const TabText::NoteMark& mark : markings.Notes) {
+        const TabText::TextPlace place = tab.ToOriginal(mark.NoteLine, mark.NoteColumn);
         list.push_back({{"kind", Score::NameOf(mark.What.Kind).Id},
                         {"amount", mark.What.Amount},
                         {"bar", reading.GetBars()[mark.Bar].FirstScoreBar + 1},
-                        {"line", mark.NoteLine + 1},
-                        {"column", mark.NoteColumn + 1}});
+                        {"line", place.Line + 1},
+                        {"column", place.Column + 1}});
+    }
     return list;
 }
 
@@ -213,7 +215,7 @@ std::string JsonText(const Conversion& conversion, std::span<const std::string> 
         json["repeats"] = RepeatsJson(model);
         AddIfAny(json, "jumps", JumpsJson(model));
         AddIfAny(json, "tempoChanges", TemposJson(model));
-        json["techniques"] = MarksJson(*reading, conversion.GetMarkings());
+        json["techniques"] = MarksJson(*reading, conversion.GetMarkings(), *conversion.Tab);
         json["warnings"] = WarningsJson(*reading, *conversion.Tab);
         json["doubts"] = DoubtsJson(conversion.GetDoubts());
     }

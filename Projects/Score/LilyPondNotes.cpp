@@ -11,6 +11,7 @@ namespace Score {
 namespace {
 
 constexpr int kMiddleOctave = 3;
+constexpr int kQuarterTonesOfASemitone = 2;
 constexpr int kQuarterTonesOfAStep = 4;
 
 // A value with more flags than this is drawn as this one, and lasts as long as it does.
@@ -220,11 +221,13 @@ std::string LilyPondNotes::BendAt(const WrittenPiece& piece, const WrittenPiece*
                          next->Notes->size() == 1 &&
                          piece.Notes->front().String == next->Notes->front().String;
     const int rise = isAlone ? next->Notes->front().Midi - piece.Notes->front().Midi : 0;
-    const bool isDrawn = (bend != nullptr && rise > 0) || (isRelease && rise < 0);
+    const bool isTarget = bend != nullptr && rise > 0 && rise * kQuarterTonesOfASemitone == bend->Amount;
+    const bool isDrawn = isTarget || (isRelease && rise < 0);
     m_IsBent = bend != nullptr && isDrawn;
     std::string text;
     if (bend != nullptr)
-        text = "^\\markup \\tiny " + QuotedText("bend " + BendText(bend->Amount));
+        text = "^\\markup \\tiny " + QuotedText("bend " + BendText(bend->Amount) +
+                                                (FindIn(piece, Technique::Release) ? ", release" : ""));
     if (isDrawn)
         return text + "\\^";
     return bend == nullptr ? "" : text + "\\bendAfter #2 ";

@@ -78,7 +78,14 @@ void AddRamp(std::vector<PitchBend>& bends, int string, int start, int end, int 
                          BendValue(quarterTones) * step / kStepsOfABend});
 }
 
-// A slide takes the last third of its note, a bend the first half.
+// And back; the last step is that to 0.
+void AddRelease(std::vector<PitchBend>& bends, int string, int start, int end, int quarterTones) {
+    for (int step = 1; step < kStepsOfABend; ++step)
+        bends.push_back({start + (end - start) * step / kStepsOfABend, string,
+                         BendValue(quarterTones) * (kStepsOfABend - step) / kStepsOfABend});
+}
+
+// A slide takes the last third of its note, a bend the first half, its release the last third.
 void AddBends(std::vector<PitchBend>& bends, const SoundingNote& note, const SoundingNote* next) {
     const int length = note.End - note.Start;
     const ModelTechnique* bend = FindTechnique(*note.Techniques, Technique::Bend);
@@ -87,7 +94,9 @@ void AddBends(std::vector<PitchBend>& bends, const SoundingNote& note, const Sou
         return;
     if (bend != nullptr)
         AddRamp(bends, note.String, note.Start, note.Start + length / 2, bend->Amount);
-    else
+    if (bend != nullptr && Has(note, Technique::Release))
+        AddRelease(bends, note.String, note.End - length / 3, note.End, bend->Amount);
+    if (bend == nullptr)
         AddRamp(bends, note.String, note.End - length / 3, note.End,
                 (next->Midi - note.Midi) * kQuarterTonesPerSemitone);
     bends.push_back({note.End, note.String, 0});

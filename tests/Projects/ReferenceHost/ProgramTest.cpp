@@ -1,6 +1,7 @@
 // The reference host as its user meets it: the program is run, its output and exit code are looked at.
 
 #include "tests/support/ScratchFolder.h"
+#include "tests/support/TabText.h"
 
 #include <gtest/gtest.h>
 
@@ -216,6 +217,12 @@ TEST_F(Program, PreparesAnUntidyTabWhenAsked) {
         EXPECT_TRUE(Has(explained.Text, part)) << part << " in\n" << explained.Text;
     EXPECT_TRUE(Has(Run("untidy.tab --prepare=ascii").Text, "Notes          3"));
     EXPECT_EQ(2, Run("untidy.tab --prepare=nonsense").ExitCode);
+    Write("glued.tab",
+          "PM---------------|\n" + TestSupport::Stave("|-00--------2----|", 5) + "|---------7~~----|\n");
+    const std::string json = Run("glued.tab --prepare --json").Text;
+    EXPECT_TRUE(Has(json, R"({"kind":"vibrato","amount":0,"bar":1,"line":7,"column":11})"))
+        << "places of the original\n"
+        << json;
 }
 
 TEST_F(Program, WritesAScoreForEachPart) {

@@ -133,6 +133,12 @@ TEST(Midi, BendsTheStringOfABendOrSlide) {
     EXPECT_EQ("16: 14/1 42 65", bend[1]) << "an eighth of 1365 above 8192";
     EXPECT_EQ("128: 14/1 85 74", bend[8]) << "a sixth of the range, after half of the note";
     EXPECT_EQ("256: 14/1 0 64", bend[10]) << "and none after it";
+    score.Bars[0].Events[0].Notes[0].Techniques.push_back({Technique::Release, 0});
+    const std::vector<std::string> release = PlayedLines(score);
+    ASSERT_EQ(18U, release.size());
+    EXPECT_EQ("181: 14/1 42 73", release[9]) << "seven eighths of it, in the last third";
+    EXPECT_EQ("245: 14/1 42 65", release[15]) << "an eighth";
+    EXPECT_EQ("256: 14/1 0 64", release[17]);
     const std::string bytes = MidiBytes(score);
     const std::vector<std::string> all = PlainReader(bytes).Read();
     EXPECT_EQ(1, std::count(all.begin(), all.end(), "0: 11/1 6 12")) << "twelve semitones either way";
