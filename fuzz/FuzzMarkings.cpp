@@ -34,8 +34,8 @@ using FuzzSupport::Require;
 
 constexpr Score::Layout kLayouts[] = {Score::Layout::Both, Score::Layout::Tab, Score::Layout::Notes};
 
-void CheckDoubts(const TabText::TabReading& reading) {
-    const std::vector<TabText::Doubt> doubts = TabText::FindDoubts(reading);
+void CheckDoubts(const TabText::TabReading& reading, const TabText::Markings& markings) {
+    const std::vector<TabText::Doubt> doubts = TabText::FindDoubts(reading, markings);
     for (const TabText::Doubt& doubt : doubts) {
         Require(doubt.Line >= 0 && doubt.Line < reading.GetFile().GetLineCount(), "a doubt is about a line");
         Require(doubt.Column >= 0 && doubt.Column <= doubt.EndColumn, "a doubt has a place");
@@ -109,8 +109,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     options.SetRhythmLevel(data[0] % 3);
     options.Save();
     const TabText::TabReading reading(input.Path(), folder.Path());
-    CheckDoubts(reading);
     const TabText::Markings markings = TabText::ReadMarkings(reading);
+    CheckDoubts(reading, markings);
     CheckMarks(reading, markings);
 
     TestSupport::FakeOutput output;

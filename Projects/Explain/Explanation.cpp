@@ -48,7 +48,7 @@ public:
         const TabText::Markings markings = TabText::ReadMarkings(m_Reading);
         ExplainMarkings(markings);
         m_Explanation.Signs = TabText::SignsOf(m_Reading, markings);
-        for (const TabText::Doubt& doubt : TabText::FindDoubts(m_Reading))
+        for (const TabText::Doubt& doubt : TabText::FindDoubts(m_Reading, markings))
             ExplainDoubt(doubt);
         return std::move(m_Explanation);
     }

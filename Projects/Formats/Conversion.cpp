@@ -65,7 +65,8 @@ const TabText::Markings& Conversion::GetMarkings() const {
 const std::vector<TabText::Doubt>& Conversion::GetDoubts() const {
     if (!m_Doubts) {
         const TabText::TabReading* reading = GetReading();
-        m_Doubts = reading == nullptr ? std::vector<TabText::Doubt>() : TabText::FindDoubts(*reading);
+        m_Doubts =
+            reading == nullptr ? std::vector<TabText::Doubt>() : TabText::FindDoubts(*reading, GetMarkings());
         for (TabText::Doubt& doubt : *m_Doubts) {
             const TabText::TextPlace end = Tab->ToOriginal(doubt.Line, doubt.EndColumn);
             const TabText::TextPlace start = Tab->ToOriginal(doubt.Line, doubt.Column);

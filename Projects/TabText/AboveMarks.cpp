@@ -15,11 +15,11 @@ namespace TabText {
 
 namespace {
 
-// The stretch of a line that one annotation covers; the end is the column after it.
+// An annotation, and the stretch of its line that it covers; ends are the columns after them.
 struct Extent {
     Score::Technique Kind = Score::Technique::PalmMute;
-    int Line = 0;
-    int Column = 0;
+    SignSpan Span;
+    int FirstColumn = 0;
     int EndColumn = 0;
 };
 
@@ -53,17 +53,74 @@ std::size_t EndOfExtent(std::string_view line, std::size_t at) {
     return at;
 }
 
-void AppendExtents(const TabReading& reading, int line, std::vector<Extent>& extents) {
-    const std::string_view text = reading.GetFile().GetLine(line);
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const Sign* sign = SignAt(text, at);
-        if (sign == nullptr)
-            continue;
-        const std::size_t end = EndOfExtent(text, at + sign->Text.size());
-        extents.push_back({sign->Kind, line, static_cast<int>(at), static_cast<int>(end)});
-        at = end - 1;
+// The annotations of one line.
+class AnnotationLine {
+public:
+    AnnotationLine(const TabReading& reading, int line, std::vector<UnclearSign>& unclear)
+        : m_Line(line), m_Text(reading.GetFile().GetLine(line)), m_Unclear(unclear) {}
+
+    void AppendTo(std::vector<Extent>& extents) {
+        for (std::size_t at = 0; at < m_Text.size(); ++at)
+            if (const Sign* sign = SignAt(m_Text, at)) {
+                const std::size_t wordEnd = at + sign->Text.size();
+                m_End = EndOfExtent(m_Text, wordEnd);
+                const bool isDrawn =
+                    m_Text.substr(wordEnd, m_End - wordEnd).find_first_not_of('.') != std::string_view::npos;
+                if (IsDefined(wordEnd) || (!isDrawn && IsPlainWord(*sign, at)))
+                    continue;
+                const SignSpan span{m_Line, static_cast<int>(at), static_cast<int>(m_End)};
+                if (!isDrawn && IsAmongWords(at))
+                    m_Unclear.push_back({span, "it is not clear which notes it means"});
+                else
+                    extents.push_back({sign->Kind, span, StartOfExtent(at), span.EndColumn});
+                m_LastEnd = m_End;
+                at = m_End - 1;
+            }
     }
-}
+
+private:
+    // "PM = palm mute" says what it means.
+    bool IsDefined(std::size_t wordEnd) const {
+        const std::size_t separator = std::min(m_Text.find_first_not_of(' ', wordEnd), m_Text.size());
+        const std::string_view rest = m_Text.substr(separator);
+        const std::size_t meaning = rest.find_first_not_of("=:- ");
+        return rest.substr(0, 1).find_first_of("=:-") != std::string_view::npos && meaning <= 2 &&
+               Nvr::Ascii::IsAlpha(rest[meaning]);
+    }
+
+    // "Ah" is sung.
+    bool IsPlainWord(const Sign& sign, std::size_t at) const {
+        return sign.Text == "ah" && !Nvr::Ascii::IsUpper(m_Text[at + 1]);
+    }
+
+    static bool IsOneOfMusic(std::string_view word) {
+        return IsChordName(word) || SignAt(word, 0) != nullptr;
+    }
+
+    // One blank separates it from a word that is no sign or chord.
+    bool IsAmongWords(std::size_t at) const {
+        const bool isAfterOne = at >= m_LastEnd + 2 && m_Text[at - 1] == ' ' && m_Text[at - 2] != ' ';
+        if (isAfterOne && !IsOneOfMusic(WordsOf(m_Text.substr(0, at)).back().Text))
+            return true;
+        const bool isBeforeOne =
+            m_End + 1 < m_Text.size() && m_Text[m_End] == ' ' && Nvr::Ascii::IsAlpha(m_Text[m_End + 1]);
+        return isBeforeOne && !IsOneOfMusic(WordsOf(m_Text.substr(m_End)).front().Text);
+    }
+
+    // Dashes may stand before it too: "|--PM--|".
+    int StartOfExtent(std::size_t at) const {
+        while (at > m_LastEnd && IsPartOfExtent(m_Text[at - 1]))
+            --at;
+        return static_cast<int>(at);
+    }
+
+    int m_Line;
+    std::string_view m_Text;
+    std::vector<UnclearSign>& m_Unclear;
+    // Of the present sign with its dashes, and of the one before it.
+    std::size_t m_End = 0;
+    std::size_t m_LastEnd = 0;
+};
 
 // True when a note or a dead one begins at the column.
 bool IsPlayedAt(const StaveBars& stave, int column) {
@@ -79,19 +136,27 @@ bool IsPlayedAt(const StaveBars& stave, int column) {
                                                             std::prev(next)->second->m_Width;
 }
 
-// The strokes or accents of a line that has nothing else, each over a note of the stave; none for another
-// line. Letters of strokes alone could be a chord: both kinds must be there.
-std::vector<Extent> StrokesOf(const TabReading& reading, const StaveBars& stave, int line) {
+bool IsPlayedIn(const StaveBars& stave, int start, int end) {
+    for (int column = std::max(start, 0); column < end; ++column)
+        if (IsPlayedAt(stave, column))
+            return true;
+    return false;
+}
+
+// The strokes or accents of a line that has nothing else; none for another line. Letters of strokes alone
+// could be a chord: both kinds must be there.
+std::vector<Extent> StrokesOf(const TabReading& reading, int line) {
     std::vector<Extent> strokes;
     bool hasUpStroke = false;
     for (const Word& word : WordsOf(reading.GetFile().GetLine(line))) {
         const auto sign = std::find_if(AllSigns().begin(), AllSigns().end(), [&](const Sign& row) {
             return row.Place == SignPlace::Alone && IsSameWord(row.Text, word.Text);
         });
-        if (sign == AllSigns().end() || !IsPlayedAt(stave, word.Column))
+        if (sign == AllSigns().end())
             return {};
         hasUpStroke = hasUpStroke || sign->Kind == Score::Technique::UpStroke;
-        strokes.push_back({sign->Kind, line, word.Column, word.GetEndColumn()});
+        strokes.push_back(
+            {sign->Kind, {line, word.Column, word.GetEndColumn()}, word.Column, word.GetEndColumn()});
     }
     const auto isAccent = [](const Extent& stroke) { return stroke.Kind == Score::Technique::Accent; };
     const auto accents = std::count_if(strokes.begin(), strokes.end(), isAccent);
@@ -100,29 +165,88 @@ std::vector<Extent> StrokesOf(const TabReading& reading, const StaveBars& stave,
                                                                              : std::vector<Extent>();
 }
 
-std::vector<Extent> ExtentsAround(const TabReading& reading, const StaveBars& stave) {
-    std::vector<Extent> extents;
-    const auto append = [&](int line) {
-        const std::vector<Extent> strokes = StrokesOf(reading, stave, line);
-        extents.insert(extents.end(), strokes.begin(), strokes.end());
-    };
-    const int first = stave.Stave->GetFirstLine();
-    for (int line = std::max(first - kLinesAbove, 0); line < first; ++line) {
-        if (reading.GetAnalysis().IsStaveLine(line)) {
-            extents.clear();
-            continue;
-        }
-        AppendExtents(reading, line, extents);
-        // Right below another stave it belongs to that.
-        if (line + 1 == first || line == 0 || !reading.GetAnalysis().IsStaveLine(line - 1))
-            append(line);
+// Finds what stands above one stave and below it.
+class StaveAnnotations {
+public:
+    // `firstLine` is the first line that is not the stave's before.
+    StaveAnnotations(const TabReading& reading, const StaveBars& stave, int firstLine,
+                     std::vector<UnclearSign>& unclear)
+        : m_Reading(reading), m_Stave(stave), m_FirstLine(firstLine), m_Unclear(unclear) {}
+
+    std::vector<Extent> Find() {
+        const int first = m_Stave.Stave->GetFirstLine();
+        for (int line = std::max(first - kLinesAbove, m_FirstLine); line < first; ++line)
+            AppendLine(line);
+        for (int line = m_Stave.Stave->GetEndLine(); line < EndOfLines(); ++line)
+            AppendLine(line);
+        return std::move(m_Extents);
     }
-    const int below = stave.Stave->GetEndLine();
-    if (below < reading.GetFile().GetLineCount() && !reading.GetAnalysis().IsStaveLine(below) &&
-        (below + 1 >= reading.GetFile().GetLineCount() || !reading.GetAnalysis().IsStaveLine(below + 1)))
-        append(below);
-    return extents;
-}
+
+    // The line after the last that belongs to the stave: what stands right below it, where no other stave
+    // follows without a blank line.
+    int EndOfLines() const {
+        const int first = m_Stave.Stave->GetEndLine();
+        int line = first;
+        while (line < m_Reading.GetFile().GetLineCount() && !m_Reading.GetAnalysis().IsStaveLine(line) &&
+               line <= first + kLinesAbove && !WordsOf(m_Reading.GetFile().GetLine(line)).empty())
+            ++line;
+        const bool isCutOff = line > first + kLinesAbove || m_Reading.GetAnalysis().IsStaveLine(line);
+        return isCutOff ? first : line;
+    }
+
+private:
+    void AppendLine(int line) {
+        // One that gave no bar.
+        if (m_Reading.GetAnalysis().IsStaveLine(line)) {
+            m_Extents.clear();
+            return;
+        }
+        std::vector<Extent> extents = StrokesOf(m_Reading, line);
+        if (!extents.empty()) {
+            PutOverNotes(extents);
+        } else {
+            AnnotationLine(m_Reading, line, m_Unclear).AppendTo(extents);
+            std::erase_if(extents, [&](Extent& extent) { return !FindNotes(extent); });
+        }
+        m_Extents.insert(m_Extents.end(), extents.begin(), extents.end());
+    }
+
+    // All of them may stand one column off.
+    void PutOverNotes(std::vector<Extent>& strokes) {
+        for (const int shift : {0, -1, 1})
+            if (std::all_of(strokes.begin(), strokes.end(), [&](const Extent& stroke) {
+                    return IsPlayedAt(m_Stave, stroke.Span.Column + shift);
+                })) {
+                for (Extent& stroke : strokes) {
+                    stroke.FirstColumn += shift;
+                    stroke.EndColumn += shift;
+                }
+                return;
+            }
+        const SignSpan& first = strokes.front().Span;
+        m_Unclear.push_back(
+            {{first.Line, first.Column, strokes.back().Span.EndColumn}, "not all of them stand over notes"});
+        strokes.clear();
+    }
+
+    // It may begin one column right of the first note.
+    bool FindNotes(Extent& extent) {
+        if (IsPlayedIn(m_Stave, extent.FirstColumn, extent.EndColumn))
+            return true;
+        if (IsPlayedAt(m_Stave, extent.FirstColumn - 1)) {
+            --extent.FirstColumn;
+            return true;
+        }
+        m_Unclear.push_back({extent.Span, "no note stands under it"});
+        return false;
+    }
+
+    const TabReading& m_Reading;
+    const StaveBars& m_Stave;
+    int m_FirstLine;
+    std::vector<UnclearSign>& m_Unclear;
+    std::vector<Extent> m_Extents;
+};
 
 // Marks the notes under the extents, which are ordered by column within each line.
 void MarkNotesUnder(const std::vector<Extent>& extents, const TabReading& reading, const StaveBars& stave,
@@ -132,19 +256,23 @@ void MarkNotesUnder(const std::vector<Extent>& extents, const TabReading& readin
         for (const StruckNote& note : StruckNotesOf(*bar.Bar)) {
             // The last extent of a line that begins at the note or before it.
             for (auto next = extents.begin(); next != extents.end();) {
-                const auto endOfLine = std::find_if(
-                    next, extents.end(), [&](const Extent& extent) { return extent.Line != next->Line; });
+                const auto endOfLine = std::find_if(next, extents.end(), [&](const Extent& extent) {
+                    return extent.Span.Line != next->Span.Line;
+                });
                 const auto after =
-                    std::upper_bound(next, endOfLine, note.Column,
-                                     [](int column, const Extent& extent) { return column < extent.Column; });
-                if (after != next && note.Column < (after - 1)->EndColumn)
-                    marks.push_back({{(after - 1)->Kind, 0},
+                    std::upper_bound(next, endOfLine, note.Column, [](int column, const Extent& extent) {
+                        return column < extent.FirstColumn;
+                    });
+                if (after != next && note.Column < (after - 1)->EndColumn) {
+                    const Extent& extent = *(after - 1);
+                    marks.push_back({{extent.Kind, 0},
                                      barIndex,
                                      note.Line,
                                      note.Column,
-                                     (after - 1)->Line,
-                                     (after - 1)->Column,
-                                     (after - 1)->EndColumn});
+                                     extent.Span.Line,
+                                     extent.Span.Column,
+                                     extent.Span.EndColumn});
+                }
                 next = endOfLine;
             }
         }
@@ -153,10 +281,15 @@ void MarkNotesUnder(const std::vector<Extent>& extents, const TabReading& readin
 
 } // namespace
 
-void ReadMarksAbove(const TabReading& reading, std::vector<NoteMark>& marks) {
-    for (const StaveBars& stave : StavesWithBars(reading))
-        if (const std::vector<Extent> extents = ExtentsAround(reading, stave); !extents.empty())
+void ReadMarksAbove(const TabReading& reading, std::vector<NoteMark>& marks,
+                    std::vector<UnclearSign>& unclear) {
+    int line = 0;
+    for (const StaveBars& stave : StavesWithBars(reading)) {
+        StaveAnnotations annotations(reading, stave, line, unclear);
+        if (const std::vector<Extent> extents = annotations.Find(); !extents.empty())
             MarkNotesUnder(extents, reading, stave, marks);
+        line = annotations.EndOfLines();
+    }
 }
 
 } // namespace TabText

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Projects/TabText/Doubts.h"
+#include "Projects/TabText/Markings.h"
 #include "Projects/TabText/TabReading.h"
 
 #include <string>
@@ -27,6 +28,8 @@ private:
 
 /// Looks for the doubts of one kind. Each costs in proportion to the text.
 using DoubtFinder = void (*)(const TabReading& reading, DoubtSink& doubts);
+/// The same among the signs of the text; `markings` are those of the reading.
+using SignDoubtFinder = void (*)(const TabReading& reading, const Markings& markings, DoubtSink& doubts);
 
 // What was taken for a stave, and what was not (StaveDoubts.cpp).
 void FindStaveSizes(const TabReading& reading, DoubtSink& doubts);
@@ -59,7 +62,9 @@ void FindChordsFromWords(const TabReading& reading, DoubtSink& doubts);
 void FindCutChords(const TabReading& reading, DoubtSink& doubts);
 void FindCutLabels(const TabReading& reading, DoubtSink& doubts);
 void FindTimesInWords(const TabReading& reading, DoubtSink& doubts);
-void FindUnclearSigns(const TabReading& reading, DoubtSink& doubts);
+
+// Signs that were left out (SignDoubts.cpp).
+void FindUnclearSigns(const TabReading& reading, const Markings& markings, DoubtSink& doubts);
 
 // What the text says and the score does not use (WordDoubts.cpp).
 void FindStatedTunings(const TabReading& reading, DoubtSink& doubts);

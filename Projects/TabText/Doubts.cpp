@@ -15,6 +15,7 @@ struct DoubtRow {
     DoubtName Name;
     const char* Try;
     DoubtFinder Find;
+    SignDoubtFinder FindAmongSigns = nullptr;
 };
 
 constexpr std::array kRows{
@@ -84,8 +85,9 @@ constexpr std::array kRows{
     DoubtRow{{DoubtKind::TimeInWords, "time-in-words", "a time signature read from something else"},
              "write it without the slash, or below the last stave",
              FindTimesInWords},
-    DoubtRow{{DoubtKind::UnclearSign, "unclear-sign", "an ending or a jump that was left out"},
-             "write it over the bar that it means, with the signs that belong to it",
+    DoubtRow{{DoubtKind::UnclearSign, "unclear-sign", "an ending, a jump or an annotation that was left out"},
+             "write it over the bar or the notes that it means, with the signs that belong to it",
+             nullptr,
              FindUnclearSigns},
     DoubtRow{{DoubtKind::StatedTuning, "stated-tuning", "a tuning in words that was not used"},
              "write the letters of the strings before each line of the stave",
@@ -118,11 +120,14 @@ const DoubtName& NameOf(DoubtKind kind) {
     return kNames[static_cast<std::size_t>(kind)];
 }
 
-std::vector<Doubt> FindDoubts(const TabReading& reading) {
+std::vector<Doubt> FindDoubts(const TabReading& reading, const Markings& markings) {
     std::vector<Doubt> doubts;
     for (const DoubtRow& row : kRows) {
         DoubtSink sink(row.Name.Kind, row.Try, doubts);
-        row.Find(reading, sink);
+        if (row.Find != nullptr)
+            row.Find(reading, sink);
+        else
+            row.FindAmongSigns(reading, markings, sink);
     }
     std::stable_sort(doubts.begin(), doubts.end(), [](const Doubt& a, const Doubt& b) {
         return std::tie(a.Line, a.Column, a.Kind) < std::tie(b.Line, b.Column, b.Kind);

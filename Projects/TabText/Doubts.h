@@ -7,6 +7,7 @@
 namespace TabText {
 
 class TabReading;
+struct Markings;
 
 /// What can be doubtful about the reading of a tab.
 enum class DoubtKind {
@@ -65,9 +66,9 @@ struct DoubtName {
 std::span<const DoubtName> AllDoubtNames();
 const DoubtName& NameOf(DoubtKind kind);
 
-/// Everything doubtful about a reading, in order of place: by line, then column, then kind. Empty for a tidy
-/// tab. What goes on through several staves or several numbers of one bar is said once, where it begins.
-/// Costs in proportion to the text.
-std::vector<Doubt> FindDoubts(const TabReading& reading);
+/// Everything doubtful about a reading, whose markings are given as well, in order of place: by line, then
+/// column, then kind. Empty for a tidy tab. What goes on through several staves or several numbers of one bar
+/// is said once, where it begins. Costs in proportion to the text.
+std::vector<Doubt> FindDoubts(const TabReading& reading, const Markings& markings);
 
 } // namespace TabText

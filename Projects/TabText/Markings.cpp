@@ -33,7 +33,7 @@ Markings ReadMarkings(const TabReading& reading) {
             next = nullptr;
         ReadStringMarks(bar, next, index, signs, markings.Notes);
     }
-    ReadMarksAbove(reading, markings.Notes);
+    ReadMarksAbove(reading, markings.Notes, markings.Unclear);
     markings.Heading = ReadHeading(reading);
     BarMarks found;
     ReadRepeats(reading, found);
@@ -43,7 +43,7 @@ Markings ReadMarkings(const TabReading& reading) {
     for (auto& [bar, mark] : found.ByBar)
         markings.Bars.push_back(std::move(mark));
     markings.BarSigns = std::move(found.Signs);
-    markings.Unclear = std::move(found.Unclear);
+    markings.Unclear.insert(markings.Unclear.end(), found.Unclear.begin(), found.Unclear.end());
     return markings;
 }
 

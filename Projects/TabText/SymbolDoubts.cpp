@@ -4,9 +4,7 @@
 #include "Projects/Fretline/stave/TabChord.h"
 #include "Projects/Fretline/text/RiffLabel.h"
 #include "Projects/Fretline/text/TabTimeSignature.h"
-#include "Projects/TabText/BarMarks.h"
 #include "Projects/TabText/DoubtFinders.h"
-#include "Projects/TabText/RepeatMarks.h"
 #include "Projects/TabText/SymbolsInWords.h"
 #include "Projects/TabText/Words.h"
 #include "Shared/Utils/AsciiChars.h"
@@ -111,20 +109,6 @@ void FindTimesInWords(const TabReading& reading, DoubtSink& doubts) {
                    "\"" + std::string(WordAt(line, time->m_Column).Text) +
                        "\" was read as the time signature " + std::to_string(time->m_Numerator) + "/" +
                        std::to_string(time->m_Denominator));
-    }
-}
-
-void FindUnclearSigns(const TabReading& reading, DoubtSink& doubts) {
-    BarMarks marks;
-    ReadRepeats(reading, marks);
-    ReadEndings(reading, marks);
-    ReadJumps(reading, marks);
-    for (const UnclearSign& sign : marks.Unclear) {
-        const auto start = static_cast<std::size_t>(sign.Span.Column);
-        const auto length = static_cast<std::size_t>(sign.Span.EndColumn) - start;
-        const std::string_view text = reading.GetFile().GetLine(sign.Span.Line).substr(start, length);
-        doubts.Add(sign.Span.Line, sign.Span.Column, sign.Span.EndColumn,
-                   "\"" + std::string(text) + "\" was left out: " + sign.Why);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "Projects/TabText/Doubts.h"
 
+#include "Projects/TabText/Markings.h"
+
 #include "tests/Projects/TabText/ReadText.h"
 #include "tests/support/TabText.h"
 
@@ -17,7 +19,8 @@ using TestSupport::Stave;
 // Line and column of each doubt, counted from 1, and its kind: "3:5 glued-digits".
 std::string DoubtsOf(const std::string& text, int rhythmLevel = Fretline::kRhythmsWhenIndicated) {
     std::string found;
-    for (const TabText::Doubt& doubt : TabText::FindDoubts(*TestSupport::ReadText(text, rhythmLevel)))
+    const TestSupport::ReadText reading(text, rhythmLevel);
+    for (const TabText::Doubt& doubt : TabText::FindDoubts(*reading, TabText::ReadMarkings(*reading)))
         found += (found.empty() ? "" : ", ") + std::to_string(doubt.Line + 1) + ":" +
                  std::to_string(doubt.Column + 1) + " " + TabText::NameOf(doubt.Kind).Id;
     return found;
@@ -166,6 +169,10 @@ TEST(Doubts, OfSymbols) {
         {With("|-0---1---|", "Intro \xC3\xA8\n"), "1:7 other-bytes", "a label is"},
         {With("|-0---1---|-2---3---|", "   1.        2.\n\n"), "1:4 unclear-sign, 1:14 unclear-sign",
          "endings without a repeat"},
+        {With("|-0---1---|", "        PM\n\n"), "1:9 unclear-sign", "palm mute of no note"},
+        {With("|-0---1---|", "  let ring throughout\n\n"), "1:3 unclear-sign", "who knows how long"},
+        {With("|-0---1---|") + "\nPM = palm mute\n", "", "a legend"},
+        {With("|-0---1---|", "  D   U  D\n\n"), "1:3 unclear-sign", "a stroke over no note"},
         {With("|-0---1---|-2---3---|") + "D.C. al Fine\n", "7:1 unclear-sign", "a jump without its end"},
     });
 }
