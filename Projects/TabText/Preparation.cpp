@@ -1,7 +1,8 @@
 #include "Projects/TabText/Preparation.h"
 
+#include "Projects/TabText/TextParts.h"
 #include "Projects/TabText/prepare/Draft.h"
-#include "Projects/TabText/prepare/Parts.h"
+#include "Projects/TabText/prepare/DraftReading.h"
 #include "Projects/TabText/prepare/Steps.h"
 
 #include <algorithm>
@@ -107,7 +108,8 @@ std::vector<PartName> PartsOf(string_view text, const std::vector<const Preparat
     Draft draft(text);
     if (!RunToRest(draft, {steps.begin(), parts}))
         return {};
-    return FindParts(draft).Names;
+    const DraftReading reading(draft);
+    return FindParts(reading.GetFile(), reading.GetAnalysis()).Names;
 }
 
 } // namespace

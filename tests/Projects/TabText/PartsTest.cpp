@@ -1,7 +1,7 @@
 // Texts that show several parts.
 
+#include "Projects/TabText/PartLabels.h"
 #include "Projects/TabText/Preparation.h"
-#include "Projects/TabText/prepare/PartLabels.h"
 #include "tests/Projects/TabText/UntidyTabs.h"
 #include "tests/support/TabText.h"
 

@@ -1,4 +1,4 @@
-#include "Projects/TabText/prepare/PartLabels.h"
+#include "Projects/TabText/PartLabels.h"
 
 #include "Shared/Utils/AsciiChars.h"
 
