@@ -54,6 +54,19 @@ const Score::ScoreModel& Conversion::GetMusic() const {
     return m_Music;
 }
 
+const TabText::SplitScore& Conversion::GetSplit() const {
+    if (!m_Split) {
+        const TabText::TabReading* reading = GetReading();
+        m_Split = reading == nullptr ? TabText::SplitScore() : TabText::SplitParts(*reading, GetMusic());
+    }
+    return *m_Split;
+}
+
+Score::ScoreParts Conversion::GetParts() const {
+    const std::vector<Score::ScoreModel>& parts = GetSplit().Parts;
+    return parts.empty() ? Score::AsParts(GetMusic()) : Score::ScoreParts(parts);
+}
+
 const TabText::Markings& Conversion::GetMarkings() const {
     if (!m_Markings) {
         const TabText::TabReading* reading = GetReading();

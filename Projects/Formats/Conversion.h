@@ -1,10 +1,11 @@
 #pragma once
 
 #include "Projects/Score/LilyPond.h"
-#include "Projects/Score/ScoreModel.h"
+#include "Projects/Score/ScoreParts.h"
 #include "Projects/TabText/Doubts.h"
 #include "Projects/TabText/LineMap.h"
 #include "Projects/TabText/Markings.h"
+#include "Projects/TabText/SplitParts.h"
 #include "Projects/TabText/TabReading.h"
 #include "Shared/Utils/tree/TreeNode.h"
 
@@ -57,9 +58,14 @@ struct Conversion {
     /// and must still be in its place then.
     const TabText::TabReading* GetReading() const;
 
-    /// The score as music, with what the players wrote between the frets where its text is known; joined when
-    /// this is first asked for.
+    /// The score as music, in one part, with what the players wrote between the frets where its text is
+    /// known; joined when this is first asked for.
     const Score::ScoreModel& GetMusic() const;
+
+    /// The same as the parts that sound together, where its text shows several; else itself. Split when first
+    /// asked for, as is GetSplit, which is empty for one part.
+    Score::ScoreParts GetParts() const;
+    const TabText::SplitScore& GetSplit() const;
 
     /// What the players wrote between the frets and around the staves; nothing for a finished score. Read
     /// when first asked for.
@@ -72,6 +78,7 @@ struct Conversion {
 private:
     mutable Score::ScoreModel m_Music;
     mutable bool m_IsJoined = false;
+    mutable std::optional<TabText::SplitScore> m_Split;
     mutable std::unique_ptr<TabText::TabReading> m_Reading;
     mutable std::optional<TabText::Markings> m_Markings;
     mutable std::optional<std::vector<TabText::Doubt>> m_Doubts;

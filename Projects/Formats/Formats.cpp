@@ -20,11 +20,11 @@ std::string WriteScore(const Conversion& conversion, std::string& /*why*/) {
 }
 
 std::string WriteMusicXml(const Conversion& conversion, std::string& /*why*/) {
-    return Score::MusicXmlText(conversion.GetMusic());
+    return Score::MusicXmlText(conversion.GetParts());
 }
 
 std::string WriteMidi(const Conversion& conversion, std::string& /*why*/) {
-    return Score::MidiBytes(conversion.GetMusic());
+    return Score::MidiBytes(conversion.GetParts());
 }
 
 std::string WriteTreeText(const Conversion& conversion, std::string& /*why*/) {
@@ -32,7 +32,7 @@ std::string WriteTreeText(const Conversion& conversion, std::string& /*why*/) {
 }
 
 std::string WriteLilyPond(const Conversion& conversion, std::string& /*why*/) {
-    return Score::LilyPondText(conversion.GetMusic(), conversion.Title, conversion.Layout, false);
+    return Score::LilyPondText(conversion.GetParts(), conversion.Title, conversion.Layout, false);
 }
 
 std::string WriteExplanation(const Conversion& conversion, std::string& why) {

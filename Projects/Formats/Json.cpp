@@ -175,6 +175,20 @@ Json TemposJson(const ScoreModel& model) {
     });
 }
 
+// The parts that sound together in the exports, and the bars of the score that theirs are.
+Json PartsJson(const TabText::SplitScore& split) {
+    Json list = Json::array();
+    for (std::size_t part = 0; part < split.Parts.size(); ++part) {
+        Json bars = Json::array();
+        for (const TabText::PartBarSource& source : split.Sources[part])
+            bars.push_back(source.ScoreBar ? Json(*source.ScoreBar + 1) : Json(nullptr));
+        list.push_back({{"name", Score::ToUtf8(split.Parts[part].InstrumentName)},
+                        {"tuning", TuningJson(split.Parts[part].Tuning)},
+                        {"bars", std::move(bars)}});
+    }
+    return list;
+}
+
 // What few texts have, only where there is any.
 void AddIfAny(Json& json, const char* name, Json list) {
     if (!list.empty())
@@ -210,6 +224,7 @@ std::string JsonText(const Conversion& conversion, std::span<const std::string> 
               {"timeSignatures", SignaturesJson(model)}};
     if (const TabText::TabReading* reading = conversion.GetReading()) {
         json["bars"] = BarsJson(*reading, *conversion.Tab);
+        AddIfAny(json, "parts", PartsJson(conversion.GetSplit()));
         AddIfAny(json, "tuningChanges", TuningChangesJson(model));
         json["heading"] = HeadingJson(model.Heading);
         json["repeats"] = RepeatsJson(model);

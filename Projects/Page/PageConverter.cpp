@@ -68,13 +68,15 @@ Json LinesJson(const Formats::Conversion& conversion) {
 
 Json NotesJson(const Formats::Conversion& conversion) {
     Json list = Json::array();
-    for (const TabText::NotePlace& note :
-         TabText::NotePlaces(*conversion.GetReading(), conversion.GetMarkings(), conversion.GetMusic())) {
+    std::vector<TabText::NotePlace> notes =
+        TabText::NotePlaces(*conversion.GetReading(), conversion.GetMarkings(), conversion.GetMusic());
+    for (const TabText::NotePlace& note : TabText::PlacesInParts(std::move(notes), conversion.GetSplit())) {
         const TabText::TextPlace start = conversion.Tab->ToOriginal(note.Line, note.Column);
         const TabText::TextPlace end = conversion.Tab->ToOriginal(note.Line, note.EndColumn);
         list.push_back({{"line", start.Line},
                         {"column", start.Column},
                         {"end", std::max(end.Column, start.Column + 1)},
+                        {"part", note.Part},
                         {"bar", note.Bar},
                         {"position", note.Position},
                         {"tick", note.Tick},

@@ -237,7 +237,7 @@ std::string Converter::Printed(const Input& input, const Opened& opened,
     std::string text = Terminal::Bold(name) + "\n";
     if (input.What == Input::Kind::OtherText)
         text += SummaryLine("Opened as", "a tab, whatever its extension says");
-    text += SummaryText(conversion.GetMusic());
+    text += SummaryText(conversion.GetMusic()) + PartsSummary(conversion.GetParts());
     if (!m_Line.Verbose)
         text += MessageSummary(opened.Messages);
     if (!opened.Changes.empty())

@@ -66,6 +66,15 @@ std::string SummaryText(const ScoreModel& score) {
            SummaryLine("Chord symbols", std::to_string(score.CountChordSymbols())) + LabelLines(score);
 }
 
+std::string PartsSummary(Score::ScoreParts parts) {
+    if (parts.size() < 2)
+        return {};
+    std::string names;
+    for (const ScoreModel& part : parts)
+        names += (names.empty() ? "" : ", ") + ToUtf8(part.InstrumentName);
+    return SummaryLine("Parts", names + ": together in MusicXML, MIDI and LilyPond");
+}
+
 std::string DoubtSummary(std::span<const TabText::Doubt> doubts, bool isFull) {
     constexpr std::size_t kShown = 3;
     if (doubts.empty())

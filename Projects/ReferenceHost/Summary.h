@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Projects/Score/ScoreModel.h"
+#include "Projects/Score/ScoreParts.h"
 #include "Projects/TabText/Doubts.h"
 
 #include <span>
@@ -15,6 +15,9 @@ std::string SummaryLine(const std::string& name, const std::string& text);
 /// A short look at a finished score as lines for a person, each ending in a line end: instrument, tuning,
 /// bars, notes struck, whether rhythms were read, chord symbols, section labels with their bars.
 std::string SummaryText(const Score::ScoreModel& score);
+
+/// The parts that sound together in the exports; nothing for one part.
+std::string PartsSummary(Score::ScoreParts parts);
 
 /// The messages of the plug-in, those of one kind counted on one line.
 std::string MessageSummary(const std::vector<std::string>& messages);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Projects/Score/ScoreModel.h"
+#include "Projects/Score/ScoreParts.h"
 
 #include <string>
 
@@ -19,6 +19,12 @@ enum class Layout {
 /// section labels, and how notes are played where the tab's text was joined. All text is quoted, so that any
 /// score gives a file that compiles. `title` is used where the score has none. With `isOnePage` the music is
 /// set on a single page as high as it needs.
-std::string LilyPondText(const ScoreModel& score, const std::string& title, Layout layout, bool isOnePage);
+///
+/// Each of several parts has staves and variables of its own, named after it.
+std::string LilyPondText(ScoreParts parts, const std::string& title, Layout layout, bool isOnePage);
+inline std::string LilyPondText(const ScoreModel& score, const std::string& title, Layout layout,
+                                bool isOnePage) {
+    return LilyPondText(AsParts(score), title, layout, isOnePage);
+}
 
 } // namespace Score

@@ -169,7 +169,7 @@ std::string LilyPondPitch(const SpelledPitch& pitch) {
 std::string LilyPondNotes::Piece(const WrittenPiece& piece, const WrittenPiece* next) {
     const std::string duration = DurationText(piece.Value, piece.Dots);
     if (piece.Notes == nullptr)
-        return "r" + duration;
+        return (m_HasRhythms ? "r" : "s") + duration;
     std::string notes;
     for (std::size_t index = 0; index < piece.Notes->size(); ++index)
         if (const ModelNote& note = (*piece.Notes)[index]; !m_IsForTab || note.Fret >= 0)
@@ -244,8 +244,10 @@ std::string LilyPondNotes::MuteAt(const WrittenPiece& piece, const WrittenPiece*
     return goesOn ? "\\startTextSpan" : isMuted ? "^\\markup \\tiny \"P.M.\"" : "";
 }
 
-std::string LilyPondMarks(const ScoreModel& score) {
-    return Uses(score, Technique::Vibrato) ? kVibrato : "";
+std::string LilyPondMarks(ScoreParts parts) {
+    const bool usesVibrato = std::any_of(
+        parts.begin(), parts.end(), [](const ScoreModel& part) { return Uses(part, Technique::Vibrato); });
+    return usesVibrato ? kVibrato : "";
 }
 
 std::string LilyPondMuteLine(const ScoreModel& score) {

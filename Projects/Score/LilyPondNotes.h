@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Projects/Score/Notation.h"
-#include "Projects/Score/ScoreModel.h"
+#include "Projects/Score/ScoreParts.h"
 #include "Projects/Score/Spelling.h"
 
 #include <string>
@@ -20,16 +20,17 @@ std::string LengthText(int length);
 /// The same as a fraction of a whole note, such as "5/8".
 std::string FractionText(int length);
 
-/// The definitions that the signs at the notes of a score use, before the music; and how the line over muted
-/// notes looks, in the music before its notes.
-std::string LilyPondMarks(const ScoreModel& score);
+/// The definitions that the signs at the notes of the parts use, before the music; and how the line over
+/// muted notes looks, in the music of a part before its notes.
+std::string LilyPondMarks(ScoreParts parts);
 std::string LilyPondMuteLine(const ScoreModel& score);
 
 /// Writes notes, chords and rests one after the other. Borrows the score.
 class LilyPondNotes {
 public:
     /// `isForTab` leaves out what no fret gives.
-    LilyPondNotes(const ScoreModel& score, bool isForTab) : m_Tuning(&score.Tuning), m_IsForTab(isForTab) {}
+    LilyPondNotes(const ScoreModel& score, bool isForTab)
+        : m_Tuning(&score.Tuning), m_HasRhythms(score.HasRhythms), m_IsForTab(isForTab) {}
 
     /// The strings of the pieces from here on.
     const std::vector<int>& GetTuning() const { return *m_Tuning; }
@@ -46,6 +47,8 @@ private:
     std::string MuteAt(const WrittenPiece& piece, const WrittenPiece* next);
 
     const std::vector<int>* m_Tuning;
+    // Without them, a rest is room for what other parts have.
+    bool m_HasRhythms;
     bool m_IsForTab;
     bool m_IsSlurOpen = false;
     bool m_IsBent = false;

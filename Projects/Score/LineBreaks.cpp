@@ -16,22 +16,30 @@ struct Line {
     int Columns = 0;
 };
 
-std::vector<Line> LinesOf(const ScoreModel& score, const std::vector<WrittenBar>& bars) {
+// Of the part that has the most in that bar.
+std::size_t CountPieces(std::span<const std::vector<WrittenBar>> parts, std::size_t bar) {
+    std::size_t count = 0;
+    for (const std::vector<WrittenBar>& bars : parts)
+        count = std::max(count, bars[bar].Pieces.size());
+    return count;
+}
+
+std::vector<Line> LinesOf(const ScoreModel& score, std::span<const std::vector<WrittenBar>> parts) {
     std::vector<Line> lines;
-    for (std::size_t bar = 0; bar < bars.size(); ++bar) {
+    for (std::size_t bar = 0; bar < score.Bars.size(); ++bar) {
         if (lines.empty() || score.Bars[bar].BeginsLine)
             lines.push_back({});
         lines.back().End = bar + 1;
-        lines.back().Columns += static_cast<int>(bars[bar].Pieces.size()) + kColumnsOfABarline;
+        lines.back().Columns += static_cast<int>(CountPieces(parts, bar)) + kColumnsOfABarline;
     }
     return lines;
 }
 
 } // namespace
 
-std::vector<bool> LineBreaks(const ScoreModel& score, const std::vector<WrittenBar>& bars) {
-    std::vector<bool> breaks(bars.size());
-    const std::vector<Line> lines = LinesOf(score, bars);
+std::vector<bool> LineBreaks(const ScoreModel& score, std::span<const std::vector<WrittenBar>> parts) {
+    std::vector<bool> breaks(score.Bars.size());
+    const std::vector<Line> lines = LinesOf(score, parts);
     if (std::any_of(lines.begin(), lines.end(), [](const Line& line) { return line.Columns > kMostColumns; }))
         return breaks;
     int columns = 0;

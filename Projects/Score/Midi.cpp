@@ -14,7 +14,7 @@ namespace Score {
 namespace {
 
 constexpr int kDrumChannel = 9;
-constexpr int kLastChannel = 15;
+constexpr int kChannels = 15;
 constexpr int kMicrosecondsPerMinute = 60000000;
 // Crotchets a minute where nobody says.
 constexpr int kUsualTempo = 120;
@@ -110,9 +110,31 @@ std::string ConductorTrack(const ScoreModel& score, const std::vector<int>& star
     return Track(std::move(events));
 }
 
-// The lowest string has the first channel.
-int ChannelOf(int string) {
-    return std::min(string < kDrumChannel ? string : string + 1, kLastChannel);
+// The channels of one part, counted without that of the drums.
+struct PartChannels {
+    int First = 0;
+    int Count = kChannels;
+
+    // The lowest string has the first one.
+    int Of(int string) const {
+        const int channel = First + std::min(string, Count - 1);
+        return channel < kDrumChannel ? channel : channel + 1;
+    }
+};
+
+std::vector<PartChannels> ChannelsOf(ScoreParts parts) {
+    int strings = 0;
+    for (const ScoreModel& part : parts)
+        strings += part.CountStrings();
+    const int most = std::max(kChannels / static_cast<int>(parts.size()), 1);
+    std::vector<PartChannels> channels;
+    int next = 0;
+    for (const ScoreModel& part : parts) {
+        const int count = strings <= kChannels ? std::max(part.CountStrings(), 1) : most;
+        channels.push_back({std::min(next, kChannels - 1), count});
+        next += count;
+    }
+    return channels;
 }
 
 void AppendBendRange(std::vector<TimedBytes>& events, int channel) {
@@ -129,17 +151,17 @@ std::string BendBytes(int channel, int value) {
     return {Byte(kPitchBend | channel), Byte(wheel & 0x7F), Byte(wheel >> 7)};
 }
 
-std::string NoteTrack(const ScoreModel& score, int end) {
+std::string NoteTrack(const ScoreModel& score, const PartChannels& channels, int end) {
     std::vector<TimedBytes> events{{0, 0, Meta(kTrackName, score.InstrumentName)}};
     const int strings = score.CountStrings();
     for (int string = 0; string < strings; ++string)
-        events.push_back({0, 0, {Byte(kProgramChange | ChannelOf(string)), Byte(score.Program)}});
+        events.push_back({0, 0, {Byte(kProgramChange | channels.Of(string)), Byte(score.Program)}});
     const Playing playing = PlayNotes(SoundingNotes(score), score.Heading.Capo);
     if (!playing.Bends.empty())
         for (int string = 0; string < strings; ++string)
-            AppendBendRange(events, ChannelOf(string));
+            AppendBendRange(events, channels.Of(string));
     for (const PlayedNote& note : playing.Notes) {
-        const int channel = ChannelOf(note.String);
+        const int channel = channels.Of(note.String);
         if (note.End <= note.Start)
             continue;
         events.push_back({note.Start, 2, {Byte(kNoteOn | channel), Byte(note.Pitch), Byte(note.Velocity)}});
@@ -147,23 +169,29 @@ std::string NoteTrack(const ScoreModel& score, int end) {
         end = std::max(end, note.End);
     }
     for (const PitchBend& bend : playing.Bends)
-        events.push_back({bend.Time, 1, BendBytes(ChannelOf(bend.String), bend.Value)});
+        events.push_back({bend.Time, 1, BendBytes(channels.Of(bend.String), bend.Value)});
     events.push_back({end, 3, Meta(kEndOfTrack, {})});
     return Track(std::move(events));
 }
 
 } // namespace
 
-std::string MidiBytes(const ScoreModel& score) {
+std::string MidiBytes(ScoreParts parts) {
     constexpr std::uint32_t kHeaderLength = 6;
     constexpr std::uint32_t kFormat = 1;
-    constexpr std::uint32_t kTracks = 2;
-    const std::optional<ScoreModel> playedOut = PlayedOut(score);
-    const ScoreModel& played = playedOut ? *playedOut : score;
-    const std::vector<int> starts = BarStarts(played);
-    return "MThd" + BigEndian(kHeaderLength, 4) + BigEndian(kFormat, 2) + BigEndian(kTracks, 2) +
-           BigEndian(kUnitsPerCrotchet, 2) + ConductorTrack(played, starts) +
-           NoteTrack(played, starts.back());
+    const std::vector<PartChannels> channels = ChannelsOf(parts);
+    std::string tracks;
+    for (std::size_t index = 0; index < parts.size(); ++index) {
+        const std::optional<ScoreModel> playedOut = PlayedOut(parts[index]);
+        const ScoreModel& played = playedOut ? *playedOut : parts[index];
+        const std::vector<int> starts = BarStarts(played);
+        if (index == 0)
+            tracks += ConductorTrack(played, starts);
+        tracks += NoteTrack(played, channels[index], starts.back());
+    }
+    return "MThd" + BigEndian(kHeaderLength, 4) + BigEndian(kFormat, 2) +
+           BigEndian(static_cast<std::uint32_t>(parts.size() + 1), 2) + BigEndian(kUnitsPerCrotchet, 2) +
+           tracks;
 }
 
 } // namespace Score

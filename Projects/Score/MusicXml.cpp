@@ -24,8 +24,6 @@ namespace {
 using pugi::xml_node;
 
 constexpr const char* kVersion = "4.0";
-constexpr const char* kPart = "P1";
-constexpr const char* kInstrument = "P1-I1";
 
 xml_node Add(xml_node parent, const char* name) {
     return parent.append_child(name);
@@ -70,28 +68,37 @@ const char* BeamText(Beam beam) {
     }
 }
 
-// Writes one score; keeps what goes from bar to bar.
-class Writer {
-public:
-    explicit Writer(const ScoreModel& score)
-        : m_Score(score), m_Bars(WriteOut(score)), m_Tuning(&score.Tuning), m_Way(score) {}
+std::string PartId(std::size_t part) {
+    return "P" + std::to_string(part + 1);
+}
 
-    void Write(pugi::xml_document& document) {
-        xml_node declaration = document.append_child(pugi::node_declaration);
-        Set(declaration, "version", "1.0");
-        Set(declaration, "encoding", "UTF-8");
-        document.append_child(pugi::node_doctype)
-            .set_value("score-partwise PUBLIC \"-//Recordare//DTD MusicXML 4.0 Partwise//EN\" "
-                       "\"http://www.musicxml.org/dtds/partwise.dtd\"");
-        xml_node root = Add(document, "score-partwise");
-        Set(root, "version", kVersion);
-        MusicXmlMarks::WriteWork(root, m_Score.Heading);
-        xml_node identification = Add(root, "identification");
-        MusicXmlMarks::WriteCreator(identification, m_Score.Heading);
-        Add(Add(identification, "encoding"), "software", std::string("Fretline"));
-        WritePartList(root);
-        xml_node part = Add(root, "part");
-        Set(part, "id", kPart);
+void WritePartOfList(xml_node list, const ScoreModel& score, std::size_t index) {
+    // One of them is that of drums.
+    constexpr std::size_t kDrumChannel = 10;
+    constexpr std::size_t kChannels = 16;
+    const std::string instrumentId = PartId(index) + "-I1";
+    xml_node part = Add(list, "score-part");
+    Set(part, "id", PartId(index));
+    Add(part, "part-name", ToUtf8(score.InstrumentName));
+    Add(part, "part-abbreviation", ToUtf8(score.ShortName));
+    xml_node instrument = Add(part, "score-instrument");
+    Set(instrument, "id", instrumentId);
+    Add(instrument, "instrument-name", ToUtf8(score.InstrumentName));
+    xml_node midi = Add(part, "midi-instrument");
+    Set(midi, "id", instrumentId);
+    Add(midi, "midi-channel",
+        static_cast<int>(std::min(index + 1 < kDrumChannel ? index + 1 : index + 2, kChannels)));
+    // Programs count from 1 here.
+    Add(midi, "midi-program", score.Program + 1);
+}
+
+// Writes one part; keeps what goes from bar to bar.
+class PartWriter {
+public:
+    PartWriter(const ScoreModel& score, std::vector<WrittenBar> bars, bool isTop)
+        : m_Score(score), m_Bars(std::move(bars)), m_Tuning(&score.Tuning), m_Way(score, isTop) {}
+
+    void Write(xml_node part) {
         for (std::size_t bar = 0; bar < m_Score.Bars.size(); ++bar)
             WriteBar(part, bar);
         if (m_Score.Bars.empty())
@@ -99,21 +106,6 @@ public:
     }
 
 private:
-    void WritePartList(xml_node root) const {
-        xml_node part = Add(Add(root, "part-list"), "score-part");
-        Set(part, "id", kPart);
-        Add(part, "part-name", ToUtf8(m_Score.InstrumentName));
-        Add(part, "part-abbreviation", ToUtf8(m_Score.ShortName));
-        xml_node instrument = Add(part, "score-instrument");
-        Set(instrument, "id", kInstrument);
-        Add(instrument, "instrument-name", ToUtf8(m_Score.InstrumentName));
-        xml_node midi = Add(part, "midi-instrument");
-        Set(midi, "id", kInstrument);
-        Add(midi, "midi-channel", 1);
-        // Programs count from 1 here.
-        Add(midi, "midi-program", m_Score.Program + 1);
-    }
-
     void WriteEmptyMeasure(xml_node part) const {
         xml_node measure = Add(part, "measure");
         Set(measure, "number", "1");
@@ -213,19 +205,24 @@ private:
 
     void WriteWholeBarRest(xml_node measure, int length) {
         xml_node note = Add(measure, "note");
-        // Where nobody knows how long anything lasts, an empty bar shows nothing.
-        if (!m_Score.HasRhythms)
-            Set(note, "print-object", "no");
+        HideWithoutRhythms(note);
         Set(Add(note, "rest"), "measure", "yes");
         Add(note, "duration", length);
         Add(note, "voice", 1);
         m_OpenTies.clear();
     }
 
+    // Where nobody knows how long anything lasts, rests show nothing.
+    void HideWithoutRhythms(xml_node note) const {
+        if (!m_Score.HasRhythms)
+            Set(note, "print-object", "no");
+    }
+
     void WritePiece(xml_node measure, const WrittenPiece& piece, const std::vector<Beam>& beams) {
         std::set<std::pair<int, int>> tiedFrom;
         if (piece.Notes == nullptr) {
             xml_node note = Add(measure, "note");
+            HideWithoutRhythms(note);
             Add(note, "rest");
             Add(note, "duration", piece.GetDuration());
             WriteValue(note, piece);
@@ -357,11 +354,36 @@ private:
     std::set<std::pair<int, int>> m_OpenTies;
 };
 
+void WriteDocument(ScoreParts parts, pugi::xml_document& document) {
+    xml_node declaration = document.append_child(pugi::node_declaration);
+    Set(declaration, "version", "1.0");
+    Set(declaration, "encoding", "UTF-8");
+    document.append_child(pugi::node_doctype)
+        .set_value("score-partwise PUBLIC \"-//Recordare//DTD MusicXML 4.0 Partwise//EN\" "
+                   "\"http://www.musicxml.org/dtds/partwise.dtd\"");
+    xml_node root = Add(document, "score-partwise");
+    Set(root, "version", kVersion);
+    const ModelHeading& heading = parts.front().Heading;
+    MusicXmlMarks::WriteWork(root, heading);
+    xml_node identification = Add(root, "identification");
+    MusicXmlMarks::WriteCreator(identification, heading);
+    Add(Add(identification, "encoding"), "software", std::string("Fretline"));
+    xml_node list = Add(root, "part-list");
+    for (std::size_t index = 0; index < parts.size(); ++index)
+        WritePartOfList(list, parts[index], index);
+    std::vector<std::vector<WrittenBar>> written = WriteOut(parts);
+    for (std::size_t index = 0; index < parts.size(); ++index) {
+        xml_node part = Add(root, "part");
+        Set(part, "id", PartId(index));
+        PartWriter(parts[index], std::move(written[index]), index == 0).Write(part);
+    }
+}
+
 } // namespace
 
-std::string MusicXmlText(const ScoreModel& score) {
+std::string MusicXmlText(ScoreParts parts) {
     pugi::xml_document document;
-    Writer(score).Write(document);
+    WriteDocument(parts, document);
     std::ostringstream text;
     document.save(text, "  ");
     return text.str();

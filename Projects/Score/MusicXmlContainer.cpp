@@ -55,8 +55,8 @@ std::string ReadAll(zip_source_t* source) {
 
 } // namespace
 
-std::string CompressedMusicXml(const ScoreModel& score, std::string& why) {
-    const std::string text = MusicXmlText(score);
+std::string CompressedMusicXml(ScoreParts parts, std::string& why) {
+    const std::string text = MusicXmlText(parts);
     zip_error_t error;
     zip_error_init(&error);
     const Source target(zip_source_buffer_create(nullptr, 0, 0, &error));

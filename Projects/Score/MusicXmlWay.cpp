@@ -74,6 +74,17 @@ void WriteWords(xml_node measure, const std::string& words, const char* sound, c
     Set(Add(direction, "sound"), sound, value);
 }
 
+void WriteJumps(xml_node measure, const ModelWay& way) {
+    if (way.HasToCoda)
+        WriteWords(measure, "To Coda", "tocoda", kCoda);
+    if (way.HasFine)
+        WriteWords(measure, "Fine", "fine", "yes");
+    if (way.To == Jump::DaCapo)
+        WriteWords(measure, JumpText(way), "dacapo", "yes");
+    if (way.To == Jump::DalSegno)
+        WriteWords(measure, JumpText(way), "dalsegno", kSegno);
+}
+
 std::string NumbersOf(const std::vector<int>& endings) {
     std::string text;
     for (const int number : endings)
@@ -91,6 +102,8 @@ void AddEnding(xml_node barline, const std::vector<int>& endings, const char* ty
 
 void MusicXmlWay::WriteBarStart(xml_node measure, std::size_t bar) const {
     WriteLeftBarline(measure, bar);
+    if (!m_IsTop)
+        return;
     if (bar == 0)
         WriteHeading(measure, m_Score.Heading);
     WriteTempo(measure, m_Score.Bars[bar].Tempo);
@@ -102,15 +115,8 @@ void MusicXmlWay::WriteBarStart(xml_node measure, std::size_t bar) const {
 }
 
 void MusicXmlWay::WriteBarEnd(xml_node measure, std::size_t bar) const {
-    const ModelWay& way = m_Score.Bars[bar].Way;
-    if (way.HasToCoda)
-        WriteWords(measure, "To Coda", "tocoda", kCoda);
-    if (way.HasFine)
-        WriteWords(measure, "Fine", "fine", "yes");
-    if (way.To == Jump::DaCapo)
-        WriteWords(measure, JumpText(way), "dacapo", "yes");
-    if (way.To == Jump::DalSegno)
-        WriteWords(measure, JumpText(way), "dalsegno", kSegno);
+    if (m_IsTop)
+        WriteJumps(measure, m_Score.Bars[bar].Way);
     WriteRightBarline(measure, bar);
 }
 

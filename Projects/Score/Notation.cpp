@@ -86,10 +86,28 @@ private:
     int m_Offset;
 };
 
+// When something is struck in a bar, in any of the parts.
+using Strikes = std::vector<int>;
+
+std::vector<Strikes> StrikesOf(ScoreParts parts) {
+    std::vector<Strikes> bars(parts.front().Bars.size());
+    for (std::size_t bar = 0; bar < bars.size(); ++bar) {
+        for (const ScoreModel& part : parts)
+            for (const ModelEvent& event : part.Bars[bar].Events)
+                if (!event.Notes.empty())
+                    bars[bar].push_back(event.Position);
+        std::sort(bars[bar].begin(), bars[bar].end());
+        bars[bar].erase(std::unique(bars[bar].begin(), bars[bar].end()), bars[bar].end());
+    }
+    return bars;
+}
+
 // Writes the bars one after the other; a tie reaches over a barline.
 class Writer {
 public:
-    explicit Writer(const ScoreModel& score) : m_Score(score) {}
+    // Without rhythms, `strikes` says what a bar has room for; null for a part by itself.
+    explicit Writer(const ScoreModel& score, const std::vector<Strikes>* strikes = nullptr)
+        : m_Score(score), m_Strikes(strikes) {}
 
     std::vector<WrittenBar> Write() {
         std::vector<WrittenBar> bars;
@@ -98,12 +116,23 @@ public:
             metre = bar.TimeSignature.value_or(metre);
             bars.push_back(m_Score.HasRhythms ? WriteBar(bar, metre, bars.empty())
                                               : WriteWithoutRhythms(bar, metre));
+            ++m_Bar;
         }
         KeepTiesThatLeadSomewhere(bars);
         return bars;
     }
 
 private:
+    // As often as others strike before that position.
+    void RestUntil(int position, WrittenBar& written) const {
+        if (m_Strikes == nullptr)
+            return;
+        const Strikes& strikes = (*m_Strikes)[m_Bar];
+        const auto before = std::lower_bound(strikes.begin(), strikes.end(), position) - strikes.begin();
+        for (; written.Length < before * kUnitsPerCrotchet; written.Length += kUnitsPerCrotchet)
+            written.Pieces.push_back({written.Length, kUnitsPerCrotchet});
+    }
+
     // A chord symbol stands at the note that it stood at.
     WrittenBar WriteWithoutRhythms(const ModelBar& bar, const ModelTimeSignature& metre) {
         WrittenBar written{0, metre};
@@ -115,10 +144,12 @@ private:
                 continue;
             for (; chord != bar.ChordSymbols.end() && chord->Position <= event.Position; ++chord)
                 written.ChordPositions.push_back(written.Length);
+            RestUntil(event.Position, written);
             written.Pieces.push_back({written.Length, kUnitsPerCrotchet, 0, &event.Notes,
                                       std::vector<bool>(event.Notes.size()), true});
             written.Length += kUnitsPerCrotchet;
         }
+        RestUntil(std::numeric_limits<int>::max(), written);
         written.ChordPositions.resize(bar.ChordSymbols.size(),
                                       std::max(written.Length - kUnitsPerCrotchet, 0));
         return written;
@@ -226,6 +257,8 @@ private:
     }
 
     const ScoreModel& m_Score;
+    const std::vector<Strikes>* m_Strikes;
+    std::size_t m_Bar = 0;
     // The event before the present one; null for a rest.
     const ModelEvent* m_Before = nullptr;
 };
@@ -257,6 +290,16 @@ int CompoundBeat(const ModelTimeSignature& metre) {
 
 std::vector<WrittenBar> WriteOut(const ScoreModel& score) {
     return Writer(score).Write();
+}
+
+std::vector<std::vector<WrittenBar>> WriteOut(ScoreParts parts) {
+    std::vector<std::vector<WrittenBar>> written;
+    if (parts.size() == 1)
+        return {WriteOut(parts.front())};
+    const std::vector<Strikes> strikes = StrikesOf(parts);
+    for (const ScoreModel& part : parts)
+        written.push_back(Writer(part, &strikes).Write());
+    return written;
 }
 
 } // namespace Score

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Projects/Score/ScoreModel.h"
+#include "Projects/Score/ScoreParts.h"
 
 #include <vector>
 
@@ -53,5 +53,9 @@ int CompoundBeat(const ModelTimeSignature& metre);
 /// the beat allows it; what is empty becomes rests. A score without rhythms has a crotchet for each chord
 /// that is struck, in order, and no rests. The model must outlive the result.
 std::vector<WrittenBar> WriteOut(const ScoreModel& score);
+
+/// The same for each of several parts. Without rhythms, chords that are struck together stand below each
+/// other: a part has a rest of a crotchet for each chord that only others have.
+std::vector<std::vector<WrittenBar>> WriteOut(ScoreParts parts);
 
 } // namespace Score

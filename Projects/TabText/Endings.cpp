@@ -1,6 +1,7 @@
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/text/TabStave.h"
 #include "Projects/TabText/BarMarks.h"
+#include "Projects/TabText/PartsTogether.h"
 #include "Projects/TabText/Words.h"
 #include "Shared/Utils/AsciiChars.h"
 
@@ -24,6 +25,7 @@ struct EndingSign {
     bool IsInWords = false;
     // A number alone, which could be a count.
     bool IsBare = false;
+    // An index into TabReading::GetBars, or its place in the order of bars once all signs are known.
     std::size_t Bar = 0;
     // The bar above which the strokes end.
     std::size_t DrawnEnd = 0;
@@ -205,6 +207,9 @@ public:
     void Read() {
         for (const StaveBars& stave : StavesWithBars(m_Reading))
             ReadAbove(stave);
+        if (m_Signs.empty())
+            return;
+        PutInOrder();
         for (std::size_t first = 0; first < m_Signs.size();) {
             const std::size_t end = EndOfGroup(first);
             ReadGroup(std::span(m_Signs).subspan(first, end - first));
@@ -226,6 +231,27 @@ private:
         }
     }
 
+    // Parts that sound together may each have the sign of one ending.
+    void PutInOrder() {
+        m_Order.emplace(m_Reading);
+        for (EndingSign& sign : m_Signs) {
+            sign.Bar = m_Order->PlaceOf(sign.Bar);
+            sign.DrawnEnd = m_Order->PlaceOf(sign.DrawnEnd);
+        }
+        std::stable_sort(m_Signs.begin(), m_Signs.end(),
+                         [](const EndingSign& a, const EndingSign& b) { return a.Bar < b.Bar; });
+        const auto isOfAnotherPart = [&](const EndingSign& sign, const EndingSign& before) {
+            return sign.Bar == before.Bar && sign.Times == before.Times && sign.Span.Line != before.Span.Line;
+        };
+        std::vector<EndingSign> signs;
+        for (EndingSign& sign : m_Signs)
+            if (signs.empty() || !isOfAnotherPart(sign, signs.back()))
+                signs.push_back(std::move(sign));
+            else
+                m_Marks.Signs.push_back(sign.Span);
+        m_Signs = std::move(signs);
+    }
+
     std::size_t EndOfGroup(std::size_t first) const {
         std::size_t end = first + 1;
         while (end < m_Signs.size() && m_Signs[end].Times.front() == m_Signs[end - 1].Times.back() + 1 &&
@@ -234,7 +260,12 @@ private:
         return end;
     }
 
-    bool IsEnd(std::size_t bar) const {
+    bool IsEnd(std::size_t place) const {
+        const std::vector<std::size_t>& bars = m_Order->BarsAt(place);
+        return std::any_of(bars.begin(), bars.end(), [&](std::size_t bar) { return IsEndInPart(bar); });
+    }
+
+    bool IsEndInPart(std::size_t bar) const {
         const auto mark = m_Marks.ByBar.find(bar);
         return mark != m_Marks.ByBar.end() && mark->second.Repeats.IsEnd;
     }
@@ -251,11 +282,13 @@ private:
             return;
         for (std::size_t index = 0; index < group.size(); ++index) {
             const std::size_t end = index + 1 < group.size() ? group[index + 1].Bar : EndOfLast(group[index]);
-            for (std::size_t bar = group[index].Bar; bar < end; ++bar)
-                m_Marks.At(bar).Repeats.Endings = group[index].Times;
+            for (std::size_t place = group[index].Bar; place < end; ++place)
+                for (const std::size_t bar : m_Order->BarsAt(place))
+                    m_Marks.At(bar).Repeats.Endings = group[index].Times;
             // An ending that is not the last is followed by another time.
             const bool isLast = index + 1 == group.size();
-            m_Marks.At(end - 1).Repeats.Times = group[index].Times.back() + (isLast ? 0 : 1);
+            for (const std::size_t bar : m_Order->BarsAt(end - 1))
+                m_Marks.At(bar).Repeats.Times = group[index].Times.back() + (isLast ? 0 : 1);
         }
     }
 
@@ -278,7 +311,7 @@ private:
         if (sign.IsDrawn)
             return std::max(sign.DrawnEnd, sign.Bar) + 1;
         constexpr std::size_t kMostBars = 16;
-        const std::size_t most = std::min(sign.Bar + kMostBars, m_Reading.GetBars().size());
+        const std::size_t most = std::min(sign.Bar + kMostBars, m_Order->GetCount());
         if (sign.Times.size() > 1)
             for (std::size_t bar = sign.Bar; bar < most; ++bar)
                 if (IsEnd(bar))
@@ -289,6 +322,8 @@ private:
     const TabReading& m_Reading;
     BarMarks& m_Marks;
     std::vector<EndingSign> m_Signs;
+    // Known with the signs; asked about only where there are any.
+    std::optional<BarOrder> m_Order;
 };
 
 } // namespace

@@ -4,10 +4,12 @@
 #include "Projects/Score/Timeline.h"
 #include "Projects/TabText/Markings.h"
 #include "Projects/TabText/ScorePlaces.h"
+#include "Projects/TabText/SplitParts.h"
 #include "Projects/TabText/StruckNotes.h"
 #include "Projects/TabText/TabReading.h"
 
 #include <algorithm>
+#include <map>
 #include <tuple>
 
 namespace TabText {
@@ -63,16 +65,50 @@ std::vector<NotePlace> NotePlaces(const TabReading& reading, const Markings& mar
     PlaceFinder finder(score);
     for (const BarReading& bar : reading.GetBars())
         for (const StruckNote& note : StruckNotesOf(*bar.Bar))
-            finder.Add(bar, *note.Time, {note.Line, note.Column, note.EndColumn, 0, 0, 0, note.String});
+            finder.Add(bar, *note.Time, {note.Line, note.Column, note.EndColumn, 0, 0, 0, 0, note.String});
     for (const NoteMark& mark : markings.Notes) {
         const BarReading& bar = reading.GetBars()[mark.Bar];
         const Fretline::TabColumn* column = ColumnAt(*bar.Bar, mark.NoteColumn);
         if (mark.What.Kind != Score::Technique::Dead || column == nullptr)
             continue;
         const int string = bar.Bar->GetFirstLine() + bar.Bar->GetLineCount() - 1 - mark.NoteLine;
-        finder.Add(bar, *column, {mark.NoteLine, mark.NoteColumn, mark.NoteColumn + 1, 0, 0, 0, string});
+        finder.Add(bar, *column, {mark.NoteLine, mark.NoteColumn, mark.NoteColumn + 1, 0, 0, 0, 0, string});
     }
     return finder.Take();
+}
+
+std::vector<NotePlace> PlacesInParts(std::vector<NotePlace> places, const SplitScore& split) {
+    if (split.Parts.empty())
+        return places;
+    struct PartBar {
+        int Part;
+        int Bar;
+        const PartBarSource* Source;
+    };
+    std::multimap<int, PartBar> barsOfScoreBar;
+    for (std::size_t part = 0; part < split.Sources.size(); ++part)
+        for (std::size_t bar = 0; bar < split.Sources[part].size(); ++bar)
+            if (const PartBarSource& source = split.Sources[part][bar]; source.ScoreBar)
+                barsOfScoreBar.emplace(*source.ScoreBar,
+                                       PartBar{static_cast<int>(part), static_cast<int>(bar), &source});
+    const std::vector<int> starts = Score::BarStarts(split.Parts.front());
+    std::vector<NotePlace> inParts;
+    for (NotePlace place : places) {
+        const int position = place.Position;
+        const auto [first, end] = barsOfScoreBar.equal_range(place.Bar);
+        for (auto entry = first; entry != end; ++entry) {
+            const PartBar& bar = entry->second;
+            place.Part = bar.Part;
+            place.Position = bar.Source->InPart(position);
+            place.Tick = starts[static_cast<std::size_t>(bar.Bar)] + place.Position;
+            inParts.push_back(place);
+            inParts.back().Bar = bar.Bar;
+        }
+    }
+    std::stable_sort(inParts.begin(), inParts.end(), [](const NotePlace& a, const NotePlace& b) {
+        return std::tie(a.Tick, a.Part, a.String) < std::tie(b.Tick, b.Part, b.String);
+    });
+    return inParts;
 }
 
 } // namespace TabText

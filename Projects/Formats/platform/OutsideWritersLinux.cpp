@@ -9,13 +9,13 @@ namespace Formats::Platform {
 namespace {
 
 std::string WriteCompressedMusicXml(const Conversion& conversion, std::string& why) {
-    return Score::CompressedMusicXml(conversion.GetMusic(), why);
+    return Score::CompressedMusicXml(conversion.GetParts(), why);
 }
 
 std::string Engraved(const Conversion& conversion, const char* kind, std::string& why) {
     // A printed score has pages; a picture is one.
     const bool isOnePage = std::string_view(kind) != "pdf";
-    return Engrave(Score::LilyPondText(conversion.GetMusic(), conversion.Title, conversion.Layout, isOnePage),
+    return Engrave(Score::LilyPondText(conversion.GetParts(), conversion.Title, conversion.Layout, isOnePage),
                    kind, why);
 }
 

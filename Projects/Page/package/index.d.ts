@@ -41,7 +41,9 @@ export interface NotePlace {
   line: number;
   column: number;
   end: number;
-  /** Bar of the score, counted from 0. */
+  /** Part of the exported score (json.parts), counted from 0. */
+  part: number;
+  /** Bar of that part, counted from 0. */
   bar: number;
   /** Score units (1024 to the whole note) from the start of the bar. */
   position: number;
@@ -91,7 +93,7 @@ export interface Result {
   /** Those that were asked for; none when the text was not taken. */
   files: Partial<Record<FormatName, Uint8Array>>;
   lines: ExplainedLine[];
-  /** In order of tick. */
+  /** In order of tick; a note that several parts play is there for each. */
   notes: NotePlace[];
   /** Names of the preparation steps that would change something, when none was asked for. */
   helpful: string[];

@@ -174,6 +174,6 @@ TEST(LilyPond, BreaksLinesAsTheTextDoes) {
             score.Bars.back().BeginsLine = notes < 0;
         }
         score.HasRhythms = true;
-        EXPECT_EQ(row.Expected, LineBreaks(score, WriteOut(score))) << row.Why;
+        EXPECT_EQ(row.Expected, LineBreaks(score, WriteOut(AsParts(score)))) << row.Why;
     }
 }

@@ -165,12 +165,12 @@ TEST(MusicXml, WithoutRhythmsThereIsNoMetreAndNoStem) {
 
 TEST(MusicXml, TheContainerHoldsTheScoreAndItsPlace) {
     std::string why;
-    const std::string bytes = CompressedMusicXml(TestSupport::SmallScore(), why);
+    const std::string bytes = CompressedMusicXml(AsParts(TestSupport::SmallScore()), why);
     ASSERT_EQ("", why);
     EXPECT_EQ("PK", bytes.substr(0, 2));
     EXPECT_EQ("mimetypeapplication/vnd.recordare.musicxml", bytes.substr(30, 42));
     EXPECT_NE(std::string::npos, bytes.find("META-INF/container.xml"));
-    EXPECT_EQ(bytes, CompressedMusicXml(TestSupport::SmallScore(), why))
+    EXPECT_EQ(bytes, CompressedMusicXml(AsParts(TestSupport::SmallScore()), why))
         << "the same score gives the same bytes";
 }
 

@@ -4,7 +4,7 @@ import type { NotePlace } from 'fretline';
 export interface EngravedNote {
     /** Lowest string first, from 1. */
     string: number;
-    beat: { playbackStart: number; voice: { bar: { index: number } } };
+    beat: { playbackStart: number; voice: { bar: { index: number; staff: { track: { index: number } } } } };
 }
 
 const unitsPerQuarter = 256;
@@ -33,9 +33,9 @@ export class NotePlaces<Note extends EngravedNote> {
     private readonly notesOfLine = new Map<number, { place: NotePlace; note: Note }[]>();
 
     constructor(notes: readonly Note[], places: readonly NotePlace[]) {
-        const placesByBar = groupBy(places, (place) => place.bar);
-        for (const [bar, group] of groupBy(notes, (note) => note.beat.voice.bar.index))
-            this.joinBar(group, placesByBar.get(bar) ?? []);
+        const placesByPart = groupBy(places, (place) => place.part);
+        for (const [part, group] of groupBy(notes, (note) => note.beat.voice.bar.staff.track.index))
+            this.joinPart(group, placesByPart.get(part) ?? []);
     }
 
     get count(): number {
@@ -65,6 +65,12 @@ export class NotePlaces<Note extends EngravedNote> {
                 found.push(note);
             }
         return found;
+    }
+
+    private joinPart(notes: readonly Note[], places: readonly NotePlace[]): void {
+        const placesByBar = groupBy(places, (place) => place.bar);
+        for (const [bar, group] of groupBy(notes, (note) => note.beat.voice.bar.index))
+            this.joinBar(group, placesByBar.get(bar) ?? []);
     }
 
     private joinBar(notes: readonly Note[], places: readonly NotePlace[]): void {
