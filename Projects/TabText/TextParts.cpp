@@ -138,8 +138,10 @@ private:
     bool AssignToLabelBefore(const StaveRange& rest, const StaveRange& labelled) {
         if (labelled.GetCount() != 1 || m_HasStavesLabelledTogether)
             return false;
-        for (std::size_t at = rest.First; at < rest.End; ++at)
+        for (std::size_t at = rest.First; at < rest.End; ++at) {
             m_Staves[at].Parts = m_Staves[labelled.First].Parts;
+            m_Staves[at].GoesOn = true;
+        }
         return true;
     }
 
@@ -181,17 +183,19 @@ private:
         return true;
     }
 
-    // A system begins where a part has a stave again.
+    // A system begins where a part has a stave again, and after one that goes on by itself.
     TextParts Found() {
         unsigned partsOfSystem = 0;
         std::size_t system = 0;
+        bool isAfterLoneStave = false;
         for (PartStave& stave : m_Staves) {
-            if ((stave.Parts & partsOfSystem) != 0) {
+            if ((stave.Parts & partsOfSystem) != 0 || isAfterLoneStave) {
                 ++system;
                 partsOfSystem = 0;
             }
             partsOfSystem |= stave.Parts;
             stave.System = system;
+            isAfterLoneStave = stave.GoesOn;
         }
         return {std::move(m_Names), std::move(m_Staves)};
     }

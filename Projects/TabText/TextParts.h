@@ -21,6 +21,8 @@ struct PartStave {
     int LabelLine = -1;
     /// The parts whose stave it is, one bit each.
     unsigned Parts = 0;
+    /// Without a label, it goes on with the part of the stave above it, and is played after that.
+    bool GoesOn = false;
     /// Counted from 0. The staves of a system follow each other, and no part has two of them.
     std::size_t System = 0;
 

@@ -1,15 +1,12 @@
 // Made-up tabs, read and converted: where the score has a note, and with which fret, is where the text has
 // it.
 
-#include "Projects/Fretline/score/TabConverter.h"
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Score/ScoreModel.h"
 #include "Projects/TabText/Markings.h"
 #include "Projects/TabText/StruckNotes.h"
-#include "Shared/Utils/tree/TreeNode.h"
-#include "fuzz/SmallTemplate.h"
+#include "tests/Projects/TabText/ConvertedText.h"
 #include "tests/Projects/TabText/ReadText.h"
-#include "tests/support/FakeOutput.h"
 #include "tests/support/TabBook.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +14,6 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
-#include <memory>
 #include <set>
 #include <tuple>
 
@@ -27,22 +23,6 @@ using Score::ScoreModel;
 
 // Bar of the score, time in it, string from the lowest, fret.
 using Place = std::tuple<int, int, int, int>;
-
-std::optional<ScoreModel> Convert(const std::string& tab, int level) {
-    const TestSupport::ScratchFolder folder;
-    folder.StoreLevel(level);
-    const Fretline::FretlineOptions options(
-        Fretline::FretlineOptions::PathIn(Nvr::String(folder.Path().c_str())));
-    TestSupport::FakeOutput output;
-    const std::unique_ptr<Nvr::TreeNodeRoot> tree(Nvr::TreeNode::LoadFromString(FuzzSupport::kSmallTemplate));
-    const std::string target = (folder.Path() / "score").string();
-    Fretline::TabConverter converter(&output, &options);
-    std::string why;
-    const std::string file = folder.Write("text.tab", tab);
-    if (!converter.RunConversion(file.c_str(), tree.get(), target.c_str()))
-        return std::nullopt;
-    return ScoreModel::Read(*tree, why);
-}
 
 // What the score strikes: a note that is tied to is none.
 std::multiset<Place> PlacesOf(const ScoreModel& score) {
@@ -107,7 +87,7 @@ TEST(JoinedCorpus, HasTheNotesOfTheTextAtTheirPlaces) {
         const std::string text = TestSupport::MakeOddTab(static_cast<std::uint32_t>(seed));
         const int level = seed % 3;
         const TestSupport::ReadText reading(text, level);
-        std::optional<ScoreModel> score = Convert(text, level);
+        std::optional<ScoreModel> score = TestSupport::ConvertText(text, level);
         if (!score)
             continue;
         TabText::JoinTunings(*reading, *score);
