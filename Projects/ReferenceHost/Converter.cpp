@@ -170,6 +170,9 @@ Converter::Opened Converter::OpenPrepared(const TabText::PreparedText& prepared,
 }
 
 Converter::Opened Converter::OpenTab(const fs::path& tab, const fs::path& source) const {
+    std::error_code failure;
+    const std::uintmax_t size = fs::file_size(tab, failure);
+    m_Folder.MakeReadyFor(failure ? 0 : size);
     ProgressWatcher watcher(m_ShowsProgress);
     return Opener(watcher).OpenTab(tab, source);
 }

@@ -1,15 +1,20 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace ReferenceHost {
 
-/// A folder of this run's own for what lives no longer than it: tabs under temporary names, the options of
-/// the run, and whatever the plug-in keeps for a while: the folder is this process's folder of temporary
-/// files, so that also what a killed worker left goes with it. Removed with the object, in the process that
-/// made it.
+/// Folders of this run's own for what lives no longer than it: tabs under temporary names, the options of the
+/// run, and whatever the plug-in keeps for a while, as one of them is this process's folder for temporary
+/// files. So what a killed worker left goes with them too. Removed with the object, in the process that made
+/// it.
+///
+/// There are two. What is small lies in memory where the system offers a place for that, as long as the user
+/// has chosen no folder by TMPDIR: a score is written, read once and deleted, and need not meet a disk. What
+/// is large lies in the usual folder for temporary files. Where there is no place in memory both are one.
 class RunFolder {
 public:
     RunFolder();
@@ -17,11 +22,16 @@ public:
     RunFolder(const RunFolder&) = delete;
     RunFolder& operator=(const RunFolder&) = delete;
 
-    /// Empty when no folder could be made.
-    const std::filesystem::path& Path() const { return m_Path; }
+    /// The one for what is small. Empty when no folder could be made.
+    const std::filesystem::path& Path() const { return m_InMemory.empty() ? m_Usual : m_InMemory; }
+
+    /// The one in which there is room for a text of so many bytes and its score. From now on it is this
+    /// process's folder for temporary files.
+    const std::filesystem::path& MakeReadyFor(std::uintmax_t textSize) const;
 
 private:
-    std::filesystem::path m_Path;
+    std::filesystem::path m_InMemory;
+    std::filesystem::path m_Usual;
     int m_Process;
 };
 
