@@ -71,9 +71,8 @@ struct Markings {
 Markings ReadMarkings(const TabReading& reading);
 
 /// Gives the model of the score that the plug-in made of the same text the tuning of each stave of the text,
-/// and the notes there the frets that the text has. A stave
-/// whose strings are the lowest of those before it changes none. A text whose staves are all tuned alike
-/// changes nothing.
+/// and the notes there the frets that the text has. A stave whose strings are the lowest of those before it
+/// changes none. A text whose staves are all tuned alike changes nothing.
 void JoinTunings(const TabReading& reading, Score::ScoreModel& score);
 
 /// Adds the markings to the model of the score that the plug-in made of the same text at the same rhythm
