@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Projects/Opening/HostFunctions.h"
+#include "Projects/Opening/HostListener.h"
 
 #include <filesystem>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "Projects/Opening/Plugin.h"
 
-#include "Projects/Opening/HostFunctions.h"
+#include "Projects/Opening/HostListener.h"
 
 namespace Opening {
 

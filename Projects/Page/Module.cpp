@@ -1,7 +1,7 @@
 // The boundary of the module: what its caller in JavaScript calls, and what the plug-in calls in it. One
 // request goes in, one answer comes out as a piece of memory, and the caller gives that back.
 
-#include "Projects/Opening/HostFunctions.h"
+#include "Projects/Opening/HostListener.h"
 #include "Projects/Page/PageConverter.h"
 #include "Shared/NotaveraAPI/NotaveraPlugin.h"
 #include "Shared/Utils/platform/ModuleTable.h"

@@ -1,6 +1,6 @@
 // The six functions that the plug-in looks up in the program that loaded it.
 
-#include "Projects/Opening/HostFunctions.h"
+#include "Projects/Opening/HostListener.h"
 
 extern "C" {
 #define HOST_EXPORT [[gnu::visibility("default"), gnu::used]]

@@ -3,7 +3,7 @@
 #include "Shared/Utils/DebugSwitches.h"
 #include "Shared/Utils/NvrString.h"
 #include "Shared/Utils/Reporting.h"
-#include "Shared/Utils/platform/FloatingPoint.h"
+#include "Shared/Utils/platform/FloatingPointUnit.h"
 
 #include <utility>
 

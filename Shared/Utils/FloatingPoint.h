@@ -4,7 +4,7 @@
 
 /// The floating-point state that the plug-in works in: set up once, and put back before and after code that
 /// may have changed it. A word with a set bit silences an exception; the bits are named in
-/// Shared/Utils/platform/FloatingPoint.h. For the calling thread only. Nothing here fails.
+/// Shared/Utils/platform/FloatingPointUnit.h. For the calling thread only. Nothing here fails.
 namespace Nvr {
 
 /// Six exceptions, all of them masked.

@@ -1,6 +1,6 @@
 #include "Shared/Utils/FloatingPoint.h"
 
-#include "Shared/Utils/platform/FloatingPoint.h"
+#include "Shared/Utils/platform/FloatingPointUnit.h"
 #include "tests/Shared/Utils/RecordingSink.h"
 #include "tests/support/StoredSettings.h"
 

@@ -1,4 +1,4 @@
-#include "Shared/Utils/platform/FloatingPoint.h"
+#include "Shared/Utils/platform/FloatingPointUnit.h"
 
 #include <cfenv>
 

@@ -1,4 +1,4 @@
-#include "Projects/Opening/HostFunctions.h"
+#include "Projects/Opening/HostListener.h"
 
 namespace Opening {
 
