@@ -98,12 +98,18 @@ SignMeanings::SignMeanings(const TabReading& reading) {
     for (int line = 0; line < reading.GetFile().GetLineCount(); ++line)
         if (!reading.GetAnalysis().IsStaveLine(line))
             ReadLegend(reading.GetFile().GetLine(line));
+    // Capitals mean the same where they mean nothing else.
+    for (char letter = 'a'; letter <= 'z'; ++letter)
+        if (const char capital = Nvr::Ascii::ToUpper(letter);
+            !m_IsDefined[static_cast<unsigned char>(capital)])
+            At(capital) = At(letter);
 }
 
 void SignMeanings::ReadLegend(string_view line) {
     const LegendEntry entry = ParseLegend(line);
     if (entry.Sign == 0)
         return;
+    m_IsDefined.set(static_cast<unsigned char>(entry.Sign));
     const auto* meaning = std::find_if(kLegendSigns.begin(), kLegendSigns.end(), [&](const Sign& sign) {
         return FindInAnyCase(entry.Meaning, sign.Text) != string_view::npos;
     });

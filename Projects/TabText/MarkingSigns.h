@@ -3,6 +3,7 @@
 #include "Projects/Score/ModelMarks.h"
 
 #include <array>
+#include <bitset>
 #include <optional>
 #include <span>
 #include <string>
@@ -34,8 +35,8 @@ enum class SignPlace {
     Alone,
 };
 
-/// One sign that players write. `Text` is in lower case, and matched as it stands between the frets, in any
-/// case above them.
+/// One sign that players write. `Text` is in lower case, and matched in any case; between the frets a capital
+/// stands alone.
 struct Sign {
     std::string_view Text;
     SignPlace Place;
@@ -77,6 +78,8 @@ private:
 
     /// By character.
     std::array<const Sign*, 256> m_Signs{};
+    /// Those of the legend.
+    std::bitset<256> m_IsDefined;
 };
 
 } // namespace TabText

@@ -2,6 +2,7 @@
 
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/text/TabFile.h"
+#include "Projects/TabText/BendAmounts.h"
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
@@ -15,9 +16,6 @@ using Fretline::TabBar;
 using Nvr::Ascii::IsDigit;
 using Score::ModelTechnique;
 using Score::Technique;
-
-constexpr int kQuarterTonesPerSemitone = 2;
-constexpr int kQuarterTonesPerTone = 4;
 
 // A fret number or a dead note on one line of a bar. Places count in the bar's text.
 struct Stop {
@@ -43,6 +41,7 @@ public:
     void Read(int line) {
         m_Line = line;
         m_Text = TextOf(m_Bar, line);
+        m_GhostsEnd = m_HarmonicsEnd = m_AmountEnd = 0;
         FindStops();
         if (m_NextBar != nullptr && m_OwnStops > 0)
             FindStopAfterBarline(m_Bar, *m_NextBar);
@@ -102,19 +101,37 @@ private:
 
     void Add(const Stop& stop, ModelTechnique what, std::size_t start, std::size_t end) {
         const auto column = [&](std::size_t place) { return m_StartColumn + static_cast<int>(place); };
+        // "*12*" says it twice.
+        if (!m_Marks.empty() && m_Marks.back().What == what && m_Marks.back().Bar == m_BarIndex &&
+            m_Marks.back().NoteLine == m_Line && m_Marks.back().NoteColumn == column(stop.Start)) {
+            m_Marks.back().EndColumn = column(end);
+            return;
+        }
         m_Marks.push_back({what, m_BarIndex, m_Line, column(stop.Start), m_Line, column(start), column(end)});
     }
 
     void ReadAt(const Stop& stop) {
         if (stop.IsDead)
             Add(stop, {Technique::Dead, 0}, stop.Start, stop.End);
-        const char before = stop.Start == 0 ? '\0' : m_Text[stop.Start - 1];
-        const char beforeThat = stop.Start < 2 ? '\0' : m_Text[stop.Start - 2];
-        const bool isTarget = beforeThat == 'b' || beforeThat == 'r';
-        if (before == '(' && At(stop.End) == ')' && !isTarget)
-            Add(stop, {Technique::Ghost, 0}, stop.Start - 1, stop.End + 1);
-        if (before == '<' && At(stop.End) == '>')
-            Add(stop, {Technique::NaturalHarmonic, 0}, stop.Start - 1, stop.End + 1);
+        const char beforeBracket = stop.Start < 2 ? '\0' : m_Text[stop.Start - 2];
+        if (beforeBracket != 'b' && beforeBracket != 'r')
+            ReadInBrackets(stop, "()", Technique::Ghost, m_GhostsEnd);
+        ReadInBrackets(stop, "<>", Technique::NaturalHarmonic, m_HarmonicsEnd);
+    }
+
+    // Brackets may hold several stops: "(5h7)". `bracketsEnd` is the place after the last pair.
+    void ReadInBrackets(const Stop& stop, std::string_view brackets, Technique kind,
+                        std::size_t& bracketsEnd) {
+        const bool isFirst = stop.Start > 0 && m_Text[stop.Start - 1] == brackets[0];
+        if (isFirst) {
+            const std::size_t next = m_Text.find_first_of(brackets, stop.End);
+            const bool isClosed = next < m_OwnEnd && m_Text[next] == brackets[1];
+            bracketsEnd = isClosed ? next + 1 : 0;
+        }
+        if (stop.Start >= bracketsEnd)
+            return;
+        const bool isLast = m_Next + 1 == m_OwnStops || m_Stops[m_Next + 1].Start > bracketsEnd;
+        Add(stop, {kind, 0}, stop.Start - (isFirst ? 1 : 0), isLast ? bracketsEnd : stop.End);
     }
 
     // The signs between the stop before and the next one.
@@ -123,13 +140,25 @@ private:
         const std::size_t start = Before() == nullptr ? 0 : Before()->End;
         for (std::size_t at = m_Text.find_first_not_of('-', start); at < end;
              at = m_Text.find_first_not_of('-', at)) {
-            const Sign* sign = m_Text.substr(at).starts_with("tr") ? TrillSign() : m_Signs.Find(m_Text[at]);
+            const Sign* sign = SignAt(at);
             // After the barline, all but this belongs to the next bar's first note.
             if (at >= m_OwnEnd && sign != nullptr && sign->Place != SignPlace::Between)
                 sign = nullptr;
             at = sign == nullptr ? at + 1 : ReadSign(*sign, at, end);
         }
     }
+
+    const Sign* SignAt(std::size_t at) const {
+        if (IsTrill(at))
+            return TrillSign();
+        // A capital among letters is one of a word.
+        const bool isOfAWord =
+            Nvr::Ascii::IsUpper(m_Text[at]) &&
+            (Nvr::Ascii::IsAlpha(At(at + 1)) || (at > 0 && Nvr::Ascii::IsAlpha(m_Text[at - 1])));
+        return isOfAWord ? nullptr : m_Signs.Find(m_Text[at]);
+    }
+
+    bool IsTrill(std::size_t at) const { return Nvr::Ascii::StartsWithIgnoreCase(m_Text.substr(at), "tr"); }
 
     static const Sign* TrillSign() {
         const auto signs = AllSigns();
@@ -138,8 +167,7 @@ private:
 
     // Gives the place after the sign.
     std::size_t ReadSign(const Sign& sign, std::size_t at, std::size_t end) {
-        std::size_t after =
-            at + (sign.Kind == Technique::Trill && m_Text.substr(at).starts_with("tr") ? 2 : 1);
+        std::size_t after = at + (sign.Kind == Technique::Trill && IsTrill(at) ? 2 : 1);
         // A wave of one sign is one mark.
         while (after < end && sign.Kind == Technique::Vibrato && m_Text[after] == m_Text[at])
             ++after;
@@ -151,19 +179,65 @@ private:
             ReadSlide(at);
             break;
         case SignPlace::Before:
-            if (After() != nullptr && after == After()->Start)
+            if (IsRightBeforeNext(after))
                 Add(*After(), {sign.Kind, 0}, at, after);
             break;
         default:
-            if (Before() != nullptr && !Before()->IsDead)
-                Add(*Before(), {sign.Kind, AmountOf(sign.Kind, after, end)}, at, after);
+            ReadAfter(sign, at, after, end);
             break;
         }
         return after;
     }
 
+    // Nothing but a bracket stands between.
+    bool IsRightBeforeNext(std::size_t after) const {
+        return After() != nullptr && after + (At(after) == '<' || At(after) == '(' ? 1 : 0) == After()->Start;
+    }
+
+    void ReadAfter(const Sign& sign, std::size_t at, std::size_t after, std::size_t end) {
+        const bool isApart = Before() == nullptr || Before()->End != at;
+        // "*12"
+        if (sign.Kind == Technique::NaturalHarmonic && isApart && After() != nullptr &&
+            after == After()->Start && m_Next < m_OwnStops) {
+            Add(*After(), {sign.Kind, 0}, at, after);
+            return;
+        }
+        if (Before() == nullptr || Before()->IsDead || (sign.Kind == Technique::Bend && !IsBend(at, after)))
+            return;
+        if (sign.Kind == Technique::Bend && IsBackToTheFret(after)) {
+            Add(*Before(), {Technique::Release, 0}, at, after);
+            return;
+        }
+        const int amount = AmountOf(sign.Kind, after, end);
+        Add(*Before(), {sign.Kind, amount}, at,
+            sign.Kind == Technique::Bend ? m_AmountEnd : EndOfTarget(after));
+    }
+
+    // After the brackets around the number that follows; where it follows in none, after the sign.
+    std::size_t EndOfTarget(std::size_t after) const {
+        const bool isInBrackets =
+            After() != nullptr && At(after) == '(' && After()->Start == after + 1 && At(After()->End) == ')';
+        return isInBrackets ? After()->End + 1 : after;
+    }
+
+    // A sign at the next number alone bends to that, or does not belong to what is before.
+    bool IsBend(std::size_t at, std::size_t after) const {
+        return Touches(*Before(), at) || After() == nullptr || After()->Start != after ||
+               After()->Fret > Before()->Fret;
+    }
+
+    // The second of "7b9b7".
+    bool IsBackToTheFret(std::size_t after) const {
+        return IsAmountOfABend(*Before()) && After() != nullptr && After()->Start == after &&
+               After()->Fret < Before()->Fret;
+    }
+
     void ReadBetween(const Sign& sign, std::size_t at) {
         if (Before() == nullptr || After() == nullptr || Before()->IsDead || After()->IsDead)
+            return;
+        // "pb" is a bend, and "^" leads nowhere from a fret to itself.
+        if ((sign.Kind == Technique::PullOff && At(at + 1) == 'b') ||
+            (sign.Text == "^" && After()->Fret == Before()->Fret))
             return;
         Technique kind = sign.Kind;
         if (sign.Text == "^" && After()->Fret < Before()->Fret)
@@ -183,12 +257,14 @@ private:
 
     void ReadSlide(std::size_t at) {
         // The stroke of "1/2".
-        if (Before() != nullptr && IsAmountOfABend(*Before()) && at == Before()->End)
+        if (at < m_AmountEnd)
             return;
-        const bool touchesBefore = Before() != nullptr && Touches(*Before(), at);
-        const bool touchesAfter = After() != nullptr && Touches(*After(), at);
+        const bool leadsFrom = Before() != nullptr && !Before()->IsDead;
+        const bool leadsTo = After() != nullptr && !After()->IsDead;
+        const bool touchesBefore = leadsFrom && Touches(*Before(), at);
+        const bool touchesAfter = leadsTo && Touches(*After(), at);
         const int direction = m_Text[at] == '/' ? 1 : m_Text[at] == '\\' ? -1 : 0;
-        if (Before() != nullptr && After() != nullptr && touchesBefore == touchesAfter)
+        if (leadsFrom && leadsTo && touchesBefore == touchesAfter)
             Add(*Before(), {Technique::Slide, 0}, at, at + 1);
         else if (touchesBefore && direction != 0)
             Add(*Before(), {Technique::SlideOut, direction}, at, at + 1);
@@ -197,28 +273,16 @@ private:
     }
 
     // In quarter tones for a bend, as a fret for a trill.
-    int AmountOf(Technique kind, std::size_t after, std::size_t end) const {
-        const std::size_t bracket = At(after) == '(' ? 1 : 0;
-        const bool hasNumber = After() != nullptr && after + bracket == end;
-        if (kind == Technique::Trill)
-            return hasNumber ? After()->Fret : 0;
+    int AmountOf(Technique kind, std::size_t after, std::size_t end) {
+        if (kind == Technique::Trill) {
+            const std::size_t bracket = At(after) == '(' ? 1 : 0;
+            return After() != nullptr && after + bracket == end ? After()->Fret : 0;
+        }
         if (kind != Technique::Bend)
             return 0;
-        if (!hasNumber)
-            return kQuarterTonesPerTone;
-        return BendTo(*After());
-    }
-
-    int BendTo(const Stop& target) const {
-        constexpr int kMostTones = 3;
-        if (At(target.End) == '/' && target.Fret == 1 && At(target.End + 1) == '2')
-            return kQuarterTonesPerTone / 2;
-        if (At(target.End) == '/' && target.Fret == 1 && At(target.End + 1) == '4')
-            return kQuarterTonesPerTone / 4;
-        if (target.Fret > Before()->Fret)
-            return (target.Fret - Before()->Fret) * kQuarterTonesPerSemitone;
-        return target.Fret > 0 && target.Fret <= kMostTones ? target.Fret * kQuarterTonesPerTone
-                                                            : kQuarterTonesPerTone;
+        const BendAmount amount = ReadBendAmount(m_Text, after, Before()->Fret);
+        m_AmountEnd = amount.End;
+        return amount.QuarterTones > 0 ? amount.QuarterTones : kQuarterTonesPerTone;
     }
 
     const TabBar& m_Bar;
@@ -234,6 +298,11 @@ private:
     std::vector<Stop> m_Stops;
     std::size_t m_OwnStops = 0;
     std::size_t m_OwnEnd = 0;
+    // The places after the last brackets of each kind.
+    std::size_t m_GhostsEnd = 0;
+    std::size_t m_HarmonicsEnd = 0;
+    // The place after what says how far the last bend goes.
+    std::size_t m_AmountEnd = 0;
     // Index of the stop that comes next.
     std::size_t m_Next = 0;
 };
