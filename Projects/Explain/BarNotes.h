@@ -16,6 +16,7 @@ public:
     /// `map` of a text that was prepared. Borrowed; null for one that was read as it is.
     explicit KnownPlaces(const TabText::LineMap* map) : m_Map(map) {}
 
+    const TabText::LineMap* GetMap() const { return m_Map; }
     /// Counted from 0.
     TabText::TextPlace At(int line, int column) const {
         return m_Map == nullptr ? TabText::TextPlace{line, column} : m_Map->ToOriginal(line, column);

@@ -45,7 +45,7 @@ public:
         for (const auto& signature : m_Analysis.GetTimeSignatures())
             Mark(signature->m_Line, signature->m_StartColumn, signature->m_EndColumn + 1,
                  Recognised::TimeSignature);
-        const TabText::Markings markings = TabText::ReadMarkings(m_Reading);
+        const TabText::Markings markings = TabText::ReadMarkings(m_Reading, m_Places.GetMap());
         ExplainMarkings(markings);
         m_Explanation.Signs = TabText::SignsOf(m_Reading, markings);
         for (const TabText::Doubt& doubt : TabText::FindDoubts(m_Reading, markings))

@@ -70,7 +70,8 @@ Score::ScoreParts Conversion::GetParts() const {
 const TabText::Markings& Conversion::GetMarkings() const {
     if (!m_Markings) {
         const TabText::TabReading* reading = GetReading();
-        m_Markings = reading == nullptr ? TabText::Markings() : TabText::ReadMarkings(*reading);
+        m_Markings = reading == nullptr ? TabText::Markings()
+                                        : TabText::ReadMarkings(*reading, Tab->Map ? &*Tab->Map : nullptr);
     }
     return *m_Markings;
 }

@@ -13,6 +13,13 @@ struct TextPlace {
     bool operator==(const TextPlace&) const = default;
 };
 
+/// A bend of a prepared text whose target a step took away.
+struct MappedBend {
+    /// Of its sign.
+    int Column = 0;
+    int QuarterTones = 0;
+};
+
 /// From each line and column of a prepared text to those of the original.
 ///
 /// A character that was added stands for the next one of its line that was there. A line that was added
@@ -24,6 +31,8 @@ public:
         int OriginalLine = 0;
         /// The original column of each character, ascending; empty when each stands at its own.
         std::vector<int> Columns;
+        /// By column of the prepared line.
+        std::vector<MappedBend> Bends = {};
     };
 
     LineMap() = default;
@@ -41,6 +50,14 @@ public:
         const int last = static_cast<int>(columns.size()) - 1;
         const int known = column < last ? column : last;
         return {entry.OriginalLine, columns[static_cast<std::size_t>(known)] + (column - known)};
+    }
+
+    /// How far the bend whose sign stands there goes, where a step took its target away; 0 elsewhere.
+    int QuarterTonesOfBend(int line, int column) const {
+        for (const MappedBend& bend : m_Lines[static_cast<std::size_t>(line)].Bends)
+            if (bend.Column == column)
+                return bend.QuarterTones;
+        return 0;
     }
 
 private:

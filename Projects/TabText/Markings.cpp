@@ -4,6 +4,7 @@
 #include "Projects/TabText/AboveMarks.h"
 #include "Projects/TabText/BarMarks.h"
 #include "Projects/TabText/HeadingText.h"
+#include "Projects/TabText/LineMap.h"
 #include "Projects/TabText/RepeatMarks.h"
 #include "Projects/TabText/StaveBars.h"
 #include "Projects/TabText/StringMarks.h"
@@ -20,9 +21,16 @@ bool IsRightAfter(const Fretline::TabBar& next, const Fretline::TabBar& bar) {
     return next.GetFirstLine() == bar.GetFirstLine() && next.GetStartColumn() <= end + kWidestBarline;
 }
 
+void SetBends(const LineMap& map, std::vector<NoteMark>& marks) {
+    for (NoteMark& mark : marks)
+        if (mark.What.Kind == Score::Technique::Bend)
+            if (const int quarterTones = map.QuarterTonesOfBend(mark.Line, mark.Column); quarterTones > 0)
+                mark.What.Amount = quarterTones;
+}
+
 } // namespace
 
-Markings ReadMarkings(const TabReading& reading) {
+Markings ReadMarkings(const TabReading& reading, const LineMap* map) {
     const SignMeanings signs(reading);
     Markings markings;
     const std::vector<BarReading>& bars = reading.GetBars();
@@ -33,6 +41,8 @@ Markings ReadMarkings(const TabReading& reading) {
             next = nullptr;
         ReadStringMarks(bar, next, index, signs, markings.Notes);
     }
+    if (map != nullptr)
+        SetBends(*map, markings.Notes);
     ReadMarksAbove(reading, markings.Notes, markings.Unclear);
     markings.Heading = ReadHeading(reading);
     BarMarks found;

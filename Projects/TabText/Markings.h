@@ -11,6 +11,7 @@ struct ScoreModel;
 
 namespace TabText {
 
+class LineMap;
 class TabReading;
 
 /// One technique that the text asks of one note.
@@ -67,8 +68,9 @@ struct Markings {
 };
 
 /// Reads the signs of AllSigns. A sign that belongs to no note that was read is left out; so is a number
-/// after a bend, as a mark: the score has it as a note. Costs in proportion to the text.
-Markings ReadMarkings(const TabReading& reading);
+/// after a bend, as a mark: the score has it as a note. `map` of a text that was prepared says how far bends
+/// go that lost their targets; null for any other. Costs in proportion to the text.
+Markings ReadMarkings(const TabReading& reading, const LineMap* map = nullptr);
 
 /// Gives the model of the score that the plug-in made of the same text the tuning of each stave of the text,
 /// and the notes there the frets that the text has. A stave whose strings are the lowest of those before it

@@ -1,3 +1,4 @@
+#include "Projects/TabText/BendAmounts.h"
 #include "Projects/TabText/prepare/Draft.h"
 #include "Projects/TabText/prepare/DraftReading.h"
 #include "Projects/TabText/prepare/Steps.h"
@@ -35,72 +36,104 @@ bool IsSign(const string& text, std::size_t at, char sign) {
     return at < text.size() && text[at] == sign;
 }
 
-// Where the number begins that a bend sign at `at` is followed by, a bracket skipped.
+// Where the number begins that a release sign at `at` is followed by, a bracket skipped.
 Number TargetAfter(const string& text, std::size_t at) {
     return NumberAt(text, at + (IsSign(text, at, '(') ? 1 : 0));
 }
 
-bool IsTarget(char sign, int from, int target) {
-    if (sign == 'r')
-        return target < from && from - target <= kMostSemitonesOfABend;
-    return from > 0 && target >= from && target - from <= kMostSemitonesOfABend;
-}
+// One line of a stave, whose targets are blanked.
+class BendLine {
+public:
+    explicit BendLine(string text) : m_Text(std::move(text)) {}
 
-void Blank(string& text, const Number& number) {
-    text.replace(number.Start, number.End - number.Start, number.End - number.Start, '-');
-}
-
-// "1/2" after the sign: how far, in whole tones.
-bool BlankFraction(string& text, const Number& upper) {
-    if (!IsSign(text, upper.End, '/'))
-        return false;
-    const Number lower = NumberAt(text, upper.End + 1);
-    const bool isFraction = (upper.Value == 1 || upper.Value == 3) && (lower.Value == 2 || lower.Value == 4);
-    if (!isFraction || upper.End != upper.Start + 1 || lower.End != lower.Start + 1)
-        return false;
-    Blank(text, upper);
-    Blank(text, lower);
-    return true;
-}
-
-// Blanks what is bent to from the fret, and what that is released to. Gives the place to go on at.
-std::size_t BlankTargetsOf(string& text, const Number& struck) {
-    int from = struck.Value;
-    std::size_t at = struck.End;
-    while (at < text.size() && (text[at] == 'b' || text[at] == 'r' || text[at] == '^')) {
-        const char sign = text[at];
-        const Number target = TargetAfter(text, at + 1);
-        if (sign != 'r' && BlankFraction(text, target))
-            return target.End;
-        if (!target.IsFret()) {
-            // "7br5": bent and released at once.
-            ++at;
-            continue;
+    void BlankTargets() {
+        for (std::size_t at = 0; at < m_Text.size();) {
+            const Number number = NumberAt(m_Text, at);
+            at = number.IsFret() ? BlankTargetsOf(number) : std::max(number.End, at + 1);
         }
-        if (!IsTarget(sign, from, target.Value))
-            return at + 1;
-        from = target.Value;
-        Blank(text, target);
-        at = target.End + (IsSign(text, target.End, ')') ? 1 : 0);
     }
-    return at;
-}
 
-string WithoutTargets(string text) {
-    for (std::size_t at = 0; at < text.size();) {
-        const Number number = NumberAt(text, at);
-        at = number.IsFret() ? BlankTargetsOf(text, number) : std::max(number.End, at + 1);
+    const string& GetText() const { return m_Text; }
+    // How far those go that lost their targets.
+    const std::vector<MappedBend>& GetBends() const { return m_Bends; }
+
+private:
+    // Blanks what is bent to from the fret, and what that is released to. Gives the place to go on at.
+    std::size_t BlankTargetsOf(const Number& struck) {
+        m_From = struck.Value;
+        m_IsBent = false;
+        std::size_t at = struck.End;
+        while (at < m_Text.size() && (m_Text[at] == 'b' || m_Text[at] == 'r' || m_Text[at] == '^')) {
+            const std::size_t end = m_Text[at] == 'r' ? BlankRelease(at) : BlankBend(at);
+            // "7br5": bent and released at once.
+            at = end == 0 ? at + 1 : end;
+            if (end == 0 && IsFretAt(at))
+                return at;
+        }
+        return at;
     }
-    return text;
-}
+
+    bool IsFretAt(std::size_t at) const { return TargetAfter(m_Text, at).IsFret(); }
+
+    // Each gives the place after the target, 0 when there is none.
+    std::size_t BlankBend(std::size_t at) {
+        const BendAmount amount = ReadBendAmount(m_Text, at + 1, m_From);
+        const bool isBend = amount.QuarterTones > 0 && m_From > 0 && !IsHammered(at) &&
+                            amount.QuarterTones <= kMostSemitonesOfABend * kQuarterTonesPerSemitone;
+        // Where it goes to a fret and back by the same sign.
+        if (!isBend)
+            return m_IsBent ? BlankRelease(at) : 0;
+        m_Text[at] = 'b';
+        m_IsBent = true;
+        if (m_Text.find_first_of("0123456789", at) >= amount.End)
+            return amount.End;
+        m_Bends.push_back({static_cast<int>(at), amount.QuarterTones});
+        m_From += amount.QuarterTones / kQuarterTonesPerSemitone;
+        Blank(at + 1, amount.End);
+        return amount.End;
+    }
+
+    std::size_t BlankRelease(std::size_t at) {
+        const Number target = TargetAfter(m_Text, at + 1);
+        if (!target.IsFret() || target.Value >= m_From || m_From - target.Value > kMostSemitonesOfABend)
+            return 0;
+        m_From = target.Value;
+        m_Text[at] = 'r';
+        const bool isInBrackets = target.Start > at + 1 && IsSign(m_Text, target.End, ')');
+        const std::size_t end = target.End + (isInBrackets ? 1 : 0);
+        Blank(isInBrackets ? at + 1 : target.Start, end);
+        return end;
+    }
+
+    // "5^7^5" is played by the fretting hand, as is what leads on to a lower fret.
+    bool IsHammered(std::size_t at) const {
+        if (m_Text[at] != '^' || m_IsBent)
+            return false;
+        const Number target = TargetAfter(m_Text, at + 1);
+        return IsSign(m_Text, target.End, '^') || IsSign(m_Text, target.End, 'p');
+    }
+
+    void Blank(std::size_t start, std::size_t end) { m_Text.replace(start, end - start, end - start, '-'); }
+
+    string m_Text;
+    std::vector<MappedBend> m_Bends;
+    // The fret that the string sounds.
+    int m_From = 0;
+    bool m_IsBent = false;
+};
 
 } // namespace
 
 void RunBends(Draft& draft) {
     const DraftReading reading(draft);
     for (const auto& stave : reading.GetStaves())
-        for (int line = stave->GetFirstLine(); line < stave->GetEndLine(); ++line)
-            draft.Overwrite(line, WithoutTargets(draft.GetLine(line)));
+        for (int line = stave->GetFirstLine(); line < stave->GetEndLine(); ++line) {
+            BendLine bends(draft.GetLine(line));
+            bends.BlankTargets();
+            draft.Overwrite(line, bends.GetText());
+            for (const MappedBend& bend : bends.GetBends())
+                draft.KeepBend(line, bend);
+        }
 }
 
 } // namespace TabText

@@ -99,6 +99,10 @@ void Draft::Overwrite(int line, string text) {
     Mark(entry);
 }
 
+void Draft::KeepBend(int line, MappedBend bend) {
+    m_Lines[static_cast<std::size_t>(line)].Bends.push_back(bend);
+}
+
 void Draft::Insert(int line, const std::vector<Insertion>& insertions) {
     if (insertions.empty())
         return;
@@ -123,6 +127,10 @@ void Draft::Insert(int line, const std::vector<Insertion>& insertions) {
             columns.push_back(placeOf(column));
         }
     }
+    for (MappedBend& bend : entry.Bends)
+        bend.Column += static_cast<int>(
+            std::count_if(insertions.begin(), insertions.end(),
+                          [&](const Insertion& insertion) { return insertion.Column <= bend.Column; }));
     entry.Text = std::move(text);
     entry.Columns = std::move(columns);
     Mark(entry);
@@ -201,7 +209,7 @@ LineMap Draft::GetMap() const {
     std::vector<LineMap::Line> lines;
     lines.reserve(m_Lines.size());
     for (const DraftLine& line : m_Lines)
-        lines.push_back({line.OriginalLine, line.Columns});
+        lines.push_back({line.OriginalLine, line.Columns, line.Bends});
     return LineMap(std::move(lines));
 }
 

@@ -19,6 +19,8 @@ struct DraftLine {
     int OriginalLine = 0;
     /// As in LineMap::Line.
     std::vector<int> Columns;
+    /// By column of the line as it is now.
+    std::vector<MappedBend> Bends;
     /// One bit for each step that changed it.
     std::uint32_t ChangedBy = 0;
     bool IsAdded = false;
@@ -66,6 +68,8 @@ public:
     void Recode(std::string before, std::string text);
     /// Puts `text`, which is as long, in the place of the line's.
     void Overwrite(int line, std::string text);
+    /// Keeps in mind how far a bend of the line goes.
+    void KeepBend(int line, MappedBend bend);
     /// Puts each character before its column, which is one of the line as it is now. By ascending column.
     void Insert(int line, const std::vector<Insertion>& insertions);
     /// Puts the lines in this order; those that are not mentioned are removed. A plan that mentions all lines

@@ -3,6 +3,7 @@
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Score/ScoreModel.h"
 #include "Projects/TabText/MarkingSigns.h"
+#include "Projects/TabText/Preparation.h"
 #include "tests/Projects/TabText/ReadText.h"
 #include "tests/support/TabText.h"
 
@@ -162,6 +163,19 @@ TEST(Markings, OfNotes) {
     };
     for (const Case& row : kCases)
         EXPECT_EQ(row.Marks, MarksOf(row.Text)) << row.Why << "\n" << row.Text;
+}
+
+TEST(Markings, KnowTheBendsOfAPreparedText) {
+    const TabText::PreparedText prepared = TabText::Prepare(
+        "e|-000-7b8r7~-7b1/2-5^7-7b-|\n" + TestSupport::Stave("-|------------------------|", 5));
+    const ReadText reading(prepared.Text);
+    std::string bends;
+    for (const TabText::NoteMark& mark : TabText::ReadMarkings(*reading, &prepared.Map).Notes)
+        if (mark.What.Kind == Technique::Bend)
+            bends += prepared.Text.substr(static_cast<std::size_t>(mark.NoteColumn), 2) +
+                     std::to_string(mark.What.Amount) + " ";
+    EXPECT_EQ("7b2 7b2 5b4 7b4 ", bends) << prepared.Text;
+    EXPECT_TRUE(prepared.Text.starts_with("e|-0-0-0-")) << "the signs have other columns";
 }
 
 // Each marked bar as its index, "[" for a start, "]" and the times for an end.
