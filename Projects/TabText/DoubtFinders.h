@@ -64,6 +64,7 @@ void FindCutLabels(const TabReading& reading, DoubtSink& doubts);
 void FindTimesInWords(const TabReading& reading, DoubtSink& doubts);
 
 // Signs that were left out (SignDoubts.cpp).
+void FindLeftOutSigns(const TabReading& reading, const Markings& markings, DoubtSink& doubts);
 void FindUnclearSigns(const TabReading& reading, const Markings& markings, DoubtSink& doubts);
 
 // What the text says and the score does not use (WordDoubts.cpp).

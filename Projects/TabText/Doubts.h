@@ -33,6 +33,7 @@ enum class DoubtKind {
     CutChord,
     CutLabel,
     TimeInWords,
+    LeftOutSign,
     UnclearSign,
     StatedTuning,
     StatedCapo,

@@ -146,6 +146,20 @@ TEST(Doubts, OfRhythms) {
         Fretline::kRhythmsAlways);
 }
 
+TEST(Doubts, OfSigns) {
+    ExpectDoubts({
+        {With("|-5h7p5-7bfull-7b1-7~-(5h7)-|"), "6:18 bend-target", "all of them have their notes"},
+        {With("|-7h--|"), "6:4 left-out-sign", "hammered to nothing"},
+        {With("|-7w-7w-x~-|"), "6:4 left-out-sign, 6:10 left-out-sign", "each text once"},
+        {With("|-[7]-{7-9}-|"), "6:3 left-out-sign, 6:7 left-out-sign", "a pair of brackets once"},
+        {With("|-7~-|-~~-9-|"), "", "a wave goes on over a barline"},
+        {With("|-HARM-7-|"), "6:3 left-out-sign", "a word"},
+        {"w = vibrato\n\n" + With("|-7w--|"), "", "the legend says it"},
+        {Stave("|:-5--:|", 4), "", "dots of a repeat"},
+        {With("|o-5---|"), "6:2 left-out-sign", "one alone is none"},
+    });
+}
+
 TEST(Doubts, OfSymbols) {
     ExpectDoubts({
         {With("|-0---1---|-2---3---|", "  Am        C/G\n"), "", "chords"},
