@@ -27,6 +27,9 @@ bool CanBeSign(char c) {
     return c > ' ' && c != '-' && c != '|' && !Nvr::Ascii::IsDigit(c);
 }
 
+// A sign is told by its text, words by their line.
+using Key = std::pair<int, string_view>;
+
 // Gathers what no mark took; of each text the first, and how many others there are.
 class LeftOutSigns {
 public:
@@ -96,7 +99,10 @@ private:
     }
 
     void Add(int line, std::size_t column, string_view text) {
-        const auto [entry, isNew] = m_ByText.emplace(text, m_Found.size());
+        constexpr std::size_t kFewestLetters = 3;
+        const bool isWord = text.size() >= kFewestLetters && Nvr::Ascii::IsAlpha(text[0]);
+        const Key key = isWord ? Key(line, "") : Key(-1, text);
+        const auto [entry, isNew] = m_Places.emplace(key, m_Found.size());
         if (!isNew) {
             ++m_Found[entry->second].Others;
             return;
@@ -111,7 +117,8 @@ private:
     std::vector<std::vector<bool>> m_IsUsed;
     // Bars whose edges may have dots.
     std::set<std::size_t> m_Repeats;
-    std::map<string_view, std::size_t> m_ByText;
+    // Where they are among those found.
+    std::map<Key, std::size_t> m_Places;
     std::vector<LeftOut> m_Found;
 };
 
@@ -123,7 +130,7 @@ std::string AndOthers(int count) {
 
 } // namespace
 
-// Said once for all of the same text, at the first of them.
+// Said once for all of the same text, and for all words of a line, at the first of them.
 void FindLeftOutSigns(const TabReading& reading, const Markings& markings, DoubtSink& doubts) {
     const SignMeanings signs(reading);
     const auto isKnown = [&](char c) { return signs.Find(c) != nullptr; };

@@ -153,7 +153,7 @@ TEST(Doubts, OfSigns) {
         {With("|-7w-7w-x~-|"), "6:4 left-out-sign, 6:10 left-out-sign", "each text once"},
         {With("|-[7]-{7-9}-|"), "6:3 left-out-sign, 6:7 left-out-sign", "a pair of brackets once"},
         {With("|-7~-|-~~-9-|"), "", "a wave goes on over a barline"},
-        {With("|-HARM-7-|"), "6:3 left-out-sign", "a word"},
+        {With("|-HARM-ONIC-7-|"), "6:3 left-out-sign", "words of one line"},
         {"w = vibrato\n\n" + With("|-7w--|"), "", "the legend says it"},
         {Stave("|:-5--:|", 4), "", "dots of a repeat"},
         {With("|o-5---|"), "6:2 left-out-sign", "one alone is none"},
