@@ -19,6 +19,12 @@ using std::string_view;
 constexpr int kSlowest = 20;
 constexpr int kFastest = 400;
 
+// Crotchets a minute, and where a line says so; 0 where it does not.
+struct StatedTempo {
+    int PerMinute = 0;
+    int Column = 0;
+};
+
 // The first number within reach of a place; 0 for none.
 int NumberNear(string_view text) {
     constexpr std::size_t kReach = 12;
@@ -31,7 +37,7 @@ int NumberNear(string_view text) {
 }
 
 // The number right before a place, blanks between them or not.
-int NumberBefore(string_view text) {
+StatedTempo NumberBefore(string_view text) {
     while (!text.empty() && text.back() == ' ')
         text.remove_suffix(1);
     constexpr std::size_t kDigits = 3;
@@ -41,19 +47,46 @@ int NumberBefore(string_view text) {
         --start;
     for (const char digit : text.substr(start))
         number = number * 10 + (digit - '0');
-    return number;
+    return {number, static_cast<int>(start)};
 }
 
-int TempoIn(string_view line) {
-    int tempo = 0;
-    if (const std::size_t bpm = FindInAnyCase(line, "bpm"); bpm != string_view::npos) {
-        tempo = NumberBefore(line.substr(0, bpm));
-        tempo = tempo > 0 ? tempo : NumberNear(line.substr(bpm));
+StatedTempo BeatsPerMinute(string_view line) {
+    const std::size_t bpm = FindInAnyCase(line, "bpm");
+    if (bpm == string_view::npos)
+        return {};
+    const StatedTempo before = NumberBefore(line.substr(0, bpm));
+    return before.PerMinute > 0 ? before : StatedTempo{NumberNear(line.substr(bpm)), static_cast<int>(bpm)};
+}
+
+// "quarter note = 100", "J=100"
+StatedTempo NoteEquals(string_view line) {
+    for (const string_view note : {"quarter", "crotchet", "J", "q"}) {
+        // A single letter is told by its case.
+        const std::size_t at = note.size() == 1 ? line.find(note) : FindInAnyCase(line, note);
+        if (at == string_view::npos || (at > 0 && Nvr::Ascii::IsAlnum(line[at - 1])))
+            continue;
+        const std::size_t end = at + note.size();
+        const std::size_t equals = line.find('=', end);
+        if (equals == string_view::npos)
+            continue;
+        const std::vector<Word> between = WordsOf(line.substr(end, equals - end));
+        if (between.empty() || (between.size() == 1 && IsSameWord(between[0].Text, "note")))
+            return {NumberNear(line.substr(equals)), static_cast<int>(at)};
     }
-    for (const string_view word : {"tempo", "q=", "q ="})
-        if (const std::size_t at = FindInAnyCase(line, word); tempo == 0 && at != string_view::npos)
-            tempo = NumberNear(line.substr(at));
-    return tempo >= kSlowest && tempo <= kFastest ? tempo : 0;
+    return {};
+}
+
+StatedTempo TempoAfterWord(string_view line) {
+    const std::size_t at = FindInAnyCase(line, "tempo");
+    return at == string_view::npos ? StatedTempo{}
+                                   : StatedTempo{NumberNear(line.substr(at)), static_cast<int>(at)};
+}
+
+StatedTempo TempoIn(string_view line) {
+    for (const auto read : {BeatsPerMinute, NoteEquals, TempoAfterWord})
+        if (const StatedTempo tempo = read(line); tempo.PerMinute >= kSlowest && tempo.PerMinute <= kFastest)
+            return tempo;
+    return {};
 }
 
 bool IsSwung(string_view line) {
@@ -91,6 +124,7 @@ Score::ModelHeading ReadHeading(const TabReading& reading) {
     Score::ModelHeading heading;
     const auto& staves = reading.GetAnalysis().GetStaves();
     const int head = staves.empty() ? 0 : staves.front()->GetFirstLine();
+    const int foot = staves.empty() ? 0 : staves.back()->GetEndLine();
     for (int line = 0; line < reading.GetFile().GetLineCount(); ++line) {
         if (reading.GetAnalysis().IsStaveLine(line))
             continue;
@@ -99,7 +133,9 @@ Score::ModelHeading ReadHeading(const TabReading& reading) {
             SetIfEmpty(heading.Title, ValueOf(text, {"title", "song"}));
             SetIfEmpty(heading.Artist, ValueOf(text, {"artist", "band", "composer"}));
         }
-        heading.Tempo = heading.Tempo > 0 ? heading.Tempo : TempoIn(text);
+        // Between the staves it is a change.
+        if (heading.Tempo == 0 && (line < head || line >= foot))
+            heading.Tempo = TempoIn(text).PerMinute;
         heading.Capo = heading.Capo > 0 ? heading.Capo : StatedCapo(text).Fret;
         heading.IsSwung = heading.IsSwung || IsSwung(text);
     }
@@ -114,17 +150,17 @@ void ReadTempoChanges(const TabReading& reading, BarMarks& marks) {
         const int first = stave.Stave->GetFirstLine();
         for (; line < first; ++line) {
             const string_view text = reading.GetFile().GetLine(line);
-            const int stated = reading.GetAnalysis().IsStaveLine(line) ? 0 : TempoIn(text);
-            if (stated == 0 || stated == tempo)
+            const StatedTempo stated =
+                reading.GetAnalysis().IsStaveLine(line) ? StatedTempo{} : TempoIn(text);
+            if (stated.PerMinute == 0 || stated.PerMinute == tempo)
                 continue;
-            const Word word = WordsOf(text).front();
             // That of the heading is one of those above the first stave.
-            if (tempo > 0 && isAfterFirst)
-                if (const auto bar = BarFrom(reading, stave, word.Column)) {
-                    marks.At(*bar).Tempo = stated;
-                    marks.Signs.push_back({line, word.Column, static_cast<int>(text.size())});
+            if (isAfterFirst)
+                if (const auto bar = BarFrom(reading, stave, stated.Column)) {
+                    marks.At(*bar).Tempo = stated.PerMinute;
+                    marks.Signs.push_back({line, stated.Column, static_cast<int>(text.size())});
                 }
-            tempo = isAfterFirst || tempo == 0 ? stated : tempo;
+            tempo = isAfterFirst || tempo == 0 ? stated.PerMinute : tempo;
         }
         isAfterFirst = true;
         line = stave.Stave->GetEndLine();

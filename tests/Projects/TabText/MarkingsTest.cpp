@@ -271,6 +271,7 @@ TEST(Markings, OfTheWay) {
         {plain + "D.C.\n\n" + plain + "D.C.\n", "? the text has another jump, ? the text has another jump",
          "two jumps"},
         {"Tempo: 90\n\n" + plain + "\nTempo: 120\n\n" + plain, "4 q=120", "the tempo changes"},
+        {plain + "\nslower  Tempo: 60\n" + plain, "5 q=60", "it is stated late, and over the second bar"},
         {"Tempo: 90\nq=120\n" + plain + "\n90 bpm\n\n" + plain, "", "it does not"},
     };
     for (const Case& row : kCases)
@@ -316,6 +317,10 @@ TEST(Markings, OfTheWholePiece) {
     EXPECT_EQ(96, headingOf("q=96").Tempo);
     EXPECT_EQ(132, headingOf("played at 132 bpm").Tempo);
     EXPECT_EQ(0, headingOf("Tempo: 5000").Tempo) << "nobody plays that";
+    EXPECT_EQ(72, headingOf("tempo: quarter = 72, 3/4 time").Tempo);
+    EXPECT_EQ(100, headingOf("Quarter note = 100").Tempo);
+    EXPECT_EQ(90, headingOf("J=90").Tempo);
+    EXPECT_EQ(0, headingOf("a quarter step up, = 50 cents").Tempo);
     EXPECT_TRUE(headingOf("with a shuffle feel").IsSwung);
     EXPECT_EQ(Score::ModelHeading{}, headingOf("Just a song, no capo"));
 }
