@@ -159,6 +159,13 @@ TEST(Markings, OfNotes) {
         {"s = slap\nT = slide\n\n" + With("|-5S7T9-12t-t5-|"), "4 slide, 13 tap", "capitals of its signs"},
         {"v: slap with the thumb\n\n" + With("|-7v------|"), "", "no technique that is known"},
         {"h - hammer on\nv = accent\n\n" + With("|-5h7v----|"), "2 hammer, 4 accent", "two entries"},
+        {"(h = hammer-on, p = pull-off, v=slide)\n\n" + With("|-5v7h9-|"), "2 slide, 4 hammer",
+         "several in a line"},
+        {"Key:  | v  bend   + harmonic\n\n" + With("|-5v-12+-|"), "2 bend 4, 5 natural",
+         "nothing between them"},
+        {"T = thumb, h = slap\n\n" + With("|-T5h7-|"), "", "both are no techniques"},
+        {"~~~ = let ring\n\n" + With("|-5~~-|"), "2 ring", "a wave"},
+        {"play it with a slide, h of course\n\n" + With("|-5h7-|"), "2 hammer", "no legend"},
         {"* = palm mute\n\n" + With("|-7*-----|"), "2 palm", "palm mute of one note"},
     };
     for (const Case& row : kCases)
