@@ -12,6 +12,7 @@
 #include "Projects/TabText/Doubts.h"
 #include "Projects/TabText/MarkingSigns.h"
 #include "Projects/TabText/Markings.h"
+#include "Projects/TabText/SplitParts.h"
 #include "Projects/TabText/TabReading.h"
 #include "Shared/Utils/AsciiChars.h"
 #include "Shared/Utils/tree/TreeNode.h"
@@ -97,6 +98,30 @@ void CheckTechniques(const Score::ScoreModel& score) {
                         "each technique stands once, in order");
 }
 
+// What Score::ScoreParts asks of them.
+void CheckParts(Score::ScoreParts parts) {
+    for (const Score::ScoreModel& part : parts) {
+        Require(part.Bars.size() == parts.front().Bars.size(), "parts have as many bars");
+        Require(!part.Tuning.empty(), "a part has strings");
+        for (std::size_t bar = 0; bar < part.Bars.size(); ++bar) {
+            int end = 0;
+            Require(part.Bars[bar].Length == parts.front().Bars[bar].Length, "bars are equally long");
+            for (const Score::ModelEvent& event : part.Bars[bar].Events) {
+                Require(event.Position >= end || part.HasRhythms, "events follow each other");
+                end = event.Position + event.Duration;
+                Require(end <= part.Bars[bar].Length, "no note reaches over the end of its bar");
+            }
+        }
+    }
+}
+
+// Writes the parts in each form.
+void WriteParts(Score::ScoreParts parts, Score::Layout layout) {
+    Require(!Score::MusicXmlText(parts).empty(), "a marked score has a MusicXML form");
+    FuzzSupport::CheckLilyPond(Score::LilyPondText(parts, "fuzz", layout, false));
+    Require(!Score::MidiBytes(parts).empty(), "a marked score has a MIDI form");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -125,10 +150,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 TabText::JoinMarkings(reading, markings, *score);
                 Require(PitchesOf(*score) == before, "joining changes no pitch");
                 CheckTechniques(*score);
-                Require(!Score::MusicXmlText(*score).empty(), "a marked score has a MusicXML form");
-                FuzzSupport::CheckLilyPond(
-                    Score::LilyPondText(*score, "fuzz", kLayouts[size % std::size(kLayouts)], false));
-                Require(!Score::MidiBytes(*score).empty(), "a marked score has a MIDI form");
+                const Score::Layout layout = kLayouts[size % std::size(kLayouts)];
+                WriteParts(Score::AsParts(*score), layout);
+                if (const TabText::SplitScore split = TabText::SplitParts(reading, *score);
+                    !split.Parts.empty()) {
+                    CheckParts(split.Parts);
+                    WriteParts(split.Parts, layout);
+                }
             }
     } catch (const std::out_of_range&) {
         // A text without a bar that can be read.

@@ -162,9 +162,9 @@ private:
             text += notes.Piece(written.Pieces[piece],
                                 written.Pieces[piece].IsStruck ? NextPiece(index, piece) : nullptr) +
                     " ";
-        if (written.IsRest())
+        if (written.IsRest() && m_Score.HasRhythms)
             text += "R" + LengthText(written.Length) + " ";
-        else if (written.Pieces.empty())
+        else if (written.IsRest() || written.Pieces.empty())
             text += "s" + LengthText(LengthOf(written)) + " ";
         text += "| % " + NumberOf(index) + "\n";
         // What is of all parts stands in the top one.

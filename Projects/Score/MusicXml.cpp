@@ -197,35 +197,39 @@ private:
         }
         for (; chord < bar.ChordSymbols.size(); ++chord)
             WriteHarmony(measure, bar.ChordSymbols[chord], 0);
-        if (written.IsRest())
+        if (written.IsRest() && m_Score.HasRhythms)
             WriteWholeBarRest(measure, written.Length);
+        else if (written.IsRest())
+            Add(Add(measure, "forward"), "duration", written.Length);
         else if (written.Pieces.empty() && bar.Length > 0)
             WriteWholeBarRest(measure, bar.Length);
     }
 
     void WriteWholeBarRest(xml_node measure, int length) {
         xml_node note = Add(measure, "note");
-        HideWithoutRhythms(note);
+        // Where nobody knows how long anything lasts, an empty bar shows nothing.
+        if (!m_Score.HasRhythms)
+            Set(note, "print-object", "no");
         Set(Add(note, "rest"), "measure", "yes");
         Add(note, "duration", length);
         Add(note, "voice", 1);
         m_OpenTies.clear();
     }
 
-    // Where nobody knows how long anything lasts, rests show nothing.
-    void HideWithoutRhythms(xml_node note) const {
-        if (!m_Score.HasRhythms)
-            Set(note, "print-object", "no");
+    // Without rhythms it is room for what other parts have.
+    void WriteRest(xml_node measure, const WrittenPiece& piece) const {
+        xml_node node = Add(measure, m_Score.HasRhythms ? "note" : "forward");
+        if (m_Score.HasRhythms)
+            Add(node, "rest");
+        Add(node, "duration", piece.GetDuration());
+        if (m_Score.HasRhythms)
+            WriteValue(node, piece);
     }
 
     void WritePiece(xml_node measure, const WrittenPiece& piece, const std::vector<Beam>& beams) {
         std::set<std::pair<int, int>> tiedFrom;
         if (piece.Notes == nullptr) {
-            xml_node note = Add(measure, "note");
-            HideWithoutRhythms(note);
-            Add(note, "rest");
-            Add(note, "duration", piece.GetDuration());
-            WriteValue(note, piece);
+            WriteRest(measure, piece);
         } else {
             for (std::size_t index = 0; index < piece.Notes->size(); ++index) {
                 const ModelNote& note = (*piece.Notes)[index];

@@ -8,6 +8,9 @@
 //     0 for 256 5:3:48              from the start of the bar, in all, ties joined: string (1 is the
 //     highest), 256 for 768 rest              fret, MIDI note
 //
+// Where the text shows parts that sound together, "part Guitar" stands before the lines of each, and what is
+// said of all of them stands in the first.
+//
 // The times are those of the timeline that MIDI is made from. Of a score without rhythms only the order
 // counts: each chord lasts 256 units. With the tab and the folder of the options as further arguments, each
 // note that the text marks has the letters of its techniques at its end: "0 for 256 5:3:48=hv". The
@@ -15,10 +18,11 @@
 
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Opening/WholeFile.h"
-#include "Projects/Score/ScoreModel.h"
+#include "Projects/Score/ScoreParts.h"
 #include "Projects/Score/Timeline.h"
 #include "Projects/Score/Utf8.h"
 #include "Projects/TabText/Markings.h"
+#include "Projects/TabText/SplitParts.h"
 #include "Projects/TabText/StruckNotes.h"
 #include "Projects/TabText/TabReading.h"
 
@@ -99,14 +103,23 @@ struct Line {
     std::string Text;
 };
 
+// When something is struck, in any of the parts.
+std::set<int> StrikesOf(ScoreParts parts) {
+    std::set<int> strikes;
+    for (const ScoreModel& part : parts)
+        for (const SoundingNote& note : SoundingNotes(part))
+            strikes.insert(note.Start);
+    return strikes;
+}
+
 class Printer {
 public:
-    explicit Printer(const ScoreModel& score)
-        : m_Score(score), m_Tuning(&score.Tuning), m_Starts(BarStarts(score)), m_Notes(SoundingNotes(score)) {
-    }
+    Printer(const ScoreModel& score, const std::set<int>& strikes, bool isTop)
+        : m_Score(score), m_Strikes(strikes), m_IsTop(isTop), m_Tuning(&score.Tuning),
+          m_Starts(BarStarts(score)), m_Notes(SoundingNotes(score)) {}
 
     void Print() {
-        if (m_Score.HasRhythms)
+        if (m_Score.HasRhythms && m_IsTop)
             std::cout << "rhythms\n";
         if (m_Score.Heading.Capo > 0)
             std::cout << "capo " << m_Score.Heading.Capo << '\n';
@@ -129,20 +142,20 @@ private:
         if (bar.Tuning)
             m_Tuning = &*bar.Tuning;
         std::vector<Line> lines = LinesOf(index);
-        std::cout << "bar " << index + 1 << " for " << LengthOf(index, lines)
-                  << (bar.Repeats.IsStart ? " [" : "");
+        std::cout << "bar " << index + 1 << " for " << LengthOf(index) << (bar.Repeats.IsStart ? " [" : "");
         if (bar.Repeats.IsEnd)
             std::cout << " ]" << bar.Repeats.Times;
         for (const int time : bar.Repeats.Endings)
             std::cout << " (" << time << ')';
-        PrintWay(bar);
+        if (m_IsTop)
+            PrintWay(bar);
         std::cout << '\n';
         for (const ModelText& chord : bar.ChordSymbols)
-            std::cout << "chord " << ToUtf8(chord.Text) << " at " << OrderedTime(lines, chord.Position)
+            std::cout << "chord " << ToUtf8(chord.Text) << " at " << OrderedTime(index, chord.Position)
                       << '\n';
         std::vector<Line> ordered = lines;
         for (Line& line : ordered)
-            line.Start = OrderedTime(lines, line.Start);
+            line.Start = OrderedTime(index, line.Start);
         std::sort(ordered.begin(), ordered.end(), [](const Line& a, const Line& b) {
             return a.Start != b.Start ? a.Start < b.Start : a.String > b.String;
         });
@@ -179,23 +192,24 @@ private:
         return place + ":" + std::to_string(note.Midi) + Letters(*note.Techniques);
     }
 
-    int LengthOf(std::size_t bar, const std::vector<Line>& lines) const {
+    int LengthOf(std::size_t bar) const {
         const int length = m_Starts[bar + 1] - m_Starts[bar];
-        return lines.empty() ? length : OrderedTime(lines, length);
+        const bool isEmpty = m_Strikes.lower_bound(m_Starts[bar]) == m_Strikes.lower_bound(m_Starts[bar + 1]);
+        return isEmpty ? length : OrderedTime(bar, length);
     }
 
     // The time itself where there are rhythms, else as many crotchets as chords begin before it.
-    int OrderedTime(const std::vector<Line>& lines, int time) const {
+    int OrderedTime(std::size_t bar, int time) const {
         if (m_Score.HasRhythms)
             return time;
-        std::set<int> before;
-        for (const Line& line : lines)
-            if (line.Start < time)
-                before.insert(line.Start);
-        return static_cast<int>(before.size()) * kUnitsPerCrotchet;
+        const auto before =
+            std::distance(m_Strikes.lower_bound(m_Starts[bar]), m_Strikes.lower_bound(m_Starts[bar] + time));
+        return static_cast<int>(before) * kUnitsPerCrotchet;
     }
 
     const ScoreModel& m_Score;
+    const std::set<int>& m_Strikes;
+    bool m_IsTop;
     // Of the present bar.
     const std::vector<int>* m_Tuning;
     std::vector<int> m_Starts;
@@ -217,12 +231,20 @@ int main(int argc, char** argv) {
         std::cerr << "no score: " << why << '\n';
         return 1;
     }
+    TabText::SplitScore split;
     if (argc == 4) {
         const TabText::TabReading reading(argv[2], argv[3]);
         TabText::JoinMarkings(reading, TabText::ReadMarkings(reading), *score);
         if (!HasTheFretsOfTheText(reading, *score))
             return 1;
+        split = TabText::SplitParts(reading, *score);
     }
-    Printer(*score).Print();
+    const ScoreParts parts = split.Parts.empty() ? AsParts(*score) : ScoreParts(split.Parts);
+    const std::set<int> strikes = StrikesOf(parts);
+    for (const ScoreModel& part : parts) {
+        if (parts.size() > 1)
+            std::cout << "part " << ToUtf8(part.InstrumentName) << '\n';
+        Printer(part, strikes, &part == &parts.front()).Print();
+    }
     return 0;
 }

@@ -4,22 +4,29 @@ import { parseMidi } from 'midi-file';
 import { readFileSync } from 'node:fs';
 
 const midi = parseMidi(readFileSync(process.argv[2]));
-const struck = [];
-let time = 0;
-for (const event of midi.tracks[1]) {
-    time += event.deltaTime;
-    if (event.type === 'noteOn' && event.velocity > 0) struck.push({ time, channel: event.channel, note: event.noteNumber });
-}
+// One track a part, after the conductor's.
+const struckOf = (track) => {
+    const struck = [];
+    let time = 0;
+    for (const event of track) {
+        time += event.deltaTime;
+        if (event.type === 'noteOn' && event.velocity > 0) struck.push({ time, note: event.noteNumber });
+    }
+    return struck;
+};
 
 // The bars as they are written, and the capo.
 const text = readFileSync(process.argv[3], 'utf8');
-const hasRhythms = text.startsWith('rhythms');
-let capo = 0;
+const hasRhythms = /^rhythms$/m.test(text);
+// For each part its capo, and for each bar its notes. What the bars say of the way, the first part says.
+const parts = [];
 const bars = [];
 for (const line of text.split('\n')) {
-    if (line.startsWith('capo ')) capo = Number(line.slice(5));
+    if (parts.length === 0 || (line.startsWith('part ') && parts.at(-1).bars > 0)) parts.push({ capo: 0, bars: 0 });
+    const part = parts.at(-1);
+    if (line.startsWith('capo ')) part.capo = Number(line.slice(5));
     const bar = line.match(/^bar \d+ for (\d+)/);
-    if (bar)
+    if (bar && ++part.bars && parts.length === 1)
         bars.push({
             length: Number(bar[1]),
             notes: [],
@@ -30,7 +37,7 @@ for (const line of text.split('\n')) {
             signs: line,
         });
     const note = line.match(/^(\d+) for \d+ (?:\d+|-):(\d+|-):(\d+)(=\w+)?/);
-    if (note) bars.at(-1).notes.push(note);
+    if (note) (bars[part.bars - 1].notes[parts.length - 1] ??= []).push(note);
 }
 
 // Stretch by stretch: up to the end of a repeat and its endings, or to the start of the next.
@@ -65,23 +72,36 @@ if (jump) {
 
 // A natural harmonic sounds so far above its fret.
 const rises = { 12: 0, 7: 12, 19: 0, 5: 19 };
-const expected = [];
-let now = 0;
-for (const bar of played) {
-    for (const [, at, fret, pitch, letters] of bar.notes)
-        expected.push({ time: now + Number(at), note: Number(pitch) + capo + (letters?.includes('n') ? rises[fret] : 0) });
-    now += bar.length;
+function expectedOf(part) {
+    const expected = [];
+    let now = 0;
+    for (const bar of played) {
+        for (const [, at, fret, pitch, letters] of bar.notes[part] ?? []) {
+            const rise = parts[part].capo + (letters?.includes('n') ? rises[fret] : 0);
+            expected.push({ time: now + Number(at), note: Number(pitch) + rise });
+        }
+        now += bar.length;
+    }
+    return expected;
 }
-// Notes of one time in order of pitch. Without rhythms a time is the number of times before it.
-const inOrder = (list) => {
-    const times = [...new Set(list.map((s) => s.time))].sort((a, b) => a - b);
-    const timeOf = (s) => (hasRhythms ? s.time : times.indexOf(s.time));
-    return list
-        .map((s) => [timeOf(s), s.note])
+// Notes of one time in order of pitch. Without rhythms a time is the number of times before it, in all parts.
+const times = (lists) => [...new Set(lists.flat().map((s) => s.time))].sort((a, b) => a - b);
+const inOrder = (list, all) =>
+    list
+        .map((s) => [hasRhythms ? s.time : all.indexOf(s.time), s.note])
         .sort((a, b) => a[0] - b[0] || a[1] - b[1])
         .join(' ');
-};
-if (struck.length === 0 || inOrder(struck) !== inOrder(expected)) {
-    console.log(`${process.argv[2]}: ${struck.length} notes struck, ${expected.length} expected, or at other times`);
-    process.exit(1);
-}
+
+const struck = parts.map((_, part) => struckOf(midi.tracks[part + 1] ?? []));
+const expected = parts.map((_, part) => expectedOf(part));
+const [timesStruck, timesExpected] = [times(struck), times(expected)];
+let isRight = midi.tracks.length === parts.length + 1;
+parts.forEach((_, part) => {
+    const isSame = inOrder(struck[part], timesStruck) === inOrder(expected[part], timesExpected);
+    if (struck[part].length > 0 && isSame) return;
+    isRight = false;
+    console.log(
+        `${process.argv[2]}: ${struck[part].length} notes struck, ${expected[part].length} expected, or at other times`,
+    );
+});
+if (!isRight) process.exit(1);

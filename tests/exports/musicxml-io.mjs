@@ -64,28 +64,35 @@ function way(measure, isFirst) {
 }
 
 const score = parse(readFileSync(process.argv[2], 'utf8'));
-const sounding = new Sounding();
-for (const [index, measure] of score.parts[0].measures.entries()) {
-    sounding.bar(way(measure, index === 0));
-    let piece = null;
-    const flush = () => {
-        if (piece) sounding.piece(piece.duration, piece.notes);
-        piece = null;
-    };
-    for (const entry of measure.entries) {
-        if (entry.type === 'harmony') {
-            flush();
-            sounding.chord(chord(entry), entry.offset ?? 0);
-        } else if (entry.type === 'note') {
-            if (!entry.chord) flush();
-            if (entry.printObject === false) {
+const names = new Map(score.partList.map((entry) => [entry.id, entry.name]));
+for (const part of score.parts) {
+    if (score.parts.length > 1) console.log(`part ${names.get(part.id)}`);
+    const sounding = new Sounding();
+    for (const [index, measure] of part.measures.entries()) {
+        sounding.bar(way(measure, index === 0));
+        let piece = null;
+        const flush = () => {
+            if (piece) sounding.piece(piece.duration, piece.notes);
+            piece = null;
+        };
+        for (const entry of measure.entries) {
+            if (entry.type === 'harmony') {
+                flush();
+                sounding.chord(chord(entry), entry.offset ?? 0);
+            } else if (entry.type === 'forward') {
+                flush();
                 sounding.empty(entry.duration);
-                continue;
+            } else if (entry.type === 'note') {
+                if (!entry.chord) flush();
+                if (entry.printObject === false) {
+                    sounding.empty(entry.duration);
+                    continue;
+                }
+                piece ??= { duration: entry.duration, notes: [] };
+                if (entry.pitch) piece.notes.push(note(entry));
             }
-            piece ??= { duration: entry.duration, notes: [] };
-            if (entry.pitch) piece.notes.push(note(entry));
         }
+        flush();
     }
-    flush();
+    sounding.print();
 }
-sounding.print();

@@ -45,6 +45,12 @@ export class Sounding {
         this.#bars.at(-1).length += duration;
     }
 
+    // Gives a bar the length that it has in the part where it is longest.
+    static makeEqual(parts, bar) {
+        const longest = Math.max(...parts.map((part) => part.#bars[bar].length));
+        for (const part of parts) part.#bars[bar].length = longest;
+    }
+
     print() {
         this.#bars.forEach((bar, index) => {
             console.log(`bar ${index + 1} for ${bar.length}${bar.marks}`);

@@ -30,6 +30,23 @@ TEST(LilyPond, WritesTheWholeScore) {
     EXPECT_TRUE(Has(LilyPondText(TestSupport::SmallScore(), "", Layout::Tab, true), "\\tabFullNotation"));
 }
 
+TEST(LilyPond, HasStavesForEachPart) {
+    std::vector<ScoreModel> parts = TestSupport::SmallParts();
+    parts[0].Heading.Tempo = parts[1].Heading.Tempo = 90;
+    parts[1].Heading.Capo = 2;
+    const std::string text = LilyPondText(parts, "", Layout::Both, false);
+    for (const char* part :
+         {"verseSectionGuitar = {", "verseSectionBass = {", "allGuitarChords = {", "\\allBass\n",
+          "tuningBass = \\stringTuning < e,, a,, d, g, >", "instrumentName = \"Bass\"", "\\clef \"bass_8\"",
+          "stringTunings = \\tuningBass", "Capo 2"})
+        EXPECT_TRUE(Has(text, part)) << part << " in\n" << text;
+    EXPECT_FALSE(Has(text, "allBassChords"));
+    for (const char* once : {"\\tempo", "\\sectionLabel"})
+        EXPECT_EQ(text.find(once), text.rfind(once)) << once << " is said once for all parts";
+    parts[1].InstrumentName = parts[0].InstrumentName;
+    EXPECT_TRUE(Has(LilyPondText(parts, "", Layout::Tab, false), "allGuitarB = {")) << "two of one name";
+}
+
 TEST(LilyPond, WritesChordsAboveTheStaves) {
     const struct {
         std::vector<ModelText> Chords;

@@ -177,6 +177,37 @@ TEST(Midi, ChangesTheTempoWhereTheTextDoes) {
     EXPECT_NE(lines.end(), std::find(lines.begin(), lines.end(), "640: meta 81 15 66 64 "));
 }
 
+// The channels of the notes of each track: "1,4,0 7,6".
+std::string ChannelsOf(const std::vector<ScoreModel>& parts) {
+    std::string text;
+    const std::string bytes = MidiBytes(parts);
+    for (const std::string& line : PlainReader(bytes).Read()) {
+        if (line.find("meta 3 ") != std::string::npos)
+            text += text.empty() ? "" : " ";
+        if (const std::size_t on = line.find(": 9/"); on != std::string::npos)
+            text += (text.empty() || text.back() == ' ' ? "" : ",") +
+                    line.substr(on + 4, line.find(' ', on + 2) - on - 4);
+    }
+    return text;
+}
+
+TEST(Midi, HasATrackForEachPart) {
+    std::vector<ScoreModel> parts = TestSupport::SmallParts();
+    const std::string bytes = MidiBytes(parts);
+    const std::vector<std::string> lines = PlainReader(bytes).Read();
+    EXPECT_EQ("MThd 6 1 3 256", lines.front());
+    for (const char* line :
+         {"0: meta 3 Guitar", "0: meta 3 Bass", "0: 12/6 33", "0: 9/7 36 90", "896: 9/6 31 90"})
+        EXPECT_EQ(1, std::count(lines.begin(), lines.end(), line)) << line;
+    EXPECT_EQ("1,4,0 7,6,6", ChannelsOf(parts));
+    parts = {parts[0], parts[0], parts[0]};
+    EXPECT_EQ("1,4,0 6,10,5 12,15,11", ChannelsOf(parts))
+        << "five each of eighteen strings, but for the drums'";
+    parts.assign(20, parts[0]);
+    EXPECT_EQ("15,15,15", ChannelsOf(parts).substr(ChannelsOf(parts).size() - 8))
+        << "more parts than channels";
+}
+
 TEST(Timeline, ABarTakesItsLengthOrAsLongAsItsNotes) {
     ScoreModel score = TestSupport::SmallScore();
     EXPECT_EQ((std::vector<int>{0, 640, 1408}), BarStarts(score));

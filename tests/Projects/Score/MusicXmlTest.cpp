@@ -174,4 +174,39 @@ TEST(MusicXml, TheContainerHoldsTheScoreAndItsPlace) {
         << "the same score gives the same bytes";
 }
 
+TEST(MusicXml, HasAPartForEachThatSoundsTogether) {
+    std::vector<ScoreModel> parts = TestSupport::SmallParts();
+    for (ScoreModel& part : parts) {
+        part.Heading.Tempo = 90;
+        part.Bars[0].Repeats.IsStart = part.Bars[1].Repeats.IsEnd = true;
+        part.Bars[1].Way.HasSegno = true;
+    }
+    pugi::xml_document document;
+    ASSERT_TRUE(document.load_string(MusicXmlText(parts).c_str()));
+    const pugi::xml_node root = document.child("score-partwise");
+    EXPECT_EQ("Bass", Text(root, "part-list/score-part[@id='P2']/part-name"));
+    EXPECT_EQ("34", Text(root, "part-list/score-part[@id='P2']//midi-program"));
+    EXPECT_EQ("2", Text(root, "part-list/score-part[@id='P2']//midi-channel"));
+    EXPECT_EQ(2U, Count(root, "part[@id='P1']/measure"));
+    EXPECT_EQ(2U, Count(root, "part[@id='P2']/measure"));
+    EXPECT_EQ(4U, Count(root, "part[@id='P2']//staff-tuning"));
+    EXPECT_EQ("3", Text(root, "part[@id='P2']/measure[1]/note/notations/technical/fret"));
+    EXPECT_EQ(3U, Count(root, "part[@id='P1']//direction")) << "the label, the tempo and the segno";
+    EXPECT_EQ(0U, Count(root, "part[@id='P2']//direction")) << "said once for all";
+    for (const char* direction : {"forward", "backward"})
+        EXPECT_EQ(
+            2U,
+            root.select_nodes((std::string("part//repeat[@direction='") + direction + "']").c_str()).size())
+            << "each part has its barlines";
+
+    for (ScoreModel& part : parts)
+        part.HasRhythms = false;
+    ASSERT_TRUE(document.load_string(MusicXmlText(parts).c_str()));
+    std::string durations;
+    for (const auto& node : document.select_nodes("//part[@id='P2']/measure/*[duration]"))
+        durations += std::string(node.node().name()) + " " + node.node().child_value("duration") + " ";
+    EXPECT_EQ("note 256 forward 256 note 256 note 256 forward 256 ", durations)
+        << "room for what the guitar alone strikes";
+}
+
 } // namespace

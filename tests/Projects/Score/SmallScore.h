@@ -57,4 +57,19 @@ inline Score::ScoreModel ScoreOf(const std::vector<Part>& parts, Score::ModelTim
     return score;
 }
 
+/// The small score above a bass that plays when the guitar does and once more in the second bar.
+inline std::vector<Score::ScoreModel> SmallParts() {
+    using namespace Score;
+    std::vector<ScoreModel> parts{SmallScore(), SmallScore()};
+    ScoreModel& bass = parts.back();
+    bass.InstrumentName = bass.ShortName = "Bass";
+    bass.Program = 33;
+    bass.Tuning = {28, 33, 38, 43};
+    bass.Bars[0].Labels.clear();
+    bass.Bars[0].ChordSymbols.clear();
+    bass.Bars[0].Events = {{0, 640, {{1, 3, 36, 21, false}}}};
+    bass.Bars[1].Events = {{0, 256, {{0, 1, 29, 17, false}}}, {256, 512, {{0, 3, 31, 18, false}}}};
+    return parts;
+}
+
 } // namespace TestSupport
