@@ -224,7 +224,7 @@ std::string JsonText(const Conversion& conversion, std::span<const std::string> 
               {"timeSignatures", SignaturesJson(model)}};
     if (const TabText::TabReading* reading = conversion.GetReading()) {
         json["bars"] = BarsJson(*reading, *conversion.Tab);
-        AddIfAny(json, "parts", PartsJson(conversion.GetSplit()));
+        AddIfAny(json, "partsTogether", PartsJson(conversion.GetSplit()));
         AddIfAny(json, "tuningChanges", TuningChangesJson(model));
         json["heading"] = HeadingJson(model.Heading);
         json["repeats"] = RepeatsJson(model);

@@ -4,12 +4,14 @@
 #include "Projects/Fretline/text/TabChars.h"
 #include "Projects/Fretline/text/TabStave.h"
 #include "Projects/TabText/DoubtFinders.h"
+#include "Projects/TabText/PartsTogether.h"
 #include "Projects/TabText/StaveBars.h"
 #include "Projects/TabText/Words.h"
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace TabText {
 
@@ -154,16 +156,25 @@ bool LacksBarlines(const StaveBars& stave) {
 
 void FindStaveSizes(const TabReading& reading, DoubtSink& doubts) {
     const std::vector<StaveBars> staves = StavesWithBars(reading);
+    std::optional<bool> areTogether;
     const TabStave* before = nullptr;
     for (const StaveBars& entry : staves) {
         const TabStave& stave = *entry.Stave;
         const int first = staves.front().Stave->GetLineCount();
         const bool goesOn = before != nullptr && before->GetLineCount() == stave.GetLineCount();
-        if (stave.GetLineCount() != first && !goesOn && !IsRestOfARun(before, stave))
-            doubts.Add(stave.GetFirstLine(), 0, reading.GetFile().GetLineLength(stave.GetFirstLine()),
-                       "a stave of " + Count(stave.GetLineCount(), "lines was read into the stave of ") +
-                           Count(first, "lines that the score has"));
+        const bool isDoubtful = stave.GetLineCount() != first && !goesOn && !IsRestOfARun(before, stave);
         before = &stave;
+        if (!isDoubtful)
+            continue;
+        if (!areTogether)
+            areTogether = !FindPartsTogether(reading).Names.empty();
+        doubts.Add(stave.GetFirstLine(), 0, reading.GetFile().GetLineLength(stave.GetFirstLine()),
+                   "a stave of " + Count(stave.GetLineCount(), "lines was read into the stave of ") +
+                       Count(first, "lines that the score has") +
+                       (*areTogether ? "; in other formats it is a part of its own" : ""));
+        // Of parts that take turns all the way, the first one says it all.
+        if (*areTogether)
+            return;
     }
 }
 

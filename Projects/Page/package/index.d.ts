@@ -41,7 +41,7 @@ export interface NotePlace {
   line: number;
   column: number;
   end: number;
-  /** Part of the exported score (json.parts), counted from 0. */
+  /** Part of the exported score (json.partsTogether), counted from 0. */
   part: number;
   /** Bar of that part, counted from 0. */
   bar: number;

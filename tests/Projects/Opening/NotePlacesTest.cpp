@@ -63,7 +63,8 @@ protected:
 TEST_P(NotePlaces, AreThoseOfEveryNoteOfTheScore) {
     for (const auto& entry : fs::directory_iterator(FRETLINE_SOURCE_DIR "/examples"))
         if (entry.path().extension() != ".nvf")
-            ExpectEveryNote(entry.path(), entry.path().filename() != "seven-strings.tab");
+            ExpectEveryNote(entry.path(), entry.path().filename() != "seven-strings.tab" &&
+                                              entry.path().filename() != "round-for-two.tab");
     for (int style = 0; style < 3; ++style) {
         TestSupport::TabBookStyle look;
         look.RhythmLine = style;

@@ -206,6 +206,7 @@ TEST(Doubts, OfTheExamples) {
     const std::map<std::string, std::string> expected{
         {"canon-bass.btab", "1:1 chord-from-words, 3:1 no-barlines"},
         {"muted-riff.tab", "4:21 chord-from-words"},
+        {"round-for-two.tab", "15:1 stave-size"},
         {"seven-strings.tab", "1:1 cut-label, 1:5 chord-from-words, 9:1 cut-run"},
         {"spider-exercise", "3:1 no-barlines"},
     };

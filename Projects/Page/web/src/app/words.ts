@@ -5,15 +5,25 @@ const counted = (count: number, word: string): string => `${count} ${word}${coun
 /** What was read, in one line: "12 bars, 96 notes, 2 doubts". */
 export function summaryOf({ json }: Result): string {
     const doubts = (json.doubts ?? []).length as number;
-    const parts = [counted(json.barCount, 'bar'), counted(json.notesStruck, 'note')];
-    if (doubts > 0) parts.push(counted(doubts, 'doubt'));
-    return parts.join(', ');
+    // Bars of parts that sound together are counted once.
+    const bars: number = json.partsTogether?.[0].bars.length ?? json.barCount;
+    const words = [counted(bars, 'bar'), counted(json.notesStruck, 'note')];
+    if (doubts > 0) words.push(counted(doubts, 'doubt'));
+    return words.join(', ');
 }
 
-/** What was read of the instrument, for those who look closer. */
+interface Part {
+    name: string;
+    tuning: { name: string | null; strings: string };
+}
+
+/** What was read of the instruments, for those who look closer. */
 export function instrumentOf({ json }: Result): string {
-    const tuning = json.tuning.name ? `${json.tuning.name} tuning` : `tuned ${json.tuning.strings}`;
-    return `${json.instrument}, ${tuning}, ${json.rhythms ? 'rhythms read' : 'rhythms not read'}`;
+    const parts: Part[] = json.partsTogether ?? [{ name: json.instrument, tuning: json.tuning }];
+    const instruments = parts.map(({ name, tuning }) =>
+        tuning.name ? `${name}, ${tuning.name} tuning` : `${name}, tuned ${tuning.strings}`,
+    );
+    return `${instruments.join('; ')}, ${json.rhythms ? 'rhythms read' : 'rhythms not read'}`;
 }
 
 /** Why the text gave no score, as a sentence. */

@@ -67,7 +67,9 @@ export class MusicView {
         this.api = api;
         this.element.append(this.marks);
         api.noteMouseDown.on((note) => this.events.noteChosen(this.placeOf(note)));
-        api.playedBeatChanged.on((beat) => this.events.notesPlayed(this.placesOf(beat)));
+        api.activeBeatsChanged.on(({ activeBeats }) =>
+            this.events.notesPlayed(activeBeats.flatMap((beat) => this.placesOf(beat))),
+        );
         api.postRenderFinished.on(() => {
             this.drawMarks();
             this.events.drawn();
@@ -85,7 +87,7 @@ export class MusicView {
         this.result = result;
         this.places = new NotePlaces(struckNotes(score), result.notes);
         this.marked = [];
-        this.api.renderScore(score);
+        this.draw(score);
     }
 
     showStaves(staves: Staves): void {
@@ -97,7 +99,7 @@ export class MusicView {
         this.api.settings.notation.rhythmMode =
             staves === 'tab' && this.result?.json.rhythms ? ShowWithBars : Hidden;
         this.api.updateSettings();
-        this.api.renderScore(this.score);
+        this.draw(this.score);
     }
 
     setColours(colours: Colours): void {
@@ -163,6 +165,14 @@ export class MusicView {
             barNumberColor: ink,
         };
         this.api.print(undefined, { display: { resources, scale: 0.9 } });
+    }
+
+    /** All parts, one below the other. */
+    private draw(score: model.Score): void {
+        this.api?.renderScore(
+            score,
+            score.tracks.map((track) => track.index),
+        );
     }
 
     private placeOf(note: model.Note): NotePlace | null {

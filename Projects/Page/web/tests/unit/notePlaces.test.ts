@@ -4,9 +4,9 @@ import { NotePlaces, type EngravedNote } from '../../src/music/notePlaces';
 
 const quarter = 960;
 
-const note = (bar: number, ticks: number, string: number): EngravedNote => ({
+const note = (bar: number, ticks: number, string: number, part = 0): EngravedNote => ({
     string,
-    beat: { playbackStart: ticks, voice: { bar: { index: bar } } },
+    beat: { playbackStart: ticks, voice: { bar: { index: bar, staff: { track: { index: part } } } } },
 });
 
 // Lines 4 to 9 are strings 5 to 0; a crotchet is four columns.
@@ -16,6 +16,7 @@ const place = (bar: number, position: number, string: number, width = 1): NotePl
         line: 9 - string,
         column,
         end: column + width,
+        part: 0,
         bar,
         position,
         tick: bar * 1024 + position,
@@ -77,6 +78,13 @@ describe('notes of the score and of the text', () => {
             { position: 256, string: 0 },
             { position: 256, string: 4 },
         ]);
+    });
+
+    it('are joined part by part', () => {
+        const together = [note(0, 0, 4), note(0, 0, 4, 1)];
+        const inText = [{ ...place(0, 0, 3), part: 1, line: 12 }, place(0, 0, 3)];
+        const own = new NotePlaces(together, inText);
+        expect(together.map((each) => own.placeOf(each)?.line)).toEqual([6, 12]);
     });
 
     it('have a place each', () => {
