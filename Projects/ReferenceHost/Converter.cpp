@@ -55,9 +55,9 @@ std::string TextOf(const std::vector<TabText::PreparedPart>& parts) {
 
 } // namespace
 
-Converter::Converter(const CommandLine& line, const Opening::Plugin& plugin, fs::path configFolder,
-                     const RunFolder& folder, bool showsProgress)
-    : m_Line(line), m_Plugin(plugin), m_ConfigFolder(std::move(configFolder)), m_Folder(folder),
+Converter::Converter(const CommandLine& line, const TargetPlan& plan, const Opening::Plugin& plugin,
+                     fs::path configFolder, const RunFolder& folder, bool showsProgress)
+    : m_Line(line), m_Plan(plan), m_Plugin(plugin), m_ConfigFolder(std::move(configFolder)), m_Folder(folder),
       m_ShowsProgress(showsProgress) {}
 
 JobResult Converter::Convert(const Input& input, const std::vector<Target>& targets) const {
@@ -95,13 +95,22 @@ JobResult Converter::ConvertInput(const Input& input, const std::vector<Target>&
     return Finish(input, {}, opened, targets);
 }
 
-JobResult Converter::ConvertParts(const Input& input, const std::vector<Target>& targets,
-                                  const std::vector<TabText::PreparedPart>& parts) const {
+std::string Converter::WhyNotInParts(const Input& input, const std::vector<Target>& targets,
+                                     const std::vector<TabText::PreparedPart>& parts) const {
     const auto isStandardOutput = [](const Target& target) { return target.File.empty(); };
     if (std::any_of(targets.begin(), targets.end(), isStandardOutput))
-        return TellRefusal(input, {},
-                           Opened(Status::Failed, std::to_string(parts.size()) +
-                                                      " parts cannot go to standard output together"));
+        return std::to_string(parts.size()) + " parts cannot go to standard output together";
+    for (const TabText::PreparedPart& part : parts)
+        for (const Target& target : TargetsOfPart(targets, part.Name))
+            if (std::string why = m_Plan.WhyNot(target, input); !why.empty())
+                return why;
+    return {};
+}
+
+JobResult Converter::ConvertParts(const Input& input, const std::vector<Target>& targets,
+                                  const std::vector<TabText::PreparedPart>& parts) const {
+    if (const std::string why = WhyNotInParts(input, targets, parts); !why.empty())
+        return TellRefusal(input, {}, Opened(Status::Failed, why));
     JobResult all;
     for (const TabText::PreparedPart& part : parts) {
         std::optional<TemporaryTab> name;

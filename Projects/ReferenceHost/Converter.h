@@ -24,10 +24,11 @@ struct Answer;
 class Converter {
 public:
     /// The plug-in must be started; the options that it uses lie in `configFolder`.
-    Converter(const CommandLine& line, const Opening::Plugin& plugin, std::filesystem::path configFolder,
-              const RunFolder& folder, bool showsProgress);
+    Converter(const CommandLine& line, const TargetPlan& plan, const Opening::Plugin& plugin,
+              std::filesystem::path configFolder, const RunFolder& folder, bool showsProgress);
 
-    /// One input with its targets.
+    /// One input of the plan with its targets. Nothing is written of an input whose parts would be written
+    /// over what the run reads, or over what it writes of another input.
     JobResult Convert(const Input& input, const std::vector<Target>& targets) const;
 
     /// One line of --json-lines: {"id":...,"text":...}. The output is the line for it, also when something is
@@ -46,6 +47,9 @@ private:
     // The text, prepared, and its parts where it is to be cut into these; opened under a temporary name where
     // that changed it. Empty when it cannot be read.
     std::vector<TabText::PreparedPart> Prepare(const Input& input) const;
+    // Empty when every part can be written to its targets.
+    std::string WhyNotInParts(const Input& input, const std::vector<Target>& targets,
+                              const std::vector<TabText::PreparedPart>& parts) const;
     JobResult ConvertParts(const Input& input, const std::vector<Target>& targets,
                            const std::vector<TabText::PreparedPart>& parts) const;
     // `part` is the name of one part of the input, empty for all of it.
@@ -64,6 +68,7 @@ private:
     static std::string WhyItBrokeOff();
 
     const CommandLine& m_Line;
+    const TargetPlan& m_Plan;
     const Opening::Plugin& m_Plugin;
     std::filesystem::path m_ConfigFolder;
     const RunFolder& m_Folder;

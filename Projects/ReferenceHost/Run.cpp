@@ -66,7 +66,7 @@ public:
         std::vector<std::string> problems;
         m_Inputs = FindInputs(m_Line.Inputs, problems);
         std::string mistake;
-        m_Targets = PlanTargets(m_Line, m_Inputs, mistake);
+        m_Plan = PlanTargets(m_Line, m_Inputs, mistake);
         if (!mistake.empty())
             return Fail(mistake);
         for (const std::string& problem : problems) {
@@ -130,8 +130,8 @@ private:
             return false;
         }
         Terminal::SayWhatIsAskedFor(m_Inputs.front().Path.string(), m_Inputs.size() - 1);
-        if (!Tell(Converter(m_Line, library.GetPlugin(), folder, m_Folder, true)
-                      .Convert(m_Inputs[0], m_Targets[0])))
+        if (!Tell(Converter(m_Line, m_Plan, library.GetPlugin(), folder, m_Folder, true)
+                      .Convert(m_Inputs[0], m_Plan.Targets[0])))
             return false;
         m_First = 1;
         return true;
@@ -150,7 +150,8 @@ private:
         const std::size_t count = m_Inputs.size() - m_First;
         if (count > 1)
             m_Progress.Begin(count);
-        const Converter converter(m_Line, m_Library.GetPlugin(), m_Folder.Path(), m_Folder, count == 1);
+        const Converter converter(m_Line, m_Plan, m_Library.GetPlugin(), m_Folder.Path(), m_Folder,
+                                  count == 1);
         InputNumbers numbers(m_First, m_Inputs.size());
         const int processes =
             static_cast<int>(std::min<std::size_t>(static_cast<std::size_t>(m_Line.Jobs), count));
@@ -159,14 +160,14 @@ private:
             numbers, processes,
             [&](const std::string& job) {
                 const std::size_t index = std::stoul(job);
-                return converter.Convert(m_Inputs[index], m_Targets[index]);
+                return converter.Convert(m_Inputs[index], m_Plan.Targets[index]);
             },
             [&](const JobResult& result) { return TellOfInput(result); });
         m_Progress.End();
     }
 
     void ConvertLines() {
-        const Converter converter(m_Line, m_Library.GetPlugin(), m_Folder.Path(), m_Folder, false);
+        const Converter converter(m_Line, m_Plan, m_Library.GetPlugin(), m_Folder.Path(), m_Folder, false);
         StandardInputLines lines;
         RunJobs(
             lines, m_Line.Jobs, [&](const std::string& job) { return converter.ConvertLine(job); },
@@ -222,7 +223,7 @@ private:
     RunFolder m_Folder;
     PluginLibrary m_Library;
     std::vector<Input> m_Inputs;
-    std::vector<std::vector<Target>> m_Targets;
+    TargetPlan m_Plan;
     std::size_t m_First = 0;
     std::size_t m_NextToTell = 0;
     RunProgress m_Progress;

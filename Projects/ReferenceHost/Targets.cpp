@@ -3,8 +3,6 @@
 #include "Projects/Formats/Formats.h"
 #include "Projects/ReferenceHost/Help.h"
 
-#include <map>
-#include <set>
 #include <stdexcept>
 
 namespace ReferenceHost {
@@ -42,16 +40,15 @@ class Planner {
 public:
     Planner(const CommandLine& line, const std::vector<Input>& inputs) : m_Line(line), m_Inputs(inputs) {}
 
-    std::vector<std::vector<Target>> Plan() {
-        std::vector<std::vector<Target>> plan;
+    TargetPlan Plan() {
         for (const Input& input : m_Inputs)
-            m_Sources.insert(Normal(input.Path));
+            m_Plan.Sources.insert(Normal(input.Path));
         for (const Input& input : m_Inputs) {
-            plan.push_back(TargetsOf(input));
-            for (const Target& target : plan.back())
-                Check(target, input);
+            m_Plan.Targets.push_back(TargetsOf(input));
+            for (const Target& target : m_Plan.Targets.back())
+                Add(target, input);
         }
-        return plan;
+        return std::move(m_Plan);
     }
 
 private:
@@ -102,37 +99,42 @@ private:
                       "; --to FORMAT says which)");
     }
 
-    void Check(const Target& target, const Input& input) {
+    void Add(const Target& target, const Input& input) {
         if (target.File.empty()) {
             if (m_Inputs.size() > 1)
                 throw Mistake("several files cannot go to standard output");
             return;
         }
         const fs::path place = Normal(target.File);
-        if (IsDevice(place))
-            return;
-        if (m_Sources.count(place) != 0)
-            throw Mistake(target.File.string() + " is both read and written");
-        const auto [former, isNew] = m_Taken.emplace(place, &input);
-        if (isNew)
-            return;
-        if (former->second == &input)
+        if (const std::string why = m_Plan.WhyNot(target, input); !why.empty()) {
+            const bool isOneName = m_Plan.Written.contains(place) && !m_Line.Outputs.empty();
+            throw Mistake(why + (isOneName ? " (a name with a slash at its end is a folder)" : ""));
+        }
+        if (!IsDevice(place) && !m_Plan.Written.emplace(place, &input).second)
             throw Mistake(target.File.string() + " is named twice as a target");
-        throw Mistake("both " + former->second->Path.string() + " and " + input.Path.string() +
-                      " would be written to " + target.File.string() +
-                      (m_Line.Outputs.empty() ? "" : " (a name with a slash at its end is a folder)"));
     }
 
     const CommandLine& m_Line;
     const std::vector<Input>& m_Inputs;
-    std::set<fs::path> m_Sources;
-    std::map<fs::path, const Input*> m_Taken;
+    TargetPlan m_Plan;
 };
 
 } // namespace
 
-std::vector<std::vector<Target>> PlanTargets(const CommandLine& line, const std::vector<Input>& inputs,
-                                             std::string& mistake) {
+std::string TargetPlan::WhyNot(const Target& target, const Input& input) const {
+    const fs::path place = Normal(target.File);
+    if (IsDevice(place))
+        return {};
+    if (Sources.contains(place))
+        return target.File.string() + " is both read and written";
+    const auto other = Written.find(place);
+    if (other == Written.end() || other->second == &input)
+        return {};
+    return "both " + other->second->Path.string() + " and " + input.Path.string() + " would be written to " +
+           target.File.string();
+}
+
+TargetPlan PlanTargets(const CommandLine& line, const std::vector<Input>& inputs, std::string& mistake) {
     try {
         return Planner(line, inputs).Plan();
     } catch (const Mistake& wrong) {

@@ -225,14 +225,19 @@ TEST_F(Program, PreparesAnUntidyTabWhenAsked) {
         << json;
 }
 
-TEST_F(Program, WritesAScoreForEachPart) {
+// A part of four notes and one of one.
+std::string SongOfTwoParts() {
     const auto stave = [](const char* lowest) {
         std::string strings;
         for (int string = 0; string < 5; ++string)
             strings += "|---------------|\n";
         return strings + lowest + "\n";
     };
-    const std::string song = "Gtr I\n" + stave("|-0-0-3-0-------|") + "Gtr II\n" + stave("|-7-------------|");
+    return "Gtr I\n" + stave("|-0-0-3-0-------|") + "Gtr II\n" + stave("|-7-------------|");
+}
+
+TEST_F(Program, WritesAScoreForEachPart) {
+    const std::string song = SongOfTwoParts();
     Write("song.tab", song);
     const Outcome beside = Run("song.tab --prepare=parts");
     EXPECT_EQ(0, beside.ExitCode) << beside.Text;
@@ -266,6 +271,31 @@ TEST_F(Program, WritesAScoreForEachPart) {
         << answer;
     EXPECT_TRUE(Has(answer, R"({"part":"Gtr II","taken":true,)")) << answer;
     EXPECT_EQ(1, std::count(answer.begin(), answer.end(), '\n'));
+}
+
+TEST_F(Program, WritesNoPartOverWhatItReadsOrWritesElse) {
+    const struct {
+        const char* Inputs;
+        const char* Said;
+    } rows[] = {
+        {"song.tab 'song - Gtr II.nvf'", "song.tab: song - Gtr II.nvf is both read and written"},
+        {"song.tab 'song - Gtr II.tab'",
+         "song.tab: both song - Gtr II.tab and song.tab would be written to song - Gtr II.nvf"},
+        {"-o scores/ 'song - Gtr II.tab' song.tab", "would be written to scores/song - Gtr II.nvf"},
+    };
+    Write("song.tab", SongOfTwoParts());
+    Tab("song - Gtr II.tab");
+    ASSERT_EQ(0, Run("'song - Gtr II.tab' -o 'song - Gtr II.nvf' -q").ExitCode);
+    const std::string score = Read("song - Gtr II.nvf");
+    for (const auto& row : rows) {
+        const Outcome outcome = Run("--prepare=parts " + std::string(row.Inputs));
+        EXPECT_EQ(1, outcome.ExitCode) << row.Said << "\n" << outcome.Text;
+        EXPECT_TRUE(Has(outcome.Text, row.Said) && Has(outcome.Text, "1 done, 1 refused")) << outcome.Text;
+    }
+    EXPECT_EQ(score, Read("song - Gtr II.nvf"));
+    EXPECT_EQ(score, Read("scores/song - Gtr II.nvf")) << "what is no part is written";
+    EXPECT_FALSE(fs::exists(Path() / "song - Gtr I.nvf") || fs::exists(Path() / "scores/song - Gtr I.nvf"))
+        << "no part is written when one of them cannot be";
 }
 
 TEST_F(Program, LooksAtATabInAFolderThatCannotBeWritten) {
