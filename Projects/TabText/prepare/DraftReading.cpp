@@ -1,6 +1,8 @@
 #include "Projects/TabText/prepare/DraftReading.h"
 
+#include "Projects/Fretline/score/ScoreTime.h"
 #include "Projects/Fretline/stave/TabBar.h"
+#include "Projects/Fretline/text/TabTimeSignature.h"
 #include "Projects/TabText/prepare/Draft.h"
 #include "Shared/Utils/AsciiChars.h"
 #include "Shared/Utils/CStream.h"
@@ -56,6 +58,11 @@ DraftReading::DraftReading(const Draft& draft)
 void DraftReading::ReadBars() {
     for (Fretline::TabBar* bar : m_Analysis.GetReadableBars())
         bar->ReadBar(nullptr);
+}
+
+int LengthByMetre(const Fretline::TabBar& bar) {
+    return bar.GetTimeSignature() == nullptr ? Fretline::kUnitsPerWholeNote
+                                             : bar.GetTimeSignature()->GetLength();
 }
 
 std::vector<StaveSurroundings> SurroundingsOf(const Draft& draft, const DraftReading& reading) {

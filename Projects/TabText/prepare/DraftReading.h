@@ -35,6 +35,9 @@ private:
     Fretline::TabAnalysis m_Analysis;
 };
 
+/// How long the bar is by its time signature, in score units; a whole note without one.
+int LengthByMetre(const Fretline::TabBar& bar);
+
 /// Lines of the text that belong to a stave: those of its strings, and those about it.
 struct StaveSurroundings {
     int FirstLine = 0;

@@ -4,6 +4,7 @@
 #include "Projects/Fretline/text/StaveDetection.h"
 #include "Projects/Fretline/text/TabChars.h"
 #include "Projects/Fretline/text/TabTimeSignature.h"
+#include "Projects/TabText/prepare/Counts.h"
 #include "Projects/TabText/prepare/Draft.h"
 #include "Projects/TabText/prepare/DraftReading.h"
 #include "Projects/TabText/prepare/RhythmSigns.h"
@@ -24,11 +25,6 @@ using std::string;
 // A bar as long as its metre says, or as all others of its line.
 constexpr int kPercentOfBarsThatFit = 50;
 constexpr int kPercentOfLettersOverNotes = 75;
-
-int LengthByMetre(const TabBar& bar) {
-    return bar.GetTimeSignature() == nullptr ? Fretline::kUnitsPerWholeNote
-                                             : bar.GetTimeSignature()->GetLength();
-}
 
 class RhythmTidier {
 public:
@@ -171,6 +167,7 @@ private:
 
 void RunRhythm(Draft& draft) {
     RhythmTidier(draft).Run();
+    ThinOutCounts(draft);
 }
 
 } // namespace TabText

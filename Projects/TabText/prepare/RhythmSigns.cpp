@@ -5,6 +5,7 @@
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
+#include <string>
 
 namespace TabText {
 
@@ -85,6 +86,36 @@ bool IsOfStrokesOrFingers(string_view line) {
     const bool hasThumb = line.find_first_of("Tt") != string_view::npos;
     return IsOf(line, "duDUvV^n>") || IsOf(line, "pimac") || IsOf(line, "PIMA") ||
            (hasThumb && line.find_first_of("1234") != string_view::npos && IsOf(line, "Tt1234"));
+}
+
+bool IsOfCounts(string_view line) {
+    return line.find_first_not_of(" |123456789&+ea") == string_view::npos &&
+           line.find('1') != string_view::npos && line.find_first_of("&+") != string_view::npos;
+}
+
+std::vector<Count> CountsOf(string_view cells, int beats) {
+    std::vector<Count> counts;
+    std::string signs;
+    for (std::size_t column = 0; column < cells.size(); ++column)
+        if (cells[column] != '\0' && cells[column] != ' ') {
+            counts.push_back({static_cast<int>(column)});
+            signs += cells[column] == '+' ? '&' : cells[column];
+        }
+    std::size_t at = 0;
+    for (int beat = 0; beat < beats; ++beat) {
+        if (at == signs.size() || signs[at] - '1' != beat)
+            return {};
+        const std::size_t next = std::min(signs.find_first_of("123456789", at + 1), signs.size());
+        const std::string_view between = std::string_view(signs).substr(at + 1, next - at - 1);
+        if (!between.empty() && between != "&" && between != "e&a")
+            return {};
+        const int parts = static_cast<int>(between.size()) + 1;
+        for (int part = 0; part < parts; ++part, ++at) {
+            counts[at].Beat = beat;
+            counts[at].Quarter = kQuartersOfABeat / parts * part;
+        }
+    }
+    return at == signs.size() ? counts : std::vector<Count>();
 }
 
 } // namespace TabText
