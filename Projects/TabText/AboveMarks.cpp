@@ -29,7 +29,9 @@ bool IsPartOfExtent(char c) {
 
 // The sign that begins at this place of a line, as a word of its own; null when there is none.
 const Sign* SignAt(std::string_view line, std::size_t at) {
-    if (!Nvr::Ascii::IsAlpha(line[at]) || (at > 0 && Nvr::Ascii::IsAlnum(line[at - 1])))
+    const bool isWave = line[at] == '~';
+    const char before = at == 0 ? ' ' : line[at - 1];
+    if (isWave ? before == '~' : !Nvr::Ascii::IsAlpha(line[at]) || Nvr::Ascii::IsAlnum(before))
         return nullptr;
     for (const Sign& sign : AllSigns()) {
         const std::size_t end = at + sign.Text.size();
@@ -66,7 +68,7 @@ public:
                 m_End = EndOfExtent(m_Text, wordEnd);
                 const bool isDrawn =
                     m_Text.substr(wordEnd, m_End - wordEnd).find_first_not_of('.') != std::string_view::npos;
-                if (IsDefined(wordEnd) || (!isDrawn && IsPlainWord(*sign, at)))
+                if (IsDefined(wordEnd) || IsNone(*sign, at))
                     continue;
                 const SignSpan span{m_Line, static_cast<int>(at), static_cast<int>(m_End)};
                 if (!isDrawn && IsAmongWords(at))
@@ -88,9 +90,12 @@ private:
                Nvr::Ascii::IsAlpha(rest[meaning]);
     }
 
-    // "Ah" is sung.
-    bool IsPlainWord(const Sign& sign, std::size_t at) const {
-        return sign.Text == "ah" && !Nvr::Ascii::IsUpper(m_Text[at + 1]);
+    // "Ah" is sung, and a wave may be a rule or stand around a title.
+    bool IsNone(const Sign& sign, std::size_t at) const {
+        constexpr std::size_t kLongestWave = 16;
+        if (sign.Text == "~~")
+            return at == 0 || m_Text[at - 1] != ' ' || m_End - at > kLongestWave || IsAmongWords(at);
+        return sign.Text == "ah" && m_End == at + sign.Text.size() && !Nvr::Ascii::IsUpper(m_Text[at + 1]);
     }
 
     static bool IsOneOfMusic(std::string_view word) {
@@ -229,14 +234,16 @@ private:
         strokes.clear();
     }
 
-    // It may begin one column right of the first note.
+    // It may begin one column right of the first note, and a wave still later.
     bool FindNotes(Extent& extent) {
         if (IsPlayedIn(m_Stave, extent.FirstColumn, extent.EndColumn))
             return true;
-        if (IsPlayedAt(m_Stave, extent.FirstColumn - 1)) {
-            --extent.FirstColumn;
-            return true;
-        }
+        const int reach = extent.Kind == Score::Technique::Vibrato ? 3 : 1;
+        for (int shift = 1; shift <= reach; ++shift)
+            if (IsPlayedAt(m_Stave, extent.FirstColumn - shift)) {
+                extent.FirstColumn -= shift;
+                return true;
+            }
         m_Unclear.push_back({extent.Span, "no note stands under it"});
         return false;
     }

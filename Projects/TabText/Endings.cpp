@@ -78,6 +78,9 @@ private:
             isMarked = ReadOrdinal() || isMarked;
             separator = ReadSeparator();
         } while (separator != '\0');
+        // "3 times" says how often.
+        if (!isMarked && Nvr::Ascii::StartsWithIgnoreCase(m_Text.substr(m_At), " times"))
+            return false;
         sign.IsInWords = ReadWord();
         sign.IsBare = !isMarked && !sign.IsInWords;
         if (sign.IsBare && !IsBracketed(start))

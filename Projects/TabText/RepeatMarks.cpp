@@ -2,11 +2,12 @@
 
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/Fretline/text/TabStave.h"
+#include "Projects/TabText/StatedTimes.h"
 #include "Projects/TabText/StaveBars.h"
 #include "Projects/TabText/Words.h"
-#include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
+#include <set>
 
 namespace TabText {
 
@@ -38,63 +39,58 @@ bool EndsRepeat(const TabBar& bar) {
     return HasDots(bar, end - 1) || HasDots(bar, end);
 }
 
-// The times that a word says: "x4", "(2x)", "[x3]"; 0 for any other word.
-int TimesOf(std::string_view word) {
-    constexpr int kMostTimes = 64;
-    const std::string_view bare = WithoutPunctuation({0, word}).Text;
-    if (bare.size() < 2 || bare.size() > 3)
-        return 0;
-    const bool leads = Nvr::Ascii::ToLower(bare.front()) == 'x';
-    const std::string_view digits = leads ? bare.substr(1) : bare.substr(0, bare.size() - 1);
-    if (!leads && Nvr::Ascii::ToLower(bare.back()) != 'x')
-        return 0;
-    if (!std::all_of(digits.begin(), digits.end(), Nvr::Ascii::IsDigit))
-        return 0;
-    int times = 0;
-    for (const char digit : digits)
-        times = times * 10 + (digit - '0');
-    return times >= 2 && times <= kMostTimes ? times : 0;
-}
+// How often something is played, and where that is said.
+struct TimesSign {
+    int Times = 0;
+    SignSpan Span;
+};
 
-// The times in the text from `start` on; 0 where it says none.
-int TimesIn(std::string_view line, std::size_t start) {
-    if (start >= line.size())
-        return 0;
-    for (const Word& word : WordsOf(line.substr(start)))
-        if (const int times = TimesOf(word.Text); times > 0)
-            return times;
-    return 0;
+std::vector<TimesSign> TimesIn(const TabFile& file, int line, std::size_t start) {
+    std::vector<TimesSign> signs;
+    for (const StatedTimes& stated : StatedTimesIn(file.GetLine(line), start))
+        signs.push_back({stated.Times, {line, stated.Column, stated.EndColumn}});
+    return signs;
 }
 
 // What is written after the stave's last barline.
-int TimesAfter(const TabFile& file, const Fretline::TabStave& stave) {
+std::vector<TimesSign> TimesAfter(const TabFile& file, const Fretline::TabStave& stave) {
     for (int line = stave.GetFirstLine(); line < stave.GetEndLine(); ++line) {
-        const std::string_view text = file.GetLine(line);
-        const std::size_t last = text.find_last_of('|');
+        const std::size_t last = file.GetLine(line).find_last_of('|');
         if (last == std::string_view::npos)
             continue;
-        if (const int times = TimesIn(text, last + 1); times > 0)
-            return times;
+        if (std::vector<TimesSign> signs = TimesIn(file, line, last + 1); !signs.empty())
+            return signs;
     }
-    return 0;
+    return {};
 }
 
-// The last line above the stave with words in it, within reach of the stave.
-int TimesAbove(const TabReading& reading, const Fretline::TabStave& stave) {
+std::vector<TimesSign> TimesAbove(const TabReading& reading, const Fretline::TabStave& stave) {
     const int line = stave.GetFirstLine() - 1;
-    return line < 0 || reading.GetAnalysis().IsStaveLine(line) ? 0
-                                                               : TimesIn(reading.GetFile().GetLine(line), 0);
+    return line < 0 || reading.GetAnalysis().IsStaveLine(line) ? std::vector<TimesSign>()
+                                                               : TimesIn(reading.GetFile(), line, 0);
+}
+
+// Right below the stave, where a blank line separates it from what follows.
+std::vector<TimesSign> TimesBelow(const TabReading& reading, const Fretline::TabStave& stave) {
+    const int line = stave.GetEndLine();
+    const int count = reading.GetFile().GetLineCount();
+    if (line >= count || reading.GetAnalysis().IsStaveLine(line))
+        return {};
+    const bool isLast = line + 1 >= count || WordsOf(reading.GetFile().GetLine(line + 1)).empty();
+    return isLast ? TimesIn(reading.GetFile(), line, 0) : std::vector<TimesSign>();
 }
 
 // Reads the staves in turn; a repeat that begins in one may end in a later one.
 class RepeatReader {
 public:
-    explicit RepeatReader(const TabReading& reading) : m_Reading(reading) {}
+    RepeatReader(const TabReading& reading, BarMarks& marks) : m_Reading(reading), m_Marks(marks) {}
 
-    std::vector<BarMark> Read() {
+    void Read() {
         for (const StaveBars& stave : StavesWithBars(m_Reading))
             ReadStave(stave);
-        return std::move(m_Marks);
+        for (int line = 0; line < m_Reading.GetFile().GetLineCount(); ++line)
+            if (!m_Reading.GetAnalysis().IsStaveLine(line) && m_Lines.count(line) == 0)
+                DoubtLine(line);
     }
 
 private:
@@ -103,46 +99,86 @@ private:
     }
 
     void ReadStave(const StaveBars& stave) {
-        int times = TimesAfter(m_Reading.GetFile(), *stave.Stave);
-        times = times > 0 ? times : TimesAbove(m_Reading, *stave.Stave);
-        const std::size_t before = m_Marks.size();
+        bool hasRepeats = false;
         for (const BarReading& bar : stave.Bars)
-            if (BeginsRepeat(*bar.Bar) || EndsRepeat(*bar.Bar))
-                m_Marks.push_back({IndexOf(bar), {BeginsRepeat(*bar.Bar), EndsRepeat(*bar.Bar), 2}});
-        if (times == 0)
-            return;
-        if (m_Marks.size() > before)
-            SetTimesOfLastEnd(before, times);
-        else
-            RepeatWholeStave(stave, times);
+            if (BeginsRepeat(*bar.Bar) || EndsRepeat(*bar.Bar)) {
+                m_Marks.At(IndexOf(bar)).Repeats = {BeginsRepeat(*bar.Bar), EndsRepeat(*bar.Bar), 2};
+                hasRepeats = true;
+            }
+        std::vector<TimesSign> signs = TimesAfter(m_Reading.GetFile(), *stave.Stave);
+        if (signs.empty())
+            signs = TimesAbove(m_Reading, *stave.Stave);
+        if (signs.empty())
+            signs = TimesBelow(m_Reading, *stave.Stave);
+        for (const TimesSign& sign : signs) {
+            m_Lines.insert(sign.Span.Line);
+            if (const char* why = WhatIsUnclear(stave, sign, signs.size(), hasRepeats))
+                m_Marks.Unclear.push_back({sign.Span, why});
+        }
     }
 
-    void SetTimesOfLastEnd(std::size_t first, int times) {
-        for (std::size_t index = m_Marks.size(); index > first; --index) {
-            if (!m_Marks[index - 1].Repeats.IsEnd)
-                continue;
-            m_Marks[index - 1].Repeats.Times = times;
+    // A line of nothing else that stands by itself.
+    void DoubtLine(int line) {
+        constexpr std::size_t kMostLetters = 24;
+        const std::vector<Word> words = WordsOf(m_Reading.GetFile().GetLine(line));
+        const bool isShort = !words.empty() && static_cast<std::size_t>(words.back().GetEndColumn() -
+                                                                        words.front().Column) <= kMostLetters;
+        if (!isShort)
             return;
+        const std::vector<TimesSign> signs = TimesIn(m_Reading.GetFile(), line, 0);
+        if (signs.size() == 1 && signs[0].Span.Column == words.front().Column &&
+            signs[0].Span.EndColumn == words.back().GetEndColumn())
+            m_Marks.Unclear.push_back({signs[0].Span, "no stave stands right beside it"});
+    }
+
+    // Null when it is clear, and what is played so often has its times.
+    const char* WhatIsUnclear(const StaveBars& stave, const TimesSign& sign, std::size_t count,
+                              bool hasRepeats) {
+        if (sign.Times == 0)
+            return "it is not clear what it repeats, or how often that is in all";
+        if (hasRepeats)
+            return SetTimes(stave, sign, count) ? nullptr : "no repeat ends there";
+        if (count > 1)
+            return "no repeat signs say what is played so often";
+        RepeatWholeStave(stave, sign.Times);
+        return nullptr;
+    }
+
+    // One alone means the last repeat of the stave; of several each means the next one that ends.
+    bool SetTimes(const StaveBars& stave, const TimesSign& sign, std::size_t count) {
+        const std::size_t last = IndexOf(stave.Bars.back());
+        std::size_t first = IndexOf(stave.Bars.front());
+        if (count > 1)
+            first = BarFrom(m_Reading, stave, sign.Span.Column).value_or(last);
+        for (std::size_t step = 0; step <= last - first; ++step) {
+            const std::size_t bar = count > 1 ? first + step : last - step;
+            const auto mark = m_Marks.ByBar.find(bar);
+            if (mark == m_Marks.ByBar.end() || !mark->second.Repeats.IsEnd)
+                continue;
+            mark->second.Repeats.Times = sign.Times;
+            return true;
         }
+        return false;
     }
 
     void RepeatWholeStave(const StaveBars& stave, int times) {
         const std::size_t first = IndexOf(stave.Bars.front());
         const std::size_t last = IndexOf(stave.Bars.back());
-        m_Marks.push_back({first, {true, first == last, times}});
+        m_Marks.At(first).Repeats = {true, first == last, times};
         if (first != last)
-            m_Marks.push_back({last, {false, true, times}});
+            m_Marks.At(last).Repeats = {false, true, times};
     }
 
     const TabReading& m_Reading;
-    std::vector<BarMark> m_Marks;
+    BarMarks& m_Marks;
+    // Those that belong to a stave.
+    std::set<int> m_Lines;
 };
 
 } // namespace
 
 void ReadRepeats(const TabReading& reading, BarMarks& marks) {
-    for (const BarMark& mark : RepeatReader(reading).Read())
-        marks.At(mark.Bar).Repeats = mark.Repeats;
+    RepeatReader(reading, marks).Read();
 }
 
 } // namespace TabText

@@ -5,8 +5,8 @@
 namespace TabText {
 
 /// Reads the repeat signs of the staves: "|:" and ":|", "||*" and "*||", "|o" and "o|" on some lines of a
-/// stave, and "x4" or "(2x)" after the stave's end, on its lines or on that above it, which repeats the whole
-/// stave unless repeat signs stand in it.
+/// stave, and "x4", "(2x)" or "play 3 times" after the stave's end, above it or right below it, which repeats
+/// the whole stave unless repeat signs stand in it. One that could mean several things is unclear.
 void ReadRepeats(const TabReading& reading, BarMarks& marks);
 
 } // namespace TabText

@@ -32,7 +32,7 @@ bool NotThere(const ModelHeading& /*heading*/) {
 constexpr std::array kPieceSigns{
     PieceSign{"|:  :|, ||*  *||", "repeat",
               [](const BarMark& mark) { return mark.Repeats.IsStart || mark.Repeats.IsEnd; }, NotThere},
-    PieceSign{"x4, (2x)", "after or above a stave: played so many times",
+    PieceSign{"x4, (2x), play 3 times", "after, above or below a stave: played so many times",
               [](const BarMark& mark) { return mark.Repeats.IsEnd && mark.Repeats.Times > 2; }, NotThere},
     PieceSign{"1.  2., |1.---|2.---, 1st time", "above a stave: endings of a repeat",
               [](const BarMark& mark) { return !mark.Repeats.Endings.empty(); }, NotThere},

@@ -143,6 +143,11 @@ TEST(Markings, OfNotes) {
         {With("|-5-12----|", "  Phil phones\n\n"), "", "words are no signs"},
         {With("|-5-12----|", "  Ah, ah\n\n"), "", "nor is what is sung"},
         {With("|-5-12----|", "  PM = palm mute\n\n"), "", "nor a legend"},
+        {With("|-5-7--12-|", "  tr~~ harm.\n\n"), "2 trill, 4 trill, 7 natural", "a trill, harmonics"},
+        {With("|-5-7--12-|", "  palm mute\n\n"), "2 palm, 4 palm, 7 palm", "in words"},
+        {With("|-5----12-|", "     ~~\n\n"), "2 vibrato", "a wave after its note"},
+        {With("|-5----12-|", " ~ Verse ~~\n\n"), "", "and around a title"},
+        {With("|-5----12-|", "~~~~~~~~~\n\n"), "", "and under one"},
         {With("|-5-12-7--|", "  N.H. AH  Am\n\n"), "2 natural, 4 natural, 7 artificial",
          "among others and chords"},
         {With("|-5-5-5-7-|", "  |--PM|\n\n"), "4 palm, 6 palm", "dashes before the word"},
@@ -207,6 +212,15 @@ TEST(Markings, OfBars) {
         {TestSupport::Stave("|-5-|--7--| x4", 4), "0[, 1]4", "a whole stave"},
         {"    (2x)\n" + TestSupport::Stave("|-5-|--7--|", 4), "0[, 1]2", "above it"},
         {TestSupport::Stave("|:-5-|--7-:| x3", 4), "0[, 1]3", "how often the signs mean"},
+        {TestSupport::Stave("|-5-|--7--|", 4) + "(play 4 times)\n", "0[, 1]4", "right below it"},
+        {TestSupport::Stave("|-5-|--7--|", 4) + "x 3\n" + TestSupport::Stave("|-5-|--7--|", 4), "2[, 3]3",
+         "right above the next"},
+        {"played twice\n" + TestSupport::Stave("|-5-|", 4), "0[]2", "in words"},
+        {"3 times\n" + TestSupport::Stave("|-5-|", 4), "0[]3", "alone"},
+        {"we did this 3 times\n" + TestSupport::Stave("|-5-|", 4), "", "a tale"},
+        {"repeat 3 times\n" + TestSupport::Stave("|-5-|", 4), "", "four in all or three"},
+        {"  x3     x2\n" + TestSupport::Stave("|:-5-:|:-7-:|", 4), "0[]3, 1[]2", "each over its own"},
+        {"  x3     x2\n" + TestSupport::Stave("|--5--|--7--|", 4), "", "but nothing says from where on"},
         {outer + "||o--|-----||\n" + outer + outer + outer + "||-5-|--7--||\n", "", "a lone sign"},
     };
     for (const Case& row : kCases)
@@ -309,7 +323,8 @@ TEST(Markings, NameTheSignsOfAText) {
     EXPECT_EQ(
         "5h7 = hammer-on; 5^7 = hammer-on upward, pull-off downward; 5\\7 = slide down; <7> = harmonic; ",
         signsOf(With("|7\\5h7^5-<12>-|")));
-    EXPECT_EQ("|:  :|, ||*  *|| = repeat; x4, (2x) = after or above a stave: played so many times; ",
+    EXPECT_EQ("|:  :|, ||*  *|| = repeat; x4, (2x), play 3 times = after, above or below a stave: played so "
+              "many times; ",
               signsOf(TestSupport::Stave("|:-5--:| x3", 4)));
     EXPECT_EQ("", signsOf("v = palm mute\n\n" + With("|-7v-------|"))) << "the legend's own sign";
 }
