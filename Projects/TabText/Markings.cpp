@@ -3,6 +3,7 @@
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/TabText/AboveMarks.h"
 #include "Projects/TabText/BarMarks.h"
+#include "Projects/TabText/BendsAbove.h"
 #include "Projects/TabText/HeadingText.h"
 #include "Projects/TabText/LineMap.h"
 #include "Projects/TabText/RepeatMarks.h"
@@ -41,6 +42,7 @@ Markings ReadMarkings(const TabReading& reading, const LineMap* map) {
             next = nullptr;
         ReadStringMarks(bar, next, index, signs, markings.Notes);
     }
+    ReadBendsAbove(reading, markings.Notes, markings.Unclear);
     if (map != nullptr)
         SetBends(*map, markings.Notes);
     ReadMarksAbove(reading, markings.Notes, markings.Unclear);

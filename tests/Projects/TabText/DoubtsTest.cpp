@@ -156,6 +156,7 @@ TEST(Doubts, OfSigns) {
         {With("|-HARM-ONIC-7-|"), "6:3 left-out-sign", "words of one line"},
         {"w = vibrato\n\n" + With("|-7w--|"), "", "the legend says it"},
         {Stave("|:-5--:|", 4), "", "dots of a repeat"},
+        {With("|-7b------7---|", "          full\n\n"), "1:11 unclear-sign", "an amount of no bend"},
         {With("|o-5---|"), "6:2 left-out-sign", "one alone is none"},
     });
 }
