@@ -23,8 +23,10 @@ struct EndingSign {
     bool IsDrawn = false;
     // Before the word "time" or the like.
     bool IsInWords = false;
-    // A number alone, which could be a count.
+    // A number alone, which could be a count,
     bool IsBare = false;
+    // and has no strokes beside it either: "(1)", "|1".
+    bool IsWeak = false;
     // An index into TabReading::GetBars, or its place in the order of bars once all signs are known.
     std::size_t Bar = 0;
     // The bar above which the strokes end.
@@ -83,8 +85,11 @@ private:
             return false;
         sign.IsInWords = ReadWord();
         sign.IsBare = !isMarked && !sign.IsInWords;
-        if (sign.IsBare && !IsBracketed(start))
-            return false;
+        if (sign.IsBare && !IsBracketed(start)) {
+            sign.IsWeak = IsInBrackets(start);
+            if (!sign.IsWeak)
+                return false;
+        }
         SetSpan(sign, start);
         return true;
     }
@@ -148,6 +153,12 @@ private:
         const char before = start == 0 ? '\0' : m_Text[start - 1];
         const char after = At(m_At);
         return (before == '_' && after == '_') || ((before == '|' || before == '[') && IsStroke(after));
+    }
+
+    bool IsInBrackets(std::size_t start) const {
+        const char before = start == 0 ? '\0' : m_Text[start - 1];
+        const bool isAtEnd = m_At >= m_Text.size() || m_Text[m_At] == ' ';
+        return (before == '(' && At(m_At) == ')') || ((before == '|' || before == '[') && isAtEnd);
     }
 
     void SetSpan(EndingSign& sign, std::size_t start) {
@@ -275,6 +286,10 @@ private:
 
     void ReadGroup(std::span<const EndingSign> group) {
         const char* why = WhatIsUnclear(group);
+        // Nobody says that they were meant as endings.
+        if (why != nullptr &&
+            std::all_of(group.begin(), group.end(), [](const EndingSign& sign) { return sign.IsWeak; }))
+            return;
         for (const EndingSign& sign : group) {
             if (why != nullptr)
                 m_Marks.Unclear.push_back({sign.Span, why});

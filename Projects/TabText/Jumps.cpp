@@ -21,6 +21,8 @@ struct FoundSign {
     Score::Jump To = Score::Jump::None;
     Score::JumpEnd Until = Score::JumpEnd::End;
     SignSpan Span;
+    // "%" for the segno, which may mean something else.
+    bool IsSymbol = false;
     // None where its place is not clear.
     std::optional<std::size_t> Bar = {};
 };
@@ -58,8 +60,13 @@ private:
             m_Sign.Kind = WaySign::ToCoda;
             return 2;
         }
-        for (const auto& [word, kind] : {std::pair{"segno", WaySign::Segno}, std::pair{"coda", WaySign::Coda},
-                                         std::pair{"fine", WaySign::Fine}})
+        if (Is(0, {"%", "segno"})) {
+            const bool hasBoth = Is(1, {Is(0, {"%"}) ? "segno" : "%"});
+            m_Sign.Kind = WaySign::Segno;
+            m_Sign.IsSymbol = Is(0, {"%"}) && !hasBoth;
+            return hasBoth ? 2 : 1;
+        }
+        for (const auto& [word, kind] : {std::pair{"coda", WaySign::Coda}, std::pair{"fine", WaySign::Fine}})
             if (Is(0, {word})) {
                 m_Sign.Kind = kind;
                 return 1;
@@ -121,6 +128,9 @@ public:
             ReadLine(line);
         if (Count(WaySign::Jump) == 0)
             return;
+        if (std::any_of(m_Signs.begin(), m_Signs.end(),
+                        [](const FoundSign& sign) { return sign.Kind == WaySign::Segno && !sign.IsSymbol; }))
+            std::erase_if(m_Signs, [](const FoundSign& sign) { return sign.IsSymbol; });
         if (const char* why = WhatIsUnclear()) {
             for (const FoundSign& sign : m_Signs)
                 if (sign.Kind == WaySign::Jump)

@@ -4,6 +4,7 @@
 #include "Projects/TabText/DoubtFinders.h"
 #include "Projects/TabText/StaveBars.h"
 #include "Projects/TabText/StruckNotes.h"
+#include "Projects/TabText/Words.h"
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
@@ -140,7 +141,7 @@ bool IsBendSign(char c) {
     return c == 'b' || c == 'r' || c == '^';
 }
 
-// A fret, the sign of a bend or release, and another fret, perhaps in brackets.
+// A fret, the sign of a bend, a release or a trill, and another fret, perhaps in brackets.
 void FindBendTargetsIn(const TabBar& bar, int line, DoubtSink& doubts) {
     const std::vector<DigitRun> runs = RunsOf(bar, line);
     for (std::size_t index = 1; index < runs.size(); ++index) {
@@ -150,9 +151,9 @@ void FindBendTargetsIn(const TabBar& bar, int line, DoubtSink& doubts) {
             static_cast<std::size_t>(start), static_cast<std::size_t>(target.Column - start));
         if (between.size() > 1 && between.back() == '(')
             between.remove_suffix(1);
-        if (between.size() == 1 && IsBendSign(between[0]))
+        if ((between.size() == 1 && IsBendSign(between[0])) || IsSameWord(between, "tr"))
             doubts.Add(line, target.Column, target.GetEndColumn(),
-                       std::string("the number after \"") + between[0] + "\" was read as a note of its own");
+                       "the number after \"" + std::string(between) + "\" was read as a note of its own");
     }
 }
 

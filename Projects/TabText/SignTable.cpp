@@ -36,7 +36,7 @@ constexpr std::array kPieceSigns{
               [](const BarMark& mark) { return mark.Repeats.IsEnd && mark.Repeats.Times > 2; }, NotThere},
     PieceSign{"1.  2., |1.---|2.---, 1st time", "above a stave: endings of a repeat",
               [](const BarMark& mark) { return !mark.Repeats.Endings.empty(); }, NotThere},
-    PieceSign{"D.C., D.S., al Fine, al Coda", "jump, with Segno, Fine, To Coda and Coda as it needs them",
+    PieceSign{"D.C., D.S., al Fine, al Coda", "jump, with Segno (%), Fine, To Coda and Coda as it needs them",
               [](const BarMark& mark) { return mark.Way.To != Score::Jump::None; }, NotThere},
     PieceSign{"Tempo: 120, q=120, 120 bpm", "tempo, also where it changes",
               [](const BarMark& mark) { return mark.Tempo > 0; },

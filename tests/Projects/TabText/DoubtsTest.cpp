@@ -118,6 +118,7 @@ TEST(Doubts, OfNotes) {
         {With("|-1111-12-|-12-|"), "6:3 glued-digits", "a bar stands for itself"},
         {With("|-7b9-----|"), "6:5 bend-target", "nobody strikes it"},
         {With("|-9r7-7b(9)-|"), "6:5 bend-target, 6:10 bend-target", "release, and a target in brackets"},
+        {With("|-7tr9-7tr(9)-|"), "6:6 bend-target, 6:12 bend-target", "nor what a trill goes to"},
         {With("|-7h9-7-9-|"), "", "hammered on is played"},
         {With("|-0---1---|-2---3---|", "  H   H     W\n"), "", "no doubt: letters alone, no signature"},
         {With("|-01------|-2---3---|", "  W        W\n"), "7:3 glued-digits", "two digits in one"},
