@@ -12,10 +12,12 @@
 #include "Projects/Score/Utf8.h"
 #include "Projects/TabText/Doubts.h"
 #include "Projects/TabText/Markings.h"
+#include "Projects/TabText/PartsTogether.h"
 #include "Projects/TabText/Tunings.h"
 #include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace Explain {
@@ -38,6 +40,7 @@ public:
 
     Explanation Explain() {
         CopyText();
+        FindParts();
         ExplainIgnoredLines();
         for (const auto& stave : m_Analysis.GetStaves())
             ExplainStave(*stave);
@@ -67,6 +70,16 @@ private:
             explained.IsDoubtful.assign(explained.Text.size(), false);
             m_Explanation.Lines.push_back(std::move(explained));
         }
+    }
+
+    // Where several sound together, the names of those that each stave is of.
+    void FindParts() {
+        const TabText::PartsTogether together = TabText::FindPartsTogether(m_Reading);
+        for (const TabText::BarsTogether& bars : together.Bars)
+            for (std::size_t part = 0; part < together.Names.size(); ++part)
+                if (bars.Bars[part])
+                    m_PartsOfStave[m_Reading.GetBars()[*bars.Bars[part]].Bar->GetFirstLine()].insert(
+                        together.Names[part].Name);
     }
 
     // Columns are absolute; `end` is the first one after the stretch.
@@ -100,7 +113,7 @@ private:
             Mark(line, tuningColumn, tuningColumn + 1, Recognised::TuningLetter);
         Explanation::Stave explained;
         explained.LastLine = last;
-        explained.Heading = StaveHeading(stave, tuningColumn >= 0);
+        explained.Heading = StaveHeading(stave, tuningColumn >= 0) + PartText(stave);
         for (; m_NextBar != m_Reading.GetBars().end() && m_NextBar->Bar->GetFirstLine() <= last; ++m_NextBar)
             explained.Bars.push_back(ExplainBar(*m_NextBar->Bar));
         m_Explanation.Staves.push_back(std::move(explained));
@@ -110,6 +123,16 @@ private:
         const std::string text = Numbered("stave of ", stave.GetLineCount()) + " lines, tuned " +
                                  TabText::TuningText(stave.GetTuning());
         return text + (hasLetters ? " by its letters" : " as usual (no letters)");
+    }
+
+    std::string PartText(const TabStave& stave) const {
+        const auto parts = m_PartsOfStave.find(stave.GetFirstLine());
+        if (parts == m_PartsOfStave.end())
+            return {};
+        std::string names;
+        for (const std::string& name : parts->second)
+            names += (names.empty() ? "" : " and ") + name;
+        return "; part " + names;
     }
 
     ExplainedBar ExplainBar(const TabBar& bar) {
@@ -219,6 +242,8 @@ private:
     std::vector<TabText::BarReading>::const_iterator m_NextBar;
     Explanation m_Explanation;
     std::set<const RiffLabel*> m_TakenLabels;
+    // By first line.
+    std::map<int, std::set<std::string>> m_PartsOfStave;
     int m_BarNumber = 0;
 };
 

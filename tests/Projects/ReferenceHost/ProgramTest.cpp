@@ -453,6 +453,7 @@ TEST_F(Program, ExplainsWhatItRead) {
          {"an ending, played at time 1", "from its end, D.S. al Coda", "begins with the Segno",
           "a repeat ends, played 2 times", "tempo 60 from here", "5h7  hammer-on"})
         EXPECT_TRUE(Has(way.Text, part)) << part << " in\n" << way.Text;
+    EXPECT_TRUE(Has(Run(FRETLINE_SOURCE_DIR "/examples/round-for-two.tab --explain").Text, "; part Bass\n"));
     EXPECT_EQ(0, Run("song.tab --explain=html > song.html").ExitCode);
     EXPECT_TRUE(Has(Read("song.html"), "<span class=\"chord\">Am</span>"));
     EXPECT_FALSE(Has(Read("song.html"), "<script"));
