@@ -5,12 +5,15 @@ import type { Library } from './library';
 /** Which staves are drawn. */
 export type Staves = 'both' | 'notes' | 'tab';
 
+/** Programs of basses, in the order of General MIDI. */
+const basses = { first: 32, last: 39 };
+
 /** Sounds an octave lower than written, as music for guitar and bass is. */
 const octaveBelow = -12;
 
 /**
  * Reads a score from MusicXML and mends what the library does not take from it (1.8.4):
- * - It draws no notes for a staff with a TAB clef.
+ * - It draws no notes for a staff with a TAB clef, and gives a staff of notes the treble clef.
  * - It ignores "senza-misura": bars without a metre keep the length of a metre, and what is longer or shorter
  *   is moved. A bar that is marked as a pick-up has the length of its notes.
  */
@@ -18,6 +21,10 @@ export function readScore(library: Library, { files, json }: Result, staves: Sta
     const score = library.importer.ScoreLoader.loadScoreFromBytes(files.musicxml!);
     showStaves(score, staves);
     for (const staff of stavesOf(score)) staff.displayTranspositionPitch = octaveBelow;
+    for (const bar of score.tracks
+        .filter(isBass)
+        .flatMap((track) => track.staves.flatMap((staff) => staff.bars)))
+        bar.clef = library.model.Clef.F4;
     if (!json.rhythms) letBarsLastAsTheirNotes(score);
 
     score.title ||= String(json.heading?.title ?? json.title ?? '');
@@ -87,6 +94,9 @@ function letBarsLastAsTheirNotes(score: model.Score): void {
         start += bar.calculateDuration();
     }
 }
+
+const isBass = ({ playbackInfo: { program } }: model.Track): boolean =>
+    program >= basses.first && program <= basses.last;
 
 const stavesOf = (score: model.Score): model.Staff[] => score.tracks.flatMap((track) => track.staves);
 
