@@ -1,27 +1,10 @@
 #include "Projects/Formats/Conversion.h"
 
-#include "Shared/Utils/tree/TreeNodeReader.h"
-
 namespace Formats {
-
-namespace {
-
-// Of the whole score, most of which is the template's, a fraction is music.
-std::optional<Score::ScoreModel> ReadMusic(const std::string& scoreBytes, std::string& why) {
-    Nvr::TreeNodeReader reader(scoreBytes.data(), scoreBytes.size());
-    reader.Select(Score::ScoreModel::Selection());
-    const std::unique_ptr<Nvr::TreeNode> tree(reader.Read());
-    if (tree != nullptr)
-        return Score::ScoreModel::Read(*tree, why);
-    why = "it is damaged, or no score file";
-    return std::nullopt;
-}
-
-} // namespace
 
 std::optional<Conversion> Conversion::Of(std::string scoreBytes, const std::filesystem::path& source,
                                          std::string& why) {
-    std::optional<Score::ScoreModel> model = ReadMusic(scoreBytes, why);
+    std::optional<Score::ScoreModel> model = Score::ScoreModel::ReadStored(scoreBytes, why);
     // The strings of an archive would pile up.
     Nvr::ClearNodeStringTable();
     Conversion conversion;

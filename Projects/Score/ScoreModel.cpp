@@ -1,8 +1,10 @@
 #include "Projects/Score/ScoreModel.h"
 
 #include "Shared/Utils/tree/TreeNodeIterator.h"
+#include "Shared/Utils/tree/TreeNodeReader.h"
 
 #include <algorithm>
+#include <memory>
 #include <stdexcept>
 
 namespace Score {
@@ -23,8 +25,11 @@ constexpr const char* kChordSymbolStyle = "text.staff.space.chordsymbol";
 
 constexpr Nvr::TreeSelection kOfStaveType[] = {{"Id"}, {"ShowRhythms"}, {"Pitches"}};
 constexpr Nvr::TreeSelection kStaveTypes[] = {{"", kOfStaveType}};
+constexpr Nvr::TreeSelection kBars[] = {{"", {}, true}};
+constexpr Nvr::TreeSelection kOfStave[] = {{"Bars", kBars}, {"MIDIData"}};
+constexpr Nvr::TreeSelection kStaves[] = {{"", kOfStave}};
 constexpr Nvr::TreeSelection kOfMusic[] = {
-    {"Staves"}, {"Instruments"}, {"SystemStave"}, {"BarSpacings"}, {"StaveTypes", kStaveTypes}};
+    {"Staves", kStaves}, {"Instruments"}, {"SystemStave"}, {"BarSpacings"}, {"StaveTypes", kStaveTypes}};
 constexpr Nvr::TreeSelection kOfScore[] = {{"Music", kOfMusic}};
 
 // What makes no sense in a score, as a sentence.
@@ -83,7 +88,8 @@ ModelTimeSignature ReadTimeSignature(const TreeNode& item) {
     return {top, kUnitsPerWholeNote >> unit};
 }
 
-ModelNote ReadNote(const TreeNode& item, const std::vector<int>& tuning) {
+// Without its fret: the tuning may stand further on.
+ModelNote ReadNote(const TreeNode& item) {
     ModelNote note;
     note.String = NumberOf(item, "StringNum", -1);
     note.Midi = NumberOf(item, "Chrom2") / 2;
@@ -93,39 +99,108 @@ ModelNote ReadNote(const TreeNode& item, const std::vector<int>& tuning) {
         throw BadScore("a note in it lies on a string that no instrument has");
     if (note.Midi < 0 || note.Midi > kHighestMidiNote)
         throw BadScore("a note in it has an impossible pitch");
-    const auto string = static_cast<std::size_t>(note.String);
-    note.Fret = string < tuning.size() ? note.Midi - tuning[string] : kNoFret;
     return note;
 }
 
-ModelEvent ReadEvent(const TreeNode& item, const std::vector<int>& tuning) {
+ModelEvent ReadEvent(const TreeNode& item) {
     const int exponent = NumberOf(item, "Durn") & kDurationExponentBits;
     if (exponent > kLongestDurationExponent)
         throw BadScore("a note in it has an impossible duration");
     ModelEvent event;
     event.Position = NumberOf(item, "Sr");
     event.Duration = 1 << exponent;
-    ForEachChild(item.FindChild("Notes"), [&](const TreeNode& note) {
+    const TreeNode* const notes = item.FindChild("Notes");
+    event.Notes.reserve(notes == nullptr ? 0 : static_cast<std::size_t>(notes->GetChildCount()));
+    ForEachChild(notes, [&](const TreeNode& note) {
         if (IsKind(note, "Note"))
-            event.Notes.push_back(ReadNote(note, tuning));
+            event.Notes.push_back(ReadNote(note));
     });
     return event;
 }
 
+ModelBar ReadBar(const TreeNode& bar) {
+    ModelBar model;
+    ForEachChild(bar.FindChild("Items"), [&](const TreeNode& item) {
+        if (IsKind(item, "NoteRest"))
+            model.Events.push_back(ReadEvent(item));
+        else if (IsKind(item, "Text") && TextOf(item, {"StyledString", "TextStyle"}) == kChordSymbolStyle)
+            model.ChordSymbols.push_back({NumberOf(item, "Sr"), TextOf(item, {"StyledString", "Text"})});
+    });
+    return model;
+}
+
+// Reads bars as they come, those of the only stave first, before anything else of the score is known.
+class BarsReader {
+public:
+    void Read(const TreeNode& bar) {
+        // The first bar is the lead-in, which holds no music.
+        if (!std::exchange(m_HasLeadIn, true))
+            ReadLeadIn(bar);
+        else if (m_WhatIsWrong.empty())
+            ReadNext(bar);
+    }
+
+    bool IsEmpty() const { return !m_HasLeadIn; }
+    const std::string& StaveTypeId() const { return m_StaveTypeId; }
+
+    // So many of the first ones, with their frets.
+    std::vector<ModelBar> Take(std::size_t count, const std::vector<int>& tuning) {
+        if (count > m_Bars.size())
+            throw BadScore(m_WhatIsWrong);
+        m_Bars.resize(count);
+        for (ModelBar& bar : m_Bars)
+            for (ModelEvent& event : bar.Events)
+                for (ModelNote& note : event.Notes)
+                    note.Fret = FretOf(note, tuning);
+        return std::move(m_Bars);
+    }
+
+private:
+    void ReadLeadIn(const TreeNode& bar) {
+        ForEachChild(bar.FindChild("Items"), [&](const TreeNode& item) {
+            if (IsKind(item, "StaveTypeChange"))
+                m_StaveTypeId = TextOf(item, {"StaveType"});
+        });
+    }
+
+    void ReadNext(const TreeNode& bar) {
+        try {
+            m_Bars.push_back(ReadBar(bar));
+        } catch (const BadScore& bad) {
+            // Nobody looks at bars of further staves.
+            m_WhatIsWrong = bad.what();
+        }
+    }
+
+    static int FretOf(const ModelNote& note, const std::vector<int>& tuning) {
+        const auto string = static_cast<std::size_t>(note.String);
+        return string < tuning.size() ? note.Midi - tuning[string] : kNoFret;
+    }
+
+    bool m_HasLeadIn = false;
+    std::string m_StaveTypeId;
+    std::vector<ModelBar> m_Bars;
+    // In the bar after them.
+    std::string m_WhatIsWrong;
+};
+
 // Reads one score, section by section.
 class Reader {
 public:
-    explicit Reader(const TreeNode& score) : m_Music(Need(&score, {"Music"}, "music")) {}
+    // `bars` has read those that are left in the score without their children, or none.
+    Reader(const TreeNode& score, BarsReader& bars)
+        : m_Music(Need(&score, {"Music"}, "music")), m_Bars(bars) {}
 
     ScoreModel Read() {
         const TreeNode& staves = Need(&m_Music, {"Staves"}, "staves");
         const TreeNode& stave = NeedFirst(staves, "stave");
         const TreeNode& bars = Need(&stave, {"Bars"}, "bars");
         ReadNames(stave);
-        ReadStaveType(NeedFirst(bars, "lead-in bar"));
-        // The first bar is the lead-in, which holds no music.
-        for (int number = 1; number < bars.GetChildCount(); ++number)
-            m_Model.Bars.push_back(ReadBar(*bars.GetChild(number)));
+        NeedFirst(bars, "lead-in bar");
+        if (m_Bars.IsEmpty())
+            ForEachChild(&bars, [&](const TreeNode& bar) { m_Bars.Read(bar); });
+        ReadStaveType();
+        m_Model.Bars = m_Bars.Take(static_cast<std::size_t>(bars.GetChildCount()) - 1, m_Model.Tuning);
         ReadLengths();
         ReadSystemBars();
         return std::move(m_Model);
@@ -140,11 +215,8 @@ private:
         m_Model.Program = midi == nullptr ? 0 : std::clamp(NumberOf(*midi, "Program"), 0, kHighestMidiNote);
     }
 
-    void ReadStaveType(const TreeNode& leadIn) {
-        ForEachChild(leadIn.FindChild("Items"), [&](const TreeNode& item) {
-            if (IsKind(item, "StaveTypeChange"))
-                m_Model.StaveTypeId = TextOf(item, {"StaveType"});
-        });
+    void ReadStaveType() {
+        m_Model.StaveTypeId = m_Bars.StaveTypeId();
         ForEachChild(m_Music.FindChild("StaveTypes"), [&](const TreeNode& row) {
             if (m_Model.Tuning.empty() && TextOf(row, {"Id"}) == m_Model.StaveTypeId)
                 ReadStaveTypeRow(row);
@@ -157,17 +229,6 @@ private:
         m_Model.HasRhythms = row.GetChildValue("ShowRhythms", false);
         ForEachChild(row.FindChild("Pitches"),
                      [&](const TreeNode& pitch) { m_Model.Tuning.push_back(pitch.GetValueAsInt() / 2); });
-    }
-
-    ModelBar ReadBar(const TreeNode& bar) const {
-        ModelBar model;
-        ForEachChild(bar.FindChild("Items"), [&](const TreeNode& item) {
-            if (IsKind(item, "NoteRest"))
-                model.Events.push_back(ReadEvent(item, m_Model.Tuning));
-            else if (IsKind(item, "Text") && TextOf(item, {"StyledString", "TextStyle"}) == kChordSymbolStyle)
-                model.ChordSymbols.push_back({NumberOf(item, "Sr"), TextOf(item, {"StyledString", "Text"})});
-        });
-        return model;
     }
 
     void ReadLengths() {
@@ -204,8 +265,18 @@ private:
     }
 
     const TreeNode& m_Music;
+    BarsReader& m_Bars;
     ScoreModel m_Model;
 };
+
+std::optional<ScoreModel> ReadWith(BarsReader& bars, const TreeNode& score, std::string& why) {
+    try {
+        return Reader(score, bars).Read();
+    } catch (const BadScore& bad) {
+        why = bad.what();
+        return std::nullopt;
+    }
+}
 
 } // namespace
 
@@ -243,17 +314,20 @@ bool ScoreModel::EndsEnding(std::size_t bar) const {
     return !endings.empty() && (bar + 1 == Bars.size() || Bars[bar + 1].Repeats.Endings != endings);
 }
 
-std::span<const Nvr::TreeSelection> ScoreModel::Selection() {
-    return kOfScore;
+std::optional<ScoreModel> ScoreModel::Read(const Nvr::TreeNode& score, std::string& why) {
+    BarsReader bars;
+    return ReadWith(bars, score, why);
 }
 
-std::optional<ScoreModel> ScoreModel::Read(const Nvr::TreeNode& score, std::string& why) {
-    try {
-        return Reader(score).Read();
-    } catch (const BadScore& bad) {
-        why = bad.what();
-        return std::nullopt;
-    }
+std::optional<ScoreModel> ScoreModel::ReadStored(std::string_view score, std::string& why) {
+    BarsReader bars;
+    Nvr::TreeNodeReader reader(score.data(), score.size());
+    reader.Select(kOfScore, [&bars](const TreeNode& bar) { bars.Read(bar); });
+    const std::unique_ptr<TreeNode> tree(reader.Read());
+    if (tree != nullptr)
+        return ReadWith(bars, *tree, why);
+    why = "it is damaged, or no score file";
+    return std::nullopt;
 }
 
 } // namespace Score

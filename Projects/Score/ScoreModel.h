@@ -3,11 +3,11 @@
 #include "Projects/Fretline/score/ScoreTime.h"
 #include "Projects/Score/ModelMarks.h"
 #include "Shared/Utils/tree/TreeNode.h"
-#include "Shared/Utils/tree/TreeSelection.h"
 
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Score {
@@ -97,12 +97,13 @@ struct ScoreModel {
     bool BeginsEnding(std::size_t bar) const;
     bool EndsEnding(std::size_t bar) const;
 
-    /// What Read looks at of a stored score.
-    static std::span<const Nvr::TreeSelection> Selection();
     /// Reads the tree of a score that a conversion has finished. Empty when the tree is not a score with one
     /// stave, or a value in it makes no sense (a string that the stave does not have, a duration of no power
     /// of two); `why` then says what is wrong.
     static std::optional<ScoreModel> Read(const Nvr::TreeNode& score, std::string& why);
+    /// The same of the score as it is stored. Of the whole, most of which is the template's, a fraction is
+    /// looked at, and bar by bar: the tree of a long score takes three times as much memory as the score.
+    static std::optional<ScoreModel> ReadStored(std::string_view score, std::string& why);
 };
 
 } // namespace Score

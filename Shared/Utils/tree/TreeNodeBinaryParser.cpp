@@ -52,8 +52,9 @@ inline const String* TreeNodeBinaryParser::KnownString(const std::uint8_t* field
 }
 
 TreeNodeBinaryParser::TreeNodeBinaryParser(TreeNodeReader& reader, bool unicode,
-                                           std::span<const TreeSelection> selection)
-    : m_Reader(reader), m_IsUnicode(unicode), m_RootSelection{.Label = {}, .Below = selection} {
+                                           std::span<const TreeSelection> selection, const NodeViewer& viewer)
+    : m_Reader(reader), m_Viewer(viewer),
+      m_IsUnicode(unicode), m_RootSelection{.Label = {}, .Below = selection} {
     InternString(m_Empty);
 }
 
@@ -83,6 +84,8 @@ void TreeNodeBinaryParser::ReadNode(TDeleterHelper<TreeNode> node) {
         return;
     }
     if (open.ChildrenLeft == 0 && !open.IsSought) {
+        if (open.IsShown && !m_HasError)
+            Show(*node);
         Finish(node);
         return;
     }
@@ -142,6 +145,7 @@ void TreeNodeBinaryParser::ReadHead(TreeNode& node, OpenNode& open) {
         return;
     }
     open.Selection = selection->Below;
+    open.IsShown = selection->IsShown && m_Viewer != nullptr;
     node.m_Value = ReadString();
     if (isFound && m_StopMode == TreeNodeReader::kStopAtValue)
         throw TreeNodeLabelFoundException(node.m_Value);
@@ -172,7 +176,14 @@ void TreeNodeBinaryParser::CloseLastNode() {
     }
     if (closed.IsSought)
         throw TreeNodeSubTreeFoundException(closed.Node.Release());
+    if (closed.IsShown && !m_HasError)
+        Show(*closed.Node);
     Finish(closed.Node);
+}
+
+void TreeNodeBinaryParser::Show(TreeNode& node) {
+    m_Viewer(node);
+    delete std::exchange(node.m_Children, nullptr);
 }
 
 const String& TreeNodeBinaryParser::ReadString() {

@@ -27,8 +27,9 @@ namespace Nvr {
 class TreeNodeBinaryParser {
 public:
     /// `unicode`: the strings are UTF-16. `selection` is what is wanted below the root; everything when it is
-    /// empty.
-    TreeNodeBinaryParser(TreeNodeReader& reader, bool unicode, std::span<const TreeSelection> selection);
+    /// empty. The viewer, which may be none, must outlive this.
+    TreeNodeBinaryParser(TreeNodeReader& reader, bool unicode, std::span<const TreeSelection> selection,
+                         const NodeViewer& viewer);
 
     /// Reads the document into `root` and gives it back; null, with a report, when it is damaged or too deep.
     /// Throws what TreeNodeReader::Read does, and the root's own node with it when that is the one found.
@@ -42,6 +43,7 @@ private:
         std::uint32_t ChildrenLeft = 0;
         bool IsSought = false;
         bool IsLeftOut = false;
+        bool IsShown = false;
         /// Where its children begin in m_Finished.
         int FirstChild = 0;
         /// What is wanted of its children; all when it is empty.
@@ -83,6 +85,7 @@ private:
     void ReadNextChildren();
     /// Gives the last open node its children.
     void CloseLastNode();
+    void Show(TreeNode& node);
 
     /// Valid until the next string is read.
     const String& ReadString();
@@ -103,6 +106,7 @@ private:
     void RaiseError(const String& message);
 
     TreeNodeReader& m_Reader;
+    const NodeViewer& m_Viewer;
     bool m_IsUnicode;
     bool m_HasError = false;
     String m_StopLabel;

@@ -96,7 +96,7 @@ std::unique_ptr<TreeNodeRoot> TreeNodeReader::Parse(Form form, const String& sto
     root->WasBinary = form == Form::Binary8Bit || form == Form::BinaryUtf16;
     root->WasUnicode = form != Form::Binary8Bit && form != Form::Text8Bit;
     if (root->WasBinary) {
-        TreeNodeBinaryParser parser(*this, root->WasUnicode, m_Selection);
+        TreeNodeBinaryParser parser(*this, root->WasUnicode, m_Selection, m_Viewer);
         return parser.Parse(std::move(root), stopLabel, stopMode);
     }
     TreeNodeTextParser parser(*this, root->WasUnicode, form == Form::TextBigEndian);

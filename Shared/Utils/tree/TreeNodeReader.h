@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace Nvr {
@@ -57,8 +58,12 @@ public:
     TreeNodeRoot* Read(const String& stopLabel = String(), int stopMode = kStopAtValue);
 
     /// Has Read leave out what is not wanted below the root of a binary form, which spares most of its cost;
-    /// a text form is read whole. The selection must live as long.
-    void Select(std::span<const TreeSelection> selection) { m_Selection = selection; }
+    /// a text form is read whole, and nothing of it is shown. The selection must live as long. What the
+    /// viewer throws ends the read.
+    void Select(std::span<const TreeSelection> selection, NodeViewer viewer = {}) {
+        m_Selection = selection;
+        m_Viewer = std::move(viewer);
+    }
 
     /// Whether the source is used up. A stream shows that only after a read has found too few bytes, which
     /// may have been before there was this reader.
@@ -112,6 +117,7 @@ private:
     void LeaveStream();
 
     std::span<const TreeSelection> m_Selection;
+    NodeViewer m_Viewer;
     String m_FileName;
     InStream* m_Stream = nullptr;
     String m_Text;

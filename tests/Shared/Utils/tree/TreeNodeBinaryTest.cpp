@@ -202,33 +202,43 @@ TEST_F(TreeNodeBinaryTest, RandomDamageNeverDoesWorseThanNull) {
 namespace {
 
 constexpr Nvr::TreeSelection kBelowNameless[] = {{"A"}, {"D"}};
-constexpr Nvr::TreeSelection kBelowA[] = {{"B"}, {"", kBelowNameless}};
+constexpr Nvr::TreeSelection kBelowA[] = {{"B", {}, true}, {"", kBelowNameless}};
 constexpr Nvr::TreeSelection kSelection[] = {{"A", kBelowA}, {"C"}};
 
+using Texts = std::vector<std::string>;
+
+std::string TextOf(const TreeNode& node) {
+    return std::string(node.ToText().View());
+}
+
 // The plain way: everything is read, and then taken out. Gives how many children that were.
-int Prune(TreeNode& node, std::span<const Nvr::TreeSelection> selection) {
+int Prune(TreeNode& node, std::span<const Nvr::TreeSelection> selection, Texts& shown) {
     int pruned = 0;
-    for (int i = node.GetChildCount() - 1; i >= 0 && !selection.empty(); --i) {
+    for (int i = 0; i < node.GetChildCount() && !selection.empty(); ++i) {
         TreeNode* const child = node.GetChild(i);
         const auto wanted =
             std::ranges::find(selection, child->GetLabel().View(), &Nvr::TreeSelection::Label);
-        if (wanted != selection.end()) {
-            pruned += Prune(*child, wanted->Below);
-            continue;
+        if (wanted == selection.end()) {
+            node.RemoveChild(child);
+            --i;
+            ++pruned;
+        } else if (wanted->IsShown) {
+            shown.push_back(TextOf(*child));
+            child->ClearChildren();
+        } else {
+            pruned += Prune(*child, wanted->Below, shown);
         }
-        node.RemoveChild(child);
-        ++pruned;
     }
     return pruned;
 }
 
-std::unique_ptr<TreeNode> LoadSelected(const std::string& bytes, bool isStream) {
+std::unique_ptr<TreeNode> LoadSelected(const std::string& bytes, bool isStream, Texts& shown) {
     std::istringstream source(bytes);
     Nvr::CInStream stream(source);
     Nvr::TreeNodeReader memory(bytes.data(), bytes.size());
     Nvr::TreeNodeReader fromStream(stream);
     Nvr::TreeNodeReader& reader = isStream ? fromStream : memory;
-    reader.Select(kSelection);
+    reader.Select(kSelection, [&shown](const TreeNode& node) { shown.push_back(TextOf(node)); });
     return std::unique_ptr<TreeNode>(reader.Read());
 }
 
@@ -237,6 +247,7 @@ std::unique_ptr<TreeNode> LoadSelected(const std::string& bytes, bool isStream) 
 TEST_F(TreeNodeBinaryTest, ASelectionIsTheWholeWithoutTheRest) {
     std::mt19937 random(11);
     int pruned = 0;
+    std::size_t allShown = 0;
     for (int round = 0; round < 400; ++round) {
         TreeNode root("Root");
         std::vector<TreeNode*> nodes{&root};
@@ -254,14 +265,20 @@ TEST_F(TreeNodeBinaryTest, ASelectionIsTheWholeWithoutTheRest) {
         const auto whole = LoadBytes(bytes);
         const Reports reports = TakeReports();
         for (const bool isStream : {false, true}) {
-            const auto selected = LoadSelected(bytes, isStream);
+            Texts shown;
+            Texts expected;
+            const auto selected = LoadSelected(bytes, isStream, shown);
             EXPECT_EQ(TakeReports(), reports) << round << ": damage is damage wherever it lies";
             ASSERT_EQ(selected == nullptr, whole == nullptr) << round;
             if (whole == nullptr || !whole->WasBinary)
                 continue;
-            pruned += Prune(*whole, kSelection);
-            EXPECT_TRUE(selected->IsSameTree(*whole)) << round;
+            const auto plain = LoadBytes(bytes);
+            pruned += Prune(*plain, kSelection, expected);
+            EXPECT_TRUE(selected->IsSameTree(*plain)) << round;
+            EXPECT_EQ(shown, expected) << round;
+            allShown += shown.size();
         }
     }
     EXPECT_GT(pruned, 500);
+    EXPECT_GT(allShown, 50U);
 }
