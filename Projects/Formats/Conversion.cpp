@@ -3,17 +3,20 @@
 namespace Formats {
 
 std::optional<Conversion> Conversion::Of(std::string scoreBytes, const std::filesystem::path& source,
-                                         std::string& why) {
-    std::optional<Score::ScoreModel> model = Score::ScoreModel::ReadStored(scoreBytes, why);
-    // The strings of an archive would pile up.
-    Nvr::ClearNodeStringTable();
+                                         Wanted wanted, std::string& why) {
     Conversion conversion;
-    if (!model)
-        return std::nullopt;
+    if (wanted.Music) {
+        std::optional<Score::ScoreModel> music = Score::ScoreModel::ReadStored(scoreBytes, why);
+        // The strings of an archive would pile up.
+        Nvr::ClearNodeStringTable();
+        if (!music)
+            return std::nullopt;
+        conversion.m_Music = std::move(*music);
+    }
     conversion.Source = source.string();
     conversion.Title = source.stem().string();
-    conversion.ScoreBytes = std::move(scoreBytes);
-    conversion.m_Music = std::move(*model);
+    if (wanted.Bytes)
+        conversion.ScoreBytes = std::move(scoreBytes);
     return conversion;
 }
 

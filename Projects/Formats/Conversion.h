@@ -31,6 +31,17 @@ struct TabPlace {
     }
 };
 
+/// What of a finished score is asked for. The rest need not be read, or kept.
+struct Wanted {
+    bool Bytes = true;
+    bool Music = true;
+
+    void Add(const Wanted& other) {
+        Bytes = Bytes || other.Bytes;
+        Music = Music || other.Music;
+    }
+};
+
 /// What came of one file that was opened: everything that a format may be written from. Owns all of it.
 struct Conversion {
     /// What the user calls the file.
@@ -39,7 +50,7 @@ struct Conversion {
     std::string Title;
     /// Which part of the text it is, where that was cut into several; else empty.
     std::string Part;
-    /// The finished score, byte for byte as the plug-in wrote it.
+    /// The finished score, byte for byte as the plug-in wrote it. Empty unless it was wanted.
     std::string ScoreBytes;
     /// The text that it was made from; none for a finished score, which no longer knows its text.
     std::optional<TabPlace> Tab;
@@ -47,11 +58,12 @@ struct Conversion {
     /// The staves of an engraved score.
     Score::Layout Layout = Score::Layout::Both;
 
-    /// Reads a finished score. Empty when it cannot be read; `why` then says what is wrong with it.
+    /// Takes a finished score, and reads it where its music is wanted. Empty when it cannot be read; `why`
+    /// then says what is wrong with it.
     static std::optional<Conversion> Of(std::string scoreBytes, const std::filesystem::path& source,
-                                        std::string& why);
+                                        Wanted wanted, std::string& why);
 
-    /// The tree of the score as text. The whole of it is read only for this.
+    /// The tree of the score as text. The whole of it is read only for this. REQUIRES: the bytes were wanted.
     std::string GetTreeText() const;
 
     /// What was read in the text, null for a finished score. The text is read when this is first asked for,
@@ -59,7 +71,7 @@ struct Conversion {
     const TabText::TabReading* GetReading() const;
 
     /// The score as music, in one part, with what the players wrote between the frets where its text is
-    /// known; joined when this is first asked for.
+    /// known; joined when this is first asked for. REQUIRES: it was wanted, as for whatever is made from it.
     const Score::ScoreModel& GetMusic() const;
 
     /// The same as the parts that sound together, where its text shows several; else itself. Split when first

@@ -15,52 +15,58 @@ namespace Formats {
 
 namespace {
 
-std::string WriteScore(const Conversion& conversion, std::string& /*why*/) {
-    return conversion.ScoreBytes;
+using Score::TextSink;
+
+constexpr Wanted kBytes{.Bytes = true, .Music = false};
+constexpr Wanted kMusic{.Bytes = false, .Music = true};
+constexpr Wanted kTextAlone{.Bytes = false, .Music = false};
+
+void WriteScore(const Conversion& conversion, const TextSink& sink, std::string& /*why*/) {
+    sink(conversion.ScoreBytes);
 }
 
-std::string WriteMusicXml(const Conversion& conversion, std::string& /*why*/) {
-    return Score::MusicXmlText(conversion.GetParts());
+void WriteMusicXml(const Conversion& conversion, const TextSink& sink, std::string& /*why*/) {
+    Score::WriteMusicXml(conversion.GetParts(), sink);
 }
 
-std::string WriteMidi(const Conversion& conversion, std::string& /*why*/) {
-    return Score::MidiBytes(conversion.GetParts());
+void WriteMidi(const Conversion& conversion, const TextSink& sink, std::string& /*why*/) {
+    sink(Score::MidiBytes(conversion.GetParts()));
 }
 
-std::string WriteTreeText(const Conversion& conversion, std::string& /*why*/) {
-    return conversion.GetTreeText();
+void WriteTreeText(const Conversion& conversion, const TextSink& sink, std::string& /*why*/) {
+    sink(conversion.GetTreeText());
 }
 
-std::string WriteLilyPond(const Conversion& conversion, std::string& /*why*/) {
-    return Score::LilyPondText(conversion.GetParts(), conversion.Title, conversion.Layout, false);
+void WriteLilyPond(const Conversion& conversion, const TextSink& sink, std::string& /*why*/) {
+    sink(Score::LilyPondText(conversion.GetParts(), conversion.Title, conversion.Layout, false));
 }
 
-std::string WriteExplanation(const Conversion& conversion, std::string& why) {
+void WriteExplanation(const Conversion& conversion, const TextSink& sink, std::string& why) {
     if (const TabText::TabReading* reading = conversion.GetReading())
-        return Explain::ExplanationHtml(Explain::Explanation::Of(*reading, conversion.Tab->Map),
-                                        conversion.Title);
-    why = "only a tab can be explained, a finished score no longer knows its text";
-    return {};
+        sink(Explain::ExplanationHtml(Explain::Explanation::Of(*reading, conversion.Tab->Map),
+                                      conversion.Title));
+    else
+        why = "only a tab can be explained, a finished score no longer knows its text";
 }
 
-std::string WriteJson(const Conversion& conversion, std::string& /*why*/) {
-    return JsonText(conversion, {}) + "\n";
+void WriteJson(const Conversion& conversion, const TextSink& sink, std::string& /*why*/) {
+    sink(JsonText(conversion, {}) + "\n");
 }
 
 // Without those rows that this platform cannot write.
 std::vector<Format> MakeTable() {
     std::vector<Format> table{
-        {"nvf", ".nvf", "the finished score", false, WriteScore},
-        {"musicxml", ".musicxml", "MusicXML 4.0", true, WriteMusicXml},
-        {"mxl", ".mxl", "MusicXML 4.0, compressed", false, Platform::kWriteCompressedMusicXml},
-        {"mid", ".mid", "standard MIDI file", false, WriteMidi},
-        {"ly", ".ly", "LilyPond, for engraving", true, WriteLilyPond},
-        {"pdf", ".pdf", "engraved by LilyPond, for printing", false, Platform::kWritePdf},
-        {"svg", ".svg", "engraved, a picture of one page", true, Platform::kWriteSvg},
-        {"png", ".png", "engraved, a picture of one page", false, Platform::kWritePng},
-        {"html", ".html", "what each character of the tab was taken for", true, WriteExplanation},
-        {"json", ".json", "what is in the score, for programs", true, WriteJson},
-        {"txt", ".txt", "the score's tree as text", false, WriteTreeText},
+        {"nvf", ".nvf", "the finished score", false, kBytes, WriteScore},
+        {"musicxml", ".musicxml", "MusicXML 4.0", true, kMusic, WriteMusicXml},
+        {"mxl", ".mxl", "MusicXML 4.0, compressed", false, kMusic, Platform::kWriteCompressedMusicXml},
+        {"mid", ".mid", "standard MIDI file", false, kMusic, WriteMidi},
+        {"ly", ".ly", "LilyPond, for engraving", true, kMusic, WriteLilyPond},
+        {"pdf", ".pdf", "engraved by LilyPond, for printing", false, kMusic, Platform::kWritePdf},
+        {"svg", ".svg", "engraved, a picture of one page", true, kMusic, Platform::kWriteSvg},
+        {"png", ".png", "engraved, a picture of one page", false, kMusic, Platform::kWritePng},
+        {"html", ".html", "what each character of the tab was taken for", true, kTextAlone, WriteExplanation},
+        {"json", ".json", "what is in the score, for programs", true, kMusic, WriteJson},
+        {"txt", ".txt", "the score's tree as text", false, kBytes, WriteTreeText},
     };
     std::erase_if(table, [](const Format& row) { return row.Write == nullptr; });
     return table;
@@ -72,6 +78,13 @@ bool IsSameWord(std::string_view a, std::string_view b) {
 }
 
 } // namespace
+
+std::string Format::BytesOf(const Conversion& conversion, std::string& why) const {
+    std::string bytes;
+    Write(
+        conversion, [&bytes](std::string_view piece) { bytes += piece; }, why);
+    return why.empty() ? bytes : std::string();
+}
 
 std::span<const Format> AllFormats() {
     static const std::vector<Format> table = MakeTable();

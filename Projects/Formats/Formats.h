@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Projects/Formats/Conversion.h"
+#include "Projects/Score/TextSink.h"
 
 #include <span>
 #include <string>
@@ -19,8 +20,14 @@ struct Format {
     std::string_view Description;
     /// Text in UTF-8, or other bytes.
     bool IsText;
-    /// The bytes of a file. Nothing fails but for what `why` then says; the result is empty in that case.
-    std::string (*Write)(const Conversion& conversion, std::string& why);
+    /// What of a score it is made from.
+    Wanted From;
+    /// Gives the sink the bytes of a file, in one piece or more. Nothing fails but for what `why` then says;
+    /// what came before that is of no use.
+    void (*Write)(const Conversion& conversion, const Score::TextSink& sink, std::string& why);
+
+    /// The bytes of a file in one piece; empty when `why` says something.
+    std::string BytesOf(const Conversion& conversion, std::string& why) const;
 };
 
 /// Every format, in the order in which the help lists them.

@@ -19,7 +19,7 @@ Opened TabOpener::OpenTab(const fs::path& tab, const fs::path& source) const {
         opened.Reason = result.Taken ? Explain::WhyNoScore(tab) : Explain::WhyNotTaken(tab);
     } else {
         std::string why;
-        opened.Conversion = Formats::Conversion::Of(std::move(*result.Score), source, why);
+        opened.Conversion = Formats::Conversion::Of(std::move(*result.Score), source, m_Wanted, why);
         opened.Ended = opened.Conversion ? Outcome::Done : Outcome::Failed;
         opened.Reason = "its score cannot be read: " + why;
     }
@@ -41,13 +41,15 @@ Opened TabOpener::OpenPrepared(const TabText::PreparedText& prepared, const fs::
     return opened;
 }
 
-Opened TabOpener::OpenScore(const fs::path& file) {
-    const std::optional<std::string> bytes = ReadWholeFile(file);
+Opened TabOpener::OpenScore(const fs::path& file, Formats::Wanted wanted) {
+    std::optional<std::string> bytes = ReadWholeFile(file);
     if (!bytes)
         return {Outcome::Refused, "cannot be read"};
     Opened opened;
     std::string why;
-    opened.Conversion = Formats::Conversion::Of(*bytes, file, why);
+    // Nobody knows whether it is a score at all until it is read.
+    wanted.Music = true;
+    opened.Conversion = Formats::Conversion::Of(std::move(*bytes), file, wanted, why);
     if (!opened.Conversion) {
         opened.Ended = Outcome::Refused;
         opened.Reason = "the score cannot be read: " + why;

@@ -41,10 +41,12 @@ struct Opened {
 /// throws but a failed allocation.
 class TabOpener {
 public:
-    /// The plug-in must be started; the options that it uses lie in `configFolder`.
+    /// The plug-in must be started; the options that it uses lie in `configFolder`. `wanted` is what the
+    /// conversions will be asked for.
     TabOpener(const Plugin& plugin, std::filesystem::path configFolder, Score::Layout layout,
-              OpeningWatcher& watcher)
-        : m_Plugin(plugin), m_ConfigFolder(std::move(configFolder)), m_Layout(layout), m_Watcher(watcher) {}
+              Formats::Wanted wanted, OpeningWatcher& watcher)
+        : m_Plugin(plugin), m_ConfigFolder(std::move(configFolder)), m_Layout(layout), m_Wanted(wanted),
+          m_Watcher(watcher) {}
 
     /// `tab` is the absolute path of a text, which must be there as long as the conversion is asked what it
     /// was read from; `source` is what the user calls it.
@@ -56,12 +58,13 @@ public:
                         const std::filesystem::path& source) const;
 
     /// A finished score.
-    static Opened OpenScore(const std::filesystem::path& file);
+    static Opened OpenScore(const std::filesystem::path& file, Formats::Wanted wanted);
 
 private:
     const Plugin& m_Plugin;
     std::filesystem::path m_ConfigFolder;
     Score::Layout m_Layout;
+    Formats::Wanted m_Wanted;
     OpeningWatcher& m_Watcher;
 };
 

@@ -15,6 +15,9 @@ std::optional<std::string> ReadWholeFile(const std::filesystem::path& path) {
     if (!file)
         return std::nullopt;
     std::string bytes;
+    std::error_code isStream;
+    if (const std::uintmax_t size = std::filesystem::file_size(path, isStream); !isStream)
+        bytes.reserve(size);
     std::vector<char> block(kBlockSize);
     while (file) {
         file.read(block.data(), static_cast<std::streamsize>(block.size()));

@@ -94,7 +94,7 @@ void TellPrepared(TabText::PreparedText prepared, Answer& answer) {
 void WriteFormats(const Request& request, const Formats::Conversion& conversion, Answer& answer) {
     for (const Formats::Format* format : request.Formats) {
         std::string why;
-        std::string bytes = format->Write(conversion, why);
+        std::string bytes = format->BytesOf(conversion, why);
         if (why.empty())
             answer.AddBlock(kFilePrefix + std::string(format->Name), std::move(bytes));
         else
@@ -124,7 +124,7 @@ Opened PageConverter::Open(const Request& request, const std::optional<TabText::
         m_WhyNotStarted.empty() ? Opening::StoreRhythmLevel(m_Folder, request.RhythmLevel) : m_WhyNotStarted;
     if (!why.empty())
         return {Outcome::Failed, why};
-    const Opening::TabOpener opener(m_Plugin, m_Folder, request.Layout, watcher);
+    const Opening::TabOpener opener(m_Plugin, m_Folder, request.Layout, {}, watcher);
     // What changed nothing is told no differently than on the command line.
     return prepared && prepared->IsChanged() ? opener.OpenPrepared(*prepared, tab, request.Name)
                                              : opener.OpenTab(tab, request.Name);

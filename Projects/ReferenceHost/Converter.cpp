@@ -36,13 +36,26 @@ std::string HelpOfPreparation(const fs::path& tab) {
 // to `output`.
 std::string WriteTarget(const Formats::Conversion& conversion, const Target& target, std::string& output) {
     std::string why;
-    const std::string bytes = target.Format->Write(conversion, why);
+    std::optional<ScoreFile> file;
+    const auto take = [&](std::string_view piece) {
+        if (target.File.empty()) {
+            output += piece;
+            return;
+        }
+        if (!file)
+            file.emplace(target.File);
+        file->Write(piece);
+    };
+    target.Format->Write(conversion, take, why);
     if (!why.empty())
         return conversion.Source + " cannot be written as " + std::string(target.Format->Name) + ": " + why;
-    if (!target.File.empty())
-        return WriteWholeFile(target.File, bytes);
-    output += bytes;
-    return {};
+    return file ? file->Finish() : std::string();
+}
+
+// What is asked of a score for what the command line prints of it.
+Formats::Wanted WantedToPrint(Printing prints) {
+    const bool isRead = prints == Printing::Summary || prints == Printing::Json;
+    return {.Bytes = prints == Printing::Tree, .Music = isRead};
 }
 
 // What --prepare=show prints of them.
@@ -91,8 +104,17 @@ JobResult Converter::ConvertInput(const Input& input, const std::vector<Target>&
         return ConvertParts(input, targets, parts);
     std::optional<TemporaryTab> name;
     const bool isChanged = !parts.empty() && parts.front().Text.IsChanged();
-    const Opened opened = isChanged ? OpenPrepared(parts.front().Text, input, name) : Open(input, name);
+    const Formats::Wanted wanted = WantedFor(targets);
+    const Opened opened =
+        isChanged ? OpenPrepared(parts.front().Text, input, wanted, name) : Open(input, wanted, name);
     return Finish(input, {}, opened, targets);
+}
+
+Formats::Wanted Converter::WantedFor(const std::vector<Target>& targets) const {
+    Formats::Wanted wanted = WantedToPrint(m_Line.Prints);
+    for (const Target& target : targets)
+        wanted.Add(target.Format->From);
+    return wanted;
 }
 
 std::string Converter::WhyNotInParts(const Input& input, const std::vector<Target>& targets,
@@ -114,7 +136,7 @@ JobResult Converter::ConvertParts(const Input& input, const std::vector<Target>&
     JobResult all;
     for (const TabText::PreparedPart& part : parts) {
         std::optional<TemporaryTab> name;
-        Opened opened = OpenPrepared(part.Text, input, name);
+        Opened opened = OpenPrepared(part.Text, input, WantedFor(targets), name);
         if (opened.Conversion) {
             opened.Conversion->Part = part.Name;
             opened.Conversion->Title = NameOfPart(opened.Conversion->Title, part.Name);
@@ -141,13 +163,14 @@ JobResult Converter::Finish(const Input& input, const std::string& part, const O
     return result;
 }
 
-Converter::Opened Converter::Open(const Input& input, std::optional<TemporaryTab>& name) const {
+Converter::Opened Converter::Open(const Input& input, Formats::Wanted wanted,
+                                  std::optional<TemporaryTab>& name) const {
     switch (input.What) {
     case Input::Kind::Score:
-        return Opening::TabOpener::OpenScore(input.Path);
+        return Opening::TabOpener::OpenScore(input.Path, wanted);
     case Input::Kind::OtherText:
         name = TemporaryTab::NameFor(m_Folder, input.Path);
-        return OpenTab(name->Path(), input.Path);
+        return OpenTab(name->Path(), input.Path, wanted);
     case Input::Kind::Stream: {
         const auto bytes = ReadWholeFile(input.IsStandardInput() ? fs::path("/dev/stdin") : input.Path);
         if (!bytes)
@@ -155,10 +178,10 @@ Converter::Opened Converter::Open(const Input& input, std::optional<TemporaryTab
         name = TemporaryTab::Write(m_Folder, input.Relative.stem().string(), *bytes);
         if (name->Path().empty())
             return Opened(Status::Failed, "no room for a temporary file");
-        return OpenTab(name->Path(), input.Path);
+        return OpenTab(name->Path(), input.Path, wanted);
     }
     default:
-        return OpenTab(fs::absolute(input.Path), input.Path);
+        return OpenTab(fs::absolute(input.Path), input.Path, wanted);
     }
 }
 
@@ -170,24 +193,25 @@ std::vector<TabText::PreparedPart> Converter::Prepare(const Input& input) const 
 }
 
 Converter::Opened Converter::OpenPrepared(const TabText::PreparedText& prepared, const Input& input,
-                                          std::optional<TemporaryTab>& name) const {
+                                          Formats::Wanted wanted, std::optional<TemporaryTab>& name) const {
     name = TemporaryTab::Write(m_Folder, input.Relative.stem().string(), prepared.Text);
     if (name->Path().empty())
         return Opened(Status::Failed, "no room for a temporary file");
     ProgressWatcher watcher(m_ShowsProgress);
-    return Opener(watcher).OpenPrepared(prepared, name->Path(), input.Path);
+    return Opener(wanted, watcher).OpenPrepared(prepared, name->Path(), input.Path);
 }
 
-Converter::Opened Converter::OpenTab(const fs::path& tab, const fs::path& source) const {
+Converter::Opened Converter::OpenTab(const fs::path& tab, const fs::path& source,
+                                     Formats::Wanted wanted) const {
     std::error_code failure;
     const std::uintmax_t size = fs::file_size(tab, failure);
     m_Folder.MakeReadyFor(failure ? 0 : size);
     ProgressWatcher watcher(m_ShowsProgress);
-    return Opener(watcher).OpenTab(tab, source);
+    return Opener(wanted, watcher).OpenTab(tab, source);
 }
 
-Opening::TabOpener Converter::Opener(Opening::OpeningWatcher& watcher) const {
-    return {m_Plugin, m_ConfigFolder, m_Line.Layout, watcher};
+Opening::TabOpener Converter::Opener(Formats::Wanted wanted, Opening::OpeningWatcher& watcher) const {
+    return {m_Plugin, m_ConfigFolder, m_Line.Layout, wanted, watcher};
 }
 
 JobResult Converter::TellRefusal(const Input& input, const std::string& part, const Opened& opened) const {

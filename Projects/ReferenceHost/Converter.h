@@ -41,9 +41,12 @@ private:
     // What the public operations do where nothing throws.
     JobResult ConvertInput(const Input& input, const std::vector<Target>& targets) const;
     Answer AnswerText(const std::string& text) const;
-    Opened Open(const Input& input, std::optional<TemporaryTab>& name) const;
-    Opened OpenTab(const std::filesystem::path& tab, const std::filesystem::path& source) const;
-    Opening::TabOpener Opener(Opening::OpeningWatcher& watcher) const;
+    Opened Open(const Input& input, Formats::Wanted wanted, std::optional<TemporaryTab>& name) const;
+    Opened OpenTab(const std::filesystem::path& tab, const std::filesystem::path& source,
+                   Formats::Wanted wanted) const;
+    Opening::TabOpener Opener(Formats::Wanted wanted, Opening::OpeningWatcher& watcher) const;
+    // For these and for what is printed.
+    Formats::Wanted WantedFor(const std::vector<Target>& targets) const;
     // The text, prepared, and its parts where it is to be cut into these; opened under a temporary name where
     // that changed it. Empty when it cannot be read.
     std::vector<TabText::PreparedPart> Prepare(const Input& input) const;
@@ -55,7 +58,7 @@ private:
     // `part` is the name of one part of the input, empty for all of it.
     JobResult Finish(const Input& input, const std::string& part, const Opened& opened,
                      const std::vector<Target>& targets) const;
-    Opened OpenPrepared(const TabText::PreparedText& prepared, const Input& input,
+    Opened OpenPrepared(const TabText::PreparedText& prepared, const Input& input, Formats::Wanted wanted,
                         std::optional<TemporaryTab>& name) const;
     JobResult TellRefusal(const Input& input, const std::string& part, const Opened& opened) const;
     /// Gives the names of the files written.

@@ -100,7 +100,7 @@ Answer AnswerOf(const Opening::Opened& opened, const CommandLine& line) {
         answer.Members["score"] = Json::parse(Formats::JsonText(*opened.Conversion, {}));
     for (const Formats::Format* format : line.ToFormats) {
         std::string why;
-        const std::string bytes = format->Write(*opened.Conversion, why);
+        const std::string bytes = format->BytesOf(*opened.Conversion, why);
         if (!why.empty()) {
             answer.Refuse(JobResult::Status::Refused, why);
             return answer;
@@ -174,18 +174,22 @@ JobResult Converter::ConvertLine(std::string_view line) const {
 Answer Converter::AnswerText(const std::string& text) const {
     Input input;
     input.Path = input.Relative = kDefaultName;
+    std::vector<Target> targets;
+    for (const Formats::Format* format : m_Line.ToFormats)
+        targets.push_back({format, {}});
+    const Formats::Wanted wanted = WantedFor(targets);
     Answer answer;
     if (m_Line.Preparation.empty()) {
         const TemporaryTab tab = TemporaryTab::Write(m_Folder, kDefaultName, text);
         if (tab.Path().empty())
             answer.Refuse(JobResult::Status::Refused, "no room for a temporary file");
         else
-            answer = AnswerOf(OpenTab(tab.Path(), input.Path), m_Line);
+            answer = AnswerOf(OpenTab(tab.Path(), input.Path, wanted), m_Line);
         return answer;
     }
     for (const TabText::PreparedPart& part : TabText::PrepareParts(text, m_Line.Preparation)) {
         std::optional<TemporaryTab> tab;
-        Opened opened = OpenPrepared(part.Text, input, tab);
+        Opened opened = OpenPrepared(part.Text, input, wanted, tab);
         if (opened.Conversion)
             opened.Conversion->Part = part.Name;
         answer.Add(part.Name, AnswerOf(opened, m_Line));

@@ -1,34 +1,25 @@
 #include "Projects/ReferenceHost/ScoreFile.h"
 
 #include <cerrno>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <fstream>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <vector>
+#include <utility>
 
 namespace ReferenceHost {
+
+namespace fs = std::filesystem;
 
 namespace {
 
 constexpr mode_t kUsualRights = 0666;
 
-std::string Why(const std::filesystem::path& target) {
-    return target.string() + " cannot be written: " + std::strerror(errno);
-}
-
-bool WriteAll(int file, const std::string& bytes) {
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t written = write(file, bytes.data() + done, bytes.size() - done);
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        done += static_cast<std::size_t>(written);
-    }
-    return fsync(file) == 0 || errno == EINVAL;
+bool IsDevice(const fs::path& target) {
+    std::error_code failure;
+    return fs::exists(target, failure) && !fs::is_regular_file(target, failure);
 }
 
 // Gives a new file that mkstemp made the rights that any other new file would get.
@@ -40,30 +31,63 @@ void GiveUsualRights(int file) {
 
 } // namespace
 
-std::string WriteWholeFile(const std::filesystem::path& target, const std::string& bytes) {
-    std::error_code failure;
-    if (std::filesystem::exists(target, failure) && !std::filesystem::is_regular_file(target, failure)) {
-        std::ofstream device(target, std::ios::binary);
-        device.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        device.close();
-        return device ? std::string() : Why(target);
+ScoreFile::ScoreFile(fs::path target) : m_Target(std::move(target)) {
+    if (IsDevice(m_Target)) {
+        m_File = open(m_Target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+    } else {
+        std::error_code failure;
+        if (m_Target.has_parent_path())
+            fs::create_directories(m_Target.parent_path(), failure);
+        m_Beside = m_Target.string() + ".XXXXXX";
+        m_File = mkstemp(m_Beside.data());
     }
-    if (target.has_parent_path())
-        std::filesystem::create_directories(target.parent_path(), failure);
-    const std::string pattern = target.string() + ".XXXXXX";
-    std::vector<char> beside(pattern.begin(), pattern.end());
-    beside.push_back('\0');
-    const int file = mkstemp(beside.data());
-    if (file < 0)
-        return Why(target);
-    GiveUsualRights(file);
-    const bool written = WriteAll(file, bytes);
-    const bool good = (close(file) == 0) && written && std::rename(beside.data(), target.c_str()) == 0;
-    if (good)
-        return {};
-    const std::string why = Why(target);
-    unlink(beside.data());
-    return why;
+    if (m_File < 0) {
+        Fail();
+        m_Beside.clear();
+    } else if (!m_Beside.empty()) {
+        GiveUsualRights(m_File);
+    }
+}
+
+ScoreFile::~ScoreFile() {
+    Close();
+    if (!m_Beside.empty())
+        unlink(m_Beside.c_str());
+}
+
+void ScoreFile::Write(std::string_view bytes) {
+    while (!bytes.empty() && m_Failure == 0) {
+        const ssize_t written = write(m_File, bytes.data(), bytes.size());
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        else if (written == 0 || errno != EINTR)
+            Fail();
+    }
+}
+
+std::string ScoreFile::Finish() {
+    if (m_Failure == 0 && !m_Beside.empty() && fsync(m_File) != 0 && errno != EINVAL)
+        Fail();
+    Close();
+    if (m_Failure == 0 && !m_Beside.empty()) {
+        if (std::rename(m_Beside.c_str(), m_Target.c_str()) == 0)
+            m_Beside.clear();
+        else
+            Fail();
+    }
+    return m_Failure == 0 ? std::string()
+                          : m_Target.string() + " cannot be written: " + std::strerror(m_Failure);
+}
+
+void ScoreFile::Fail() {
+    if (m_Failure == 0)
+        m_Failure = errno;
+}
+
+void ScoreFile::Close() {
+    if (m_File >= 0 && close(m_File) != 0)
+        Fail();
+    m_File = -1;
 }
 
 } // namespace ReferenceHost

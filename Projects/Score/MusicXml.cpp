@@ -14,7 +14,7 @@
 #include <array>
 #include <bit>
 #include <set>
-#include <sstream>
+#include <string_view>
 #include <utility>
 
 namespace Score {
@@ -24,6 +24,8 @@ namespace {
 using pugi::xml_node;
 
 constexpr const char* kVersion = "4.0";
+constexpr const char* kIndent = "  ";
+constexpr std::string_view kRootEnd = "</score-partwise>\n";
 
 xml_node Add(xml_node parent, const char* name) {
     return parent.append_child(name);
@@ -68,6 +70,32 @@ const char* BeamText(Beam beam) {
     }
 }
 
+// Collects what is printed in small pieces, to be passed on in large ones.
+class PieceWriter : public pugi::xml_writer {
+public:
+    explicit PieceWriter(const TextSink& sink) : m_Sink(sink) {}
+
+    void write(const void* data, std::size_t size) override { Add({static_cast<const char*>(data), size}); }
+    void Add(std::string_view text) { m_Piece += text; }
+    // Of what was not passed on yet.
+    void RemoveEnd(std::size_t size) { m_Piece.resize(m_Piece.size() - size); }
+    void PassOnWhenLarge() {
+        if (m_Piece.size() >= kLarge)
+            PassOn();
+    }
+    void PassOn() {
+        m_Sink(m_Piece);
+        m_Piece.clear();
+    }
+
+private:
+    // A usual score is one piece.
+    static constexpr std::size_t kLarge = 1UL << 20;
+
+    const TextSink& m_Sink;
+    std::string m_Piece;
+};
+
 std::string PartId(std::size_t part) {
     return "P" + std::to_string(part + 1);
 }
@@ -98,11 +126,19 @@ public:
     PartWriter(const ScoreModel& score, std::vector<WrittenBar> bars, bool isTop)
         : m_Score(score), m_Bars(std::move(bars)), m_Tuning(&score.Tuning), m_Way(score, isTop) {}
 
-    void Write(xml_node part) {
-        for (std::size_t bar = 0; bar < m_Score.Bars.size(); ++bar)
-            WriteBar(part, bar);
-        if (m_Score.Bars.empty())
-            WriteEmptyMeasure(part);
+    // Measure by measure: the tree of a long part takes many times the memory of its text.
+    void Write(PieceWriter& writer) {
+        constexpr unsigned kDepth = 2;
+        pugi::xml_document document;
+        for (std::size_t bar = 0; bar < std::max<std::size_t>(m_Score.Bars.size(), 1); ++bar) {
+            document.reset();
+            if (m_Score.Bars.empty())
+                WriteEmptyMeasure(document);
+            else
+                WriteBar(document, bar);
+            document.first_child().print(writer, kIndent, pugi::format_default, pugi::encoding_utf8, kDepth);
+            writer.PassOnWhenLarge();
+        }
     }
 
 private:
@@ -358,7 +394,8 @@ private:
     std::set<std::pair<int, int>> m_OpenTies;
 };
 
-void WriteDocument(ScoreParts parts, pugi::xml_document& document) {
+// All but the parts.
+void WriteFrame(ScoreParts parts, pugi::xml_document& document) {
     xml_node declaration = document.append_child(pugi::node_declaration);
     Set(declaration, "version", "1.0");
     Set(declaration, "encoding", "UTF-8");
@@ -375,22 +412,32 @@ void WriteDocument(ScoreParts parts, pugi::xml_document& document) {
     xml_node list = Add(root, "part-list");
     for (std::size_t index = 0; index < parts.size(); ++index)
         WritePartOfList(list, parts[index], index);
-    std::vector<std::vector<WrittenBar>> written = WriteOut(parts);
-    for (std::size_t index = 0; index < parts.size(); ++index) {
-        xml_node part = Add(root, "part");
-        Set(part, "id", PartId(index));
-        PartWriter(parts[index], std::move(written[index]), index == 0).Write(part);
-    }
 }
 
 } // namespace
 
+void WriteMusicXml(ScoreParts parts, const TextSink& sink) {
+    PieceWriter writer(sink);
+    {
+        pugi::xml_document frame;
+        WriteFrame(parts, frame);
+        frame.save(writer, kIndent);
+    }
+    writer.RemoveEnd(kRootEnd.size());
+    std::vector<std::vector<WrittenBar>> written = WriteOut(parts);
+    for (std::size_t index = 0; index < parts.size(); ++index) {
+        writer.Add(kIndent + ("<part id=\"" + PartId(index)) + "\">\n");
+        PartWriter(parts[index], std::move(written[index]), index == 0).Write(writer);
+        writer.Add(kIndent + std::string("</part>\n"));
+    }
+    writer.Add(kRootEnd);
+    writer.PassOn();
+}
+
 std::string MusicXmlText(ScoreParts parts) {
-    pugi::xml_document document;
-    WriteDocument(parts, document);
-    std::ostringstream text;
-    document.save(text, "  ");
-    return text.str();
+    std::string text;
+    WriteMusicXml(parts, [&text](std::string_view piece) { text += piece; });
+    return text;
 }
 
 } // namespace Score

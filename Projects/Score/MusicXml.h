@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Projects/Score/ScoreParts.h"
+#include "Projects/Score/TextSink.h"
 
 #include <string>
 
@@ -11,6 +12,10 @@ namespace Score {
 /// beams and pickup as WriteOut and BeamsOf have them. Bar lengths are those of the bar spacings, whatever
 /// the time signature says. A score without rhythms shows no metre and no stems, and has a crotchet for each
 /// chord.
+///
+/// Written measure by measure; all of it takes a hundred times the memory of a tab full of notes.
+void WriteMusicXml(ScoreParts parts, const TextSink& sink);
+/// The same in one piece.
 std::string MusicXmlText(ScoreParts parts);
 inline std::string MusicXmlText(const ScoreModel& score) {
     return MusicXmlText(AsParts(score));

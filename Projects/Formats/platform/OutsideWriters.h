@@ -8,7 +8,7 @@
 namespace Formats::Platform {
 
 /// As Format::Write.
-using Writer = std::string (*)(const Conversion& conversion, std::string& why);
+using Writer = decltype(Format::Write);
 
 extern const Writer kWriteCompressedMusicXml;
 extern const Writer kWritePdf;

@@ -8,27 +8,35 @@ namespace Formats::Platform {
 
 namespace {
 
-std::string WriteCompressedMusicXml(const Conversion& conversion, std::string& why) {
-    return Score::CompressedMusicXml(conversion.GetParts(), why);
+using Score::TextSink;
+
+void PassOn(const std::string& bytes, const TextSink& sink, const std::string& why) {
+    if (why.empty())
+        sink(bytes);
 }
 
-std::string Engraved(const Conversion& conversion, const char* kind, std::string& why) {
+void WriteCompressedMusicXml(const Conversion& conversion, const TextSink& sink, std::string& why) {
+    PassOn(Score::CompressedMusicXml(conversion.GetParts(), why), sink, why);
+}
+
+void WriteEngraved(const Conversion& conversion, const char* kind, const TextSink& sink, std::string& why) {
     // A printed score has pages; a picture is one.
     const bool isOnePage = std::string_view(kind) != "pdf";
-    return Engrave(Score::LilyPondText(conversion.GetParts(), conversion.Title, conversion.Layout, isOnePage),
-                   kind, why);
+    PassOn(Engrave(Score::LilyPondText(conversion.GetParts(), conversion.Title, conversion.Layout, isOnePage),
+                   kind, why),
+           sink, why);
 }
 
-std::string WritePdf(const Conversion& conversion, std::string& why) {
-    return Engraved(conversion, "pdf", why);
+void WritePdf(const Conversion& conversion, const TextSink& sink, std::string& why) {
+    WriteEngraved(conversion, "pdf", sink, why);
 }
 
-std::string WritePng(const Conversion& conversion, std::string& why) {
-    return Engraved(conversion, "png", why);
+void WritePng(const Conversion& conversion, const TextSink& sink, std::string& why) {
+    WriteEngraved(conversion, "png", sink, why);
 }
 
-std::string WriteSvg(const Conversion& conversion, std::string& why) {
-    return Engraved(conversion, "svg", why);
+void WriteSvg(const Conversion& conversion, const TextSink& sink, std::string& why) {
+    WriteEngraved(conversion, "svg", sink, why);
 }
 
 } // namespace

@@ -27,7 +27,7 @@ protected:
     Formats::Conversion Convert(const fs::path& tab) {
         std::string why;
         m_Host.Open(tab);
-        auto conversion = Formats::Conversion::Of(m_Host.GetScore(), tab, why);
+        auto conversion = Formats::Conversion::Of(m_Host.GetScore(), tab, {}, why);
         EXPECT_TRUE(conversion) << tab << ": " << why;
         return conversion ? std::move(*conversion) : Formats::Conversion();
     }
