@@ -217,7 +217,7 @@ private:
     }
 
     static std::string WhatIsPlayed(const Score::ModelTechnique& what) {
-        const std::string name = Score::NameOf(what.Kind).Name;
+        std::string name = Score::NameOf(what.Kind).Name;
         if (what.Kind == Score::Technique::Bend)
             return name + Numbered(" by ", what.Amount) + " quarter tones";
         if (what.Kind == Score::Technique::Trill && what.Amount > 0)
@@ -248,20 +248,20 @@ private:
 };
 
 constexpr RecognisedName kNames[] = {
-    {Recognised::Nothing, "not used", ' ', "0", "nothing"},
-    {Recognised::StaveLine, "stave line", '-', "2", "stave"},
-    {Recognised::Barline, "barline", '|', "1", "barline"},
-    {Recognised::TuningLetter, "tuning letter", 'T', "36", "tuning"},
-    {Recognised::Fret, "fret number", 'F', "1;32", "fret"},
-    {Recognised::MutedColumn, "time without a note", 'x', "32", "muted"},
-    {Recognised::RhythmSymbol, "rhythm line", 'R', "1;35", "rhythm"},
-    {Recognised::ChordSymbol, "chord symbol", 'C', "1;33", "chord"},
-    {Recognised::LostChordSymbol, "chord symbol that lost its place", 'c', "9;33", "lost-chord"},
-    {Recognised::Label, "section label", 'L', "1;34", "label"},
-    {Recognised::LostLabel, "label over no bar", 'l', "9;34", "lost-label"},
-    {Recognised::TimeSignature, "time signature", 'S', "1;36", "time"},
-    {Recognised::PlayingSign, "how it is played", 'P', "1;31", "playing"},
-    {Recognised::IgnoredLine, "ignored line", '!', "9;31", "ignored"},
+    {Recognised::Nothing, ' ', "not used", "0", "nothing"},
+    {Recognised::StaveLine, '-', "stave line", "2", "stave"},
+    {Recognised::Barline, '|', "barline", "1", "barline"},
+    {Recognised::TuningLetter, 'T', "tuning letter", "36", "tuning"},
+    {Recognised::Fret, 'F', "fret number", "1;32", "fret"},
+    {Recognised::MutedColumn, 'x', "time without a note", "32", "muted"},
+    {Recognised::RhythmSymbol, 'R', "rhythm line", "1;35", "rhythm"},
+    {Recognised::ChordSymbol, 'C', "chord symbol", "1;33", "chord"},
+    {Recognised::LostChordSymbol, 'c', "chord symbol that lost its place", "9;33", "lost-chord"},
+    {Recognised::Label, 'L', "section label", "1;34", "label"},
+    {Recognised::LostLabel, 'l', "label over no bar", "9;34", "lost-label"},
+    {Recognised::TimeSignature, 'S', "time signature", "1;36", "time"},
+    {Recognised::PlayingSign, 'P', "how it is played", "1;31", "playing"},
+    {Recognised::IgnoredLine, '!', "ignored line", "9;31", "ignored"},
 };
 
 } // namespace

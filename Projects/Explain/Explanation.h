@@ -78,11 +78,11 @@ struct Explanation {
                           const std::optional<TabText::LineMap>& map = std::nullopt);
 };
 
-/// The name of what was recognised, and the one letter that stands for it where there is no colour.
+/// What was recognised: the one letter that stands for it where there is no colour, and its name.
 struct RecognisedName {
     Recognised Kind;
-    const char* Name;
     char Sign;
+    const char* Name;
     /// The colour on a terminal, as the number of the terminal's own sequence.
     const char* TerminalStyle;
     /// For programs, and its class in a page.

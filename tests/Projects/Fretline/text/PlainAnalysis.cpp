@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
+#include <numeric>
 #include <sstream>
 #include <vector>
 
@@ -125,7 +125,8 @@ private:
 
     void MakeStave(int first, int count) {
         Stave stave = {first, count};
-        const auto lines = std::views::iota(first, first + count);
+        std::vector<int> lines(static_cast<std::size_t>(count));
+        std::iota(lines.begin(), lines.end(), first);
         const auto isBarline = [&](int column) {
             const char top = At(first, column);
             return top != '-' && top != 'x' && top != 'X' && !IsDigit(top) &&

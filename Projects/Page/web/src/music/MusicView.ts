@@ -18,7 +18,7 @@ interface Colours {
     accent: string;
 }
 
-const onPaper = { ink: '#000000', faint: '#555555' };
+const onPaper: Colours = { ink: '#000000', faint: '#555555', accent: '#000000' };
 
 /** The engraved score. Draws what it is given last, tells of clicks, and marks the notes that the text points at. */
 export class MusicView {
@@ -154,7 +154,7 @@ export class MusicView {
 
     /** Engraves the score for paper, black on white, in a window of its own, and has that printed. */
     print(): void {
-        if (!this.api || !this.result) return;
+        if (!this.api || !this.engraver || !this.result) return;
         const { ink, faint } = onPaper;
         const resources = {
             mainGlyphColor: ink,
@@ -164,7 +164,17 @@ export class MusicView {
             barSeparatorColor: faint,
             barNumberColor: ink,
         };
-        this.api.print(undefined, { display: { resources, scale: 0.9 } });
+        // Bars have colours of their own where their metre is hidden: those of the shown score are the screen's.
+        const score = readScore(this.engraver, this.result, this.staves);
+        const paper = new this.engraver.Settings();
+        this.applyColours(paper, onPaper);
+        dress(this.engraver, score, this.result, paper.display.resources);
+        // The library prints the score that it shows.
+        const printing = Object.create(this.api, {
+            score: { value: score },
+            tracks: { value: score.tracks },
+        }) as AlphaTabApi;
+        printing.print(undefined, { display: { resources, scale: 0.9 } });
     }
 
     /** All parts, one below the other. */

@@ -254,6 +254,51 @@ describe('somebody who listens', () => {
     });
 });
 
+describe('somebody who prints', () => {
+    it('gets the score alone, dark on white, on the pages that it needs', async () => {
+        const person = await Person.open({ colorScheme: 'dark' });
+        await person.drops('book.tab', Buffer.from(`${smallTab}\n\n`.repeat(100)));
+        await person.reads('200 bars, 500 notes');
+        await person.seesMusic();
+        const paper = await person.prints();
+        const texts = await paper.locator('.at-surface svg text').allTextContents();
+        expect(texts.filter((text) => /^[013]$/.test(text))).toHaveLength(500);
+        expect(await paper.locator('button, input, select, textarea, .cm-editor').count()).toBe(0);
+        const { inks, heights } = await paper.evaluate(() => {
+            const drawn = [...document.querySelectorAll('.at-surface svg *')].map((element) =>
+                getComputedStyle(element),
+            );
+            const systems = [...document.querySelectorAll('.at-surface > div')];
+            return {
+                inks: [...new Set(drawn.flatMap(({ fill, stroke }) => [fill, stroke]))].sort(),
+                heights: systems.map((system) => system.getBoundingClientRect().height),
+            };
+        });
+        // What is not shown is transparent: the metre, where there is none.
+        expect(inks).toEqual(['none', 'rgb(0, 0, 0)', 'rgb(85, 85, 85)', 'rgba(0, 0, 0, 0)']);
+
+        const pdf = (await paper.pdf({ format: 'A4' })).toString('latin1');
+        const sizes = [...pdf.matchAll(/\/MediaBox \[0 0 ([\d.]+) ([\d.]+)\]/g)];
+        for (const [, width, height] of sizes) {
+            expect(Number(width)).toBeCloseTo(595, -1);
+            expect(Number(height)).toBeCloseTo(842, -1);
+        }
+        const pageHeight = (297 / 25.4) * 96;
+        const total = heights.reduce((sum, height) => sum + height);
+        expect(sizes.length).toBeGreaterThanOrEqual(Math.ceil(total / pageHeight));
+        // No line of music is cut in two: the next page has it.
+        expect(sizes.length).toBeLessThanOrEqual(Math.ceil(total / (pageHeight - Math.max(...heights))));
+        expect(sizes.length).toBeGreaterThan(3);
+        await paper.close();
+
+        await person.pastes('Only words.');
+        await person.isTold(/./);
+        await person.page.getByRole('button', { name: 'Print' }).click();
+        await person.reads('There is no score to print.');
+        await person.leave();
+    });
+});
+
 describe('the page', () => {
     it('opens without a network once it was there', async () => {
         const person = await Person.open({ serviceWorkers: 'allow' });

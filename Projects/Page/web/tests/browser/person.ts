@@ -158,6 +158,20 @@ export class Person {
         return { name: download.suggestedFilename(), bytes: readFileSync(await download.path()) };
     }
 
+    /** What goes to the printer, once it is sent there: nobody would answer the browser's own dialog. */
+    async prints(): Promise<Page> {
+        await this.page.context().addInitScript(() => {
+            window.print = () => document.documentElement.setAttribute('data-printed', '');
+        });
+        const [paper] = await Promise.all([
+            this.page.waitForEvent('popup'),
+            this.page.getByRole('button', { name: 'Print' }).click(),
+        ]);
+        await paper.waitForSelector('html[data-printed]');
+        await paper.emulateMedia({ media: 'print' });
+        return paper;
+    }
+
     async reads(expected: string | RegExp): Promise<void> {
         await expect.poll(() => this.page.textContent('#summary'), { timeout: 15_000 }).toMatch(expected);
     }
