@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <set>
+#include <tuple>
 #include <utility>
 
 namespace Fretline {
@@ -35,7 +36,9 @@ struct KeywordPlace {
     std::size_t m_Keyword;
     int m_Column;
 
-    auto operator<=>(const KeywordPlace&) const = default;
+    bool operator<(const KeywordPlace& other) const {
+        return std::tie(m_Keyword, m_Column) < std::tie(other.m_Keyword, other.m_Column);
+    }
 };
 
 std::vector<KeywordPlace> FindKeywords(std::string_view line) {
