@@ -59,7 +59,7 @@ private:
         bool isAligned = true;
         for (const StaveInSystem& stave : system) {
             isAligned = isAligned && stave.Bars.size() == system.front().Bars.size() &&
-                        (&stave == &system.front() || !BeginsSection(stave));
+                        (&stave == &system.front() || !BeginsSection(stave, system.front()));
             count = std::max(count, stave.Bars.size());
         }
         for (std::size_t bar = 0; bar < count; ++bar) {
@@ -109,12 +109,27 @@ private:
                std::abs(bar.GetWidth() - other.GetWidth()) <= kReachOfAWidth;
     }
 
-    // By a label of the text that is not the name of the part.
-    static bool BeginsSection(const StaveInSystem& stave) {
-        return std::any_of(stave.Bars.begin(), stave.Bars.end(), [&](const BarReading& bar) {
-            const Fretline::RiffLabel* label = bar.Bar->GetLabel();
-            return label != nullptr && label->m_Line != stave.Stave->LabelLine;
+    // By a label of its own, or beside its part's name one of another kind than those of the top stave.
+    static bool BeginsSection(const StaveInSystem& stave, const StaveInSystem& top) {
+        const std::vector<const Fretline::RiffLabel*> labelsOfTop = LabelsOf(top);
+        const auto isOfTop = [&](const Fretline::RiffLabel* label) {
+            return labelsOfTop.empty() ||
+                   std::any_of(labelsOfTop.begin(), labelsOfTop.end(), [&](const Fretline::RiffLabel* other) {
+                       return other->m_Keyword == label->m_Keyword;
+                   });
+        };
+        const std::vector<const Fretline::RiffLabel*> labels = LabelsOf(stave);
+        return std::any_of(labels.begin(), labels.end(), [&](const Fretline::RiffLabel* label) {
+            return label->m_Line != stave.Stave->LabelLine || !isOfTop(label);
         });
+    }
+
+    static std::vector<const Fretline::RiffLabel*> LabelsOf(const StaveInSystem& stave) {
+        std::vector<const Fretline::RiffLabel*> labels;
+        for (const BarReading& bar : stave.Bars)
+            if (const Fretline::RiffLabel* label = bar.Bar->GetLabel())
+                labels.push_back(label);
+        return labels;
     }
 
     const TabReading& m_Reading;

@@ -98,6 +98,9 @@ TEST(SplitParts, WhatStandsInOneColumnSoundsTogether) {
         {"a stave of both",
          "Gtr I\n" + Guitar("-1-2-") + "Gtr II\n" + Guitar("-3---") + "\nGtrs I & II\n" + Guitar("-4-5-"),
          kRhythmsNever, "Gtr I 1@0 2@128 /256 | 4@0 5@128 /256; Gtr II 3@0 /256 | 4@0 5@128 /256"},
+        {"a solo above it",
+         "Gtr I\n" + Guitar("-1-2---------") + "\nGtr II (solo)\n" + Guitar("-3-----------"), kRhythmsNever,
+         "Gtr I 1@0 2@128 /256; Gtr II 3@0 /256"},
         {"bars one place wider, and lines that begin two places farther",
          Guitar("-1-2-|-3-4-") + "\n" + Stave(4, "-5---|-6-7--", "E "), kRhythmsNever,
          "Guitar 1@0 2@128 /256 | 3@0 4@128 /256; Bass 5@0 /256 | 6@0 7@128 /256"},
@@ -114,6 +117,9 @@ TEST(SplitParts, WhatStandsInOneColumnSoundsTogether) {
          ""},
         {"the lower stave is another section",
          "Gtr I\n" + Guitar("-1-2-") + "\n Chorus\nGtr II\n" + Guitar("-3-4-"), kRhythmsNever, ""},
+        {"the names say that they are of two sections",
+         "Gtr I (verse)\n" + Guitar("-1-2---------") + "\nGtr II (chorus)\n" + Guitar("-3-4---------"),
+         kRhythmsNever, ""},
         {"one part", Guitar("-1-2-") + "\n" + Guitar("-3-4-"), kRhythmsNever, ""},
     };
     for (const auto& row : rows)
