@@ -55,7 +55,8 @@ std::string Bass(const std::string& played) {
     return Stave(4, played);
 }
 
-// "Guitar 3@0 5@128 | 7@0; Bass ...": each note's fret and its time in quavers and hundredths, bar by bar.
+// "Guitar 3@0 5@128~ /512 | 7@0 /128; Bass ...": of each bar its notes, by fret and time, tied on or not, and
+// its length.
 std::string Heard(const TabText::SplitScore& split) {
     std::string text;
     for (const Score::ScoreModel& part : split.Parts) {
@@ -64,7 +65,8 @@ std::string Heard(const TabText::SplitScore& split) {
             text += &bar == &part.Bars.front() ? "" : " |";
             for (const Score::ModelEvent& event : bar.Events)
                 for (const Score::ModelNote& note : event.Notes)
-                    text += " " + std::to_string(note.Fret) + "@" + std::to_string(event.Position);
+                    text += " " + std::to_string(note.Fret) + "@" + std::to_string(event.Position) +
+                            (note.TiedToNext ? "~" : "");
             text += " /" + std::to_string(bar.Length);
         }
     }
@@ -90,6 +92,23 @@ TEST(SplitParts, WhatStandsInOneColumnSoundsTogether) {
         {"letters above the guitar alone",
          quavers + Guitar("1-2-3-4-5-6-7-8-") + "\n\n" + Bass("1---2-----34----"), kRhythmsWhenIndicated,
          "Guitar 1@0 2@128 3@256 4@384 5@512 6@640 7@768 8@896 /1024; Bass 1@0 2@256 3@640 4@704 /1024"},
+        {"a first column that is not at the start",
+         Guitar("----1---2---3---") + "\n" + Bass("----5-----6-----"), kRhythmsAlways,
+         "Guitar 1@0 2@256 3@576 /1024; Bass 5@0 6@384 /1024"},
+        {"no note is tied on that was cut before", Guitar("1--1-----------") + "\n" + Bass("-------5-------"),
+         kRhythmsAlways, "Guitar 1@0 1@192 /1024; Bass 5@448 /1024"},
+        {"two columns of one part are two times, also where a number of the other touches both",
+         "|--3-|\n|12--|\n" + Repeat("|----|\n", 4) + "\n" + Bass("-10-"), kRhythmsNever,
+         "Guitar 12@0 3@128 /256; Bass 10@0 /256"},
+        {"letters above each, which keep their times",
+         "  Q   H.\n" + Guitar("-1---2-----") + "\n  H.      Q\n" + Bass("-5-------6-"),
+         kRhythmsWhenIndicated, "Guitar 1@0 2@256~ 2@768 /1024; Bass 5@0~ 5@512 6@768 /1024"},
+        {"a stave that is cut into bars keeps its times",
+         Guitar("1-2-3-4-1-2-3-4-1-2-3-4-1-2-3-4-1-2-") + "\n" + Bass("5-----------------------------------"),
+         kRhythmsAlways,
+         "Guitar 1@0 2@128 3@256 4@384 1@512 2@640 3@768 4@896 /1024 | 1@0 2@128 3@256 4@384 1@512 2@640 "
+         "3@768 "
+         "4@896 /1024 | 1@0 2@128~ 2@640~ 2@896 /1024; Bass 5@0 /1024 | /1024 | /1024"},
         {"the bass rests for a system",
          Guitar("-1-2-") + "\n" + Bass("-3---") + "\n" + Guitar("-4-5-") + "\n" + Guitar("-6---") + "\n" +
              Bass("-7-8-"),
@@ -111,6 +130,9 @@ TEST(SplitParts, WhatStandsInOneColumnSoundsTogether) {
          "Guitar 1@0 2@128 /256 | 4@0 5@128 /256 | 7@0 8@128 /256 | 9@0 /128; "
          "Bass 3@0 /256 | 6@0 /256 | 1@0 /256 | /128"},
 
+        {"barlines stand elsewhere in one system of two",
+         Guitar("-1-2-") + "\n" + Bass("-3---") + "\n" + Guitar("-1-2-|-3-4-") + "\n" + Bass("-5-----|-6-7-"),
+         kRhythmsNever, ""},
         {"barlines stand elsewhere", Guitar("-1-2-|-3-4-") + "\n" + Bass("-5-----|-6-7-"), kRhythmsNever, ""},
         {"one part after the other",
          "Gtr I\n" + Guitar("-1-2-") + "\n" + Guitar("-1-2-") + "\nGtr II\n" + Guitar("-3---"), kRhythmsNever,
@@ -146,18 +168,41 @@ TEST(SplitParts, EachHasItsOwnStringsAndSound) {
     EXPECT_TRUE(bass.Bars[0].Labels.empty()) << "it is of all parts, and said once";
 }
 
-// The endings of the upper part alone say where the way goes, and the lower part goes it too.
+TEST(SplitParts, KeepTheRestsOfARhythmLine) {
+    const SplitText text("  Q  Q  Q  Q\n" + Guitar("-1-----2----") + "\n\n\n" + Bass("-5----------"));
+    ASSERT_EQ("Guitar 1@0 2@512 /1024; Bass 5@0 /1024", Heard(text.Split));
+    EXPECT_EQ(256, text.Split.Parts[0].Bars[0].Events[0].Duration);
+    EXPECT_EQ(1024, text.Split.Parts[1].Bars[0].Events[0].Duration);
+}
+
+TEST(SplitParts, MoveChordSymbolsWithTheirColumns) {
+    const SplitText text("     Am      G\n" + Guitar("----1-------2-") + "\n" + Bass("-5------6-----"));
+    ASSERT_EQ("Guitar 1@128 2@384 /512; Bass 5@0 6@256 /512", Heard(text.Split));
+    std::string chords;
+    for (const Score::ModelText& chord : text.Split.Parts[0].Bars[0].ChordSymbols)
+        chords += chord.Text + "@" + std::to_string(chord.Position) + " ";
+    EXPECT_EQ("Am@128 G@384 ", chords);
+}
+
+// What is said of one part, or of both, all go by: the endings, the ways and the tempos.
 TEST(SplitParts, GoOneWay) {
-    const SplitText text("           1.\n" + Guitar("-1-2-|-3-4:") + "\n" + Bass("-5---|-6---") + "\n 2.\n" +
-                         Guitar("-1-2-|-3-4-") + "\n" + Bass("-5---|-6---"));
-    ASSERT_EQ(2U, text.Split.Parts.size());
-    std::string ways;
-    for (const Score::ScoreModel& part : text.Split.Parts)
-        for (const Score::ModelBar& bar : part.Bars)
-            ways += (bar.Repeats.Endings.empty() ? "-" : std::to_string(bar.Repeats.Endings.front())) +
-                    std::string(bar.Repeats.IsEnd ? "]" : "") + " ";
-    EXPECT_TRUE(text.Markings.Unclear.empty());
-    EXPECT_EQ("- 1] 2 - - 1] 2 - ", ways);
+    const std::string first = Guitar("-1-2-|-3-4:");
+    const std::string second = Guitar("-1-2-|-3-4-");
+    const std::string bass = Bass("-5---|-6---");
+    for (const auto& above : {std::pair("\n", "\n"), std::pair("         1.\n", " 2.\n")}) {
+        const SplitText text("Tempo: 120\n\n         1.\n" + first + above.first + bass +
+                             "\nTempo: 90\n 2.\n" + second + above.second + bass + "       D.C.\n");
+        ASSERT_EQ(2U, text.Split.Parts.size());
+        EXPECT_TRUE(text.Markings.Unclear.empty());
+        std::string ways;
+        for (const Score::ScoreModel& part : text.Split.Parts)
+            for (const Score::ModelBar& bar : part.Bars)
+                ways += (bar.Repeats.Endings.empty() ? "-" : std::to_string(bar.Repeats.Endings.front())) +
+                        std::string(bar.Repeats.IsEnd ? "]" : "") +
+                        (bar.Way.To == Score::Jump::DaCapo ? "D.C." : "") +
+                        (bar.Tempo > 0 ? "q=" + std::to_string(bar.Tempo) : "") + " ";
+        EXPECT_EQ("- 1] 2q=90 -D.C. - 1] 2 -D.C. ", ways) << above.first;
+    }
 }
 
 // Systems of a guitar and a bass, a note in about every third place of each; now and then one is alone, and
