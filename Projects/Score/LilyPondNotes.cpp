@@ -26,7 +26,6 @@ struct SignText {
 constexpr auto kSigns = std::to_array<SignText>({
     {Technique::HammerOn, "^\\markup \\tiny \"H\""},
     {Technique::PullOff, "^\\markup \\tiny \"P\""},
-    {Technique::SlideIn, "^\\markup \\tiny \"sl.\""},
     {Technique::Vibrato, "^\\vibrato"},
     {Technique::ArtificialHarmonic, "^\\markup \\tiny \"A.H.\""},
     {Technique::Trill, "\\trill"},
@@ -120,14 +119,23 @@ std::string MapOf(const std::vector<Step>& steps, const WrittenPiece& piece, con
     return text + ") ";
 }
 
-// A number needs room after it.
+std::string SmallText(const std::string& text) {
+    return "^\\markup \\tiny " + QuotedText(text);
+}
+
+// The curve of a slide to nowhere has no room where notes stand close together. A number needs room after it.
 std::string SlideAt(const WrittenPiece& piece, const WrittenPiece* next) {
+    std::string text;
+    if (const ModelTechnique* in = FindIn(piece, Technique::SlideIn))
+        text += SmallText(in->Amount > 0 ? "/ sl." : "\\ sl.");
     if (!StepsOf(piece, next, Technique::Slide).empty())
-        return "\\glissando";
-    if (FindIn(piece, Technique::Slide) != nullptr)
-        return "^\\markup \\tiny \"sl.\"";
-    const ModelTechnique* out = FindIn(piece, Technique::SlideOut);
-    return out == nullptr ? "" : out->Amount > 0 ? "\\bendAfter #4 " : "\\bendAfter #-4 ";
+        text += "\\glissando";
+    else if (FindIn(piece, Technique::Slide) != nullptr)
+        text += SmallText("sl.");
+    if (const ModelTechnique* out = FindIn(piece, Technique::SlideOut))
+        text += out->Amount > 0 ? SmallText("sl. /") + "\\bendAfter #4 "
+                                : SmallText("sl. \\") + "\\bendAfter #-4 ";
+    return text;
 }
 
 } // namespace
@@ -226,8 +234,8 @@ std::string LilyPondNotes::BendAt(const WrittenPiece& piece, const WrittenPiece*
     m_IsBent = bend != nullptr && isDrawn;
     std::string text;
     if (bend != nullptr)
-        text = "^\\markup \\tiny " + QuotedText("bend " + BendText(bend->Amount) +
-                                                (FindIn(piece, Technique::Release) ? ", release" : ""));
+        text = SmallText("bend " + BendText(bend->Amount) +
+                         (FindIn(piece, Technique::Release) != nullptr ? ", release" : ""));
     if (isDrawn)
         return text + "\\^";
     return bend == nullptr ? "" : text + "\\bendAfter #2 ";

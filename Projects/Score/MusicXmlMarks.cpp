@@ -2,6 +2,8 @@
 
 #include "Projects/Score/Utf8.h"
 
+#include <algorithm>
+
 namespace Score {
 
 namespace {
@@ -23,19 +25,15 @@ bool LeadsToTheNext(Technique kind) {
     return kind == Technique::HammerOn || kind == Technique::PullOff || kind == Technique::Slide;
 }
 
-// One end of what leads from a note to the next on its string.
-void WriteConnection(xml_node notations, xml_node technical, Technique kind, const char* type) {
-    switch (kind) {
-    case Technique::HammerOn:
-    case Technique::PullOff: {
-        const bool isHammer = kind == Technique::HammerOn;
-        Set(Add(technical, isHammer ? "hammer-on" : "pull-off", isHammer ? "H" : "P"), "type", type);
-        break;
-    }
-    default:
-        Set(Add(notations, "slide"), "type", type);
-        break;
-    }
+// One end of what leads from a note to the next on its string, whose number tells it from those beside it.
+void WriteConnection(xml_node notations, xml_node technical, Technique kind, int string, const char* type) {
+    constexpr int kMostNumbers = 16;
+    const bool isHammer = kind == Technique::HammerOn;
+    xml_node end = kind == Technique::Slide
+                       ? Add(notations, "slide")
+                       : Add(technical, isHammer ? "hammer-on" : "pull-off", isHammer ? "H" : "P");
+    Set(end, "number", std::to_string(std::min(string + 1, kMostNumbers)).c_str());
+    Set(end, "type", type);
 }
 
 // In semitones, which may be halves: "0.5".
@@ -43,9 +41,21 @@ std::string SemitonesText(int quarterTones) {
     return std::to_string(quarterTones / 2) + (quarterTones % 2 == 0 ? "" : ".5");
 }
 
-void WriteBend(xml_node technical, const ModelTechnique& technique) {
-    xml_node bend = Add(technical, "bend");
-    Add(bend, "bend-alter", SemitonesText(technique.Amount));
+void WriteBend(xml_node technical, const ModelTechnique& technique, bool isReleased) {
+    Add(Add(technical, "bend"), "bend-alter", SemitonesText(technique.Amount));
+    if (!isReleased)
+        return;
+    xml_node release = Add(technical, "bend");
+    Add(release, "bend-alter", "-" + SemitonesText(technique.Amount));
+    Add(release, "release");
+}
+
+// Out of or into nowhere in particular.
+void WriteSlide(xml_node notations, const ModelTechnique& technique) {
+    const bool isUpward = technique.Amount > 0;
+    const bool isInto = technique.Kind == Technique::SlideIn;
+    Add(Add(notations, "articulations"),
+        isInto ? (isUpward ? "scoop" : "plop") : (isUpward ? "doit" : "falloff"));
 }
 
 void WriteHarmonic(xml_node technical, const char* kind) {
@@ -59,8 +69,8 @@ struct NamedTechnique {
 
 // Those that MusicXML has no element for.
 constexpr NamedTechnique kOthers[] = {
-    {Technique::Release, "release"},  {Technique::PalmMute, "palm mute"}, {Technique::LetRing, "let ring"},
-    {Technique::SlideIn, "slide in"}, {Technique::SlideOut, "slide out"},
+    {Technique::Release, "release"},
+    {Technique::PalmMute, "palm mute"},
 };
 
 void WriteVibrato(xml_node notations) {
@@ -71,8 +81,9 @@ void WriteVibrato(xml_node notations) {
 
 void WriteTechnique(xml_node notations, xml_node technical, const ModelTechnique& technique) {
     switch (technique.Kind) {
-    case Technique::Bend:
-        return WriteBend(technical, technique);
+    case Technique::SlideIn:
+    case Technique::SlideOut:
+        return WriteSlide(notations, technique);
     case Technique::Vibrato:
         return WriteVibrato(notations);
     case Technique::NaturalHarmonic:
@@ -147,18 +158,25 @@ void MusicXmlMarks::StopAt(xml_node notations, xml_node technical, const ModelNo
     if (open == m_Open.end())
         return;
     for (const Technique kind : open->second)
-        WriteConnection(notations, technical, kind, "stop");
+        WriteConnection(notations, technical, kind, model.String, "stop");
     m_Open.erase(open);
 }
 
 void MusicXmlMarks::WriteNotations(xml_node notations, xml_node technical, const ModelNote& model) {
     StopAt(notations, technical, model);
+    const bool isBent = Has(model, Technique::Bend);
     for (const ModelTechnique& technique : model.Techniques) {
+        if (technique.Kind == Technique::Bend) {
+            WriteBend(technical, technique, Has(model, Technique::Release));
+            continue;
+        }
+        if (technique.Kind == Technique::Release && isBent)
+            continue;
         if (!LeadsToTheNext(technique.Kind)) {
             WriteTechnique(notations, technical, technique);
             continue;
         }
-        WriteConnection(notations, technical, technique.Kind, "start");
+        WriteConnection(notations, technical, technique.Kind, model.String, "start");
         m_Open[model.String].push_back(technique.Kind);
     }
 }

@@ -87,6 +87,10 @@ TEST(MusicXml, SaysHowNotesArePlayed) {
         {Technique::Slide, 0, "slide[@type='start']"},
         {Technique::Bend, 3, "technical/bend[bend-alter='1.5']"},
         {Technique::Release, 0, "technical/other-technical[.='release']"},
+        {Technique::SlideIn, 1, "articulations/scoop"},
+        {Technique::SlideIn, -1, "articulations/plop"},
+        {Technique::SlideOut, 1, "articulations/doit"},
+        {Technique::SlideOut, -1, "articulations/falloff"},
         {Technique::Vibrato, 0, "ornaments/wavy-line[@type='stop']"},
         {Technique::NaturalHarmonic, 0, "technical/harmonic/natural"},
         {Technique::ArtificialHarmonic, 0, "technical/harmonic/artificial"},
@@ -105,6 +109,12 @@ TEST(MusicXml, SaysHowNotesArePlayed) {
         EXPECT_EQ(1U, Count(document, (std::string("//note[1]/notations/") + row.Path).c_str())) << row.Path;
         EXPECT_EQ("5", Text(document, "//note[1]/notations/technical/string")) << row.Path;
     }
+    score.Bars[0].Events[0].Notes[0].Techniques = {{Technique::Bend, 4}, {Technique::Release, 0}};
+    pugi::xml_document document;
+    ASSERT_TRUE(document.load_string(MusicXmlText(score).c_str()));
+    EXPECT_EQ(1U, Count(document, "//note[1]//technical/bend[1][bend-alter='2'][not(release)]"));
+    EXPECT_EQ(1U, Count(document, "//note[1]//technical/bend[2][bend-alter='-2']/release"));
+    EXPECT_EQ(0U, Count(document, "//note[1]//other-technical"));
     score.Bars[0].Events[0].Notes[0].Techniques.clear();
     EXPECT_EQ(without, MusicXmlText(score));
 }
@@ -119,6 +129,7 @@ TEST(MusicXml, LeadsToTheNextNoteOfTheString) {
     ASSERT_TRUE(document.load_string(MusicXmlText(score).c_str()));
     EXPECT_EQ(1U, Count(document, "//measure[1]/note/notations/slide[@type='start']"));
     EXPECT_EQ(1U, Count(document, "//measure[2]/note[last()]/notations/slide[@type='stop']"));
+    EXPECT_EQ(2U, Count(document, "//slide[@number='1']")) << "by its string";
     EXPECT_EQ(2U, Count(document, "//slide")) << "the tied notes are one";
 }
 
