@@ -2,6 +2,7 @@
 #include "Projects/TabText/prepare/DraftReading.h"
 #include "Projects/TabText/prepare/DrawnLines.h"
 #include "Projects/TabText/prepare/Steps.h"
+#include "Shared/Utils/AsciiChars.h"
 
 #include <algorithm>
 #include <set>
@@ -128,7 +129,12 @@ private:
     bool StartsLikeAString(int line) const {
         const std::string& text = m_Draft.GetLine(line);
         const std::size_t start = text.find_first_not_of(' ');
-        return start != std::string::npos && (text[start] == '|' || !At(line).Name.empty());
+        if (start == std::string::npos)
+            return false;
+        // A string with signs that nobody knows.
+        const bool isNamed =
+            Nvr::Ascii::IsAlpha(text[start]) && start + 1 < text.size() && text[start + 1] == '|';
+        return text[start] == '|' || isNamed || !At(line).Name.empty();
     }
 
     // What tells a rule beside strings from one of them.

@@ -91,6 +91,7 @@ TEST(PreparationSteps, WriteOtherCharactersInAscii) {
          "\xEF\xBB\xBF"
          "e|--0-|\n",
          "e|--0-|\n", "a mark before all"},
+        {"ascii", "7\xE2\x88\xBF 5\xE2\x86\x97 7\xE2\x86\x98\n", "7~ 5/ 7\\\n", "waves and arrows"},
         {"ascii", "plain text\n", "plain text\n", "ASCII"},
     };
     for (const Case& row : rows)
@@ -98,11 +99,14 @@ TEST(PreparationSteps, WriteOtherCharactersInAscii) {
 }
 
 TEST(PreparationSteps, TellStavesFromTheirSurroundings) {
+    const std::string kUnknown =
+        UnderFirst("e|-7b?-7b?-7b1?-7~~~-|") + "A|--------------------\nE|--------------------\n";
     const Case rows[] = {
         {"prose",
          "A-las my love - you do me wrong\n-- to cast me off, dis-cour-teous-ly\n-- and I --\n-- have --\n",
          "A=las my love = you do me wrong\n== to cast me off, dis=cour=teous=ly\n== and I ==\n== have ==\n",
          "hyphens of words"},
+        {"prose", kUnknown, kUnknown, "a string with signs that nobody knows"},
         {"prose", "#" + std::string(30, '-') + "\n", "#" + std::string(30, '=') + "\n",
          "a rule read as a string"},
         {"prose", "#" + std::string(30, '-') + "\n#", "#" + std::string(30, '=') + "\n#",
