@@ -113,6 +113,44 @@ std::string ValueOf(string_view line, std::initializer_list<string_view> keys) {
         line.substr(colon + 1 + first, static_cast<std::size_t>(value.back().GetEndColumn()) - first));
 }
 
+// A line without what stands around it: quotes, dashes, stars.
+string_view Bare(string_view line) {
+    constexpr string_view kAround = " \"'*-=~#_";
+    const std::size_t start = line.find_first_not_of(kAround);
+    return start == string_view::npos ? string_view()
+                                      : line.substr(start, line.find_last_not_of(kAround) + 1 - start);
+}
+
+// What is before "by" is no title but a deed: "Tabbed by".
+bool IsDeed(string_view text) {
+    const std::vector<Word> words = WordsOf(text);
+    return words.empty() || IsOneOf(WithoutPunctuation(words.back()).Text,
+                                    {"tab", "tabs", "tabbed", "transcribed", "written", "arranged", "music",
+                                     "words", "lyrics", "song", "played", "performed", "recorded", "sung",
+                                     "submitted", "composed", "made", "sent", "done"});
+}
+
+// "Title by Artist" in the first line of words, or "by Artist" in the one after it.
+void ReadTitle(const TabReading& reading, int head, Score::ModelHeading& heading) {
+    constexpr std::size_t kLongestTitle = 72;
+    constexpr string_view kBy = "by ";
+    std::vector<string_view> lines;
+    for (int line = 0; line < head && lines.size() < 2; ++line)
+        if (!WordsOf(reading.GetFile().GetLine(line)).empty())
+            lines.push_back(Bare(reading.GetFile().GetLine(line)));
+    if (lines.empty() || lines[0].size() > kLongestTitle)
+        return;
+    const std::size_t by = FindInAnyCase(lines[0], " by ");
+    if (by != string_view::npos && !IsDeed(lines[0].substr(0, by))) {
+        heading.Title = Bare(lines[0].substr(0, by));
+        heading.Artist = Bare(lines[0].substr(by + 1 + kBy.size()));
+    } else if (by == string_view::npos && lines.size() > 1 && lines[0].find(':') == string_view::npos &&
+               Nvr::Ascii::StartsWithIgnoreCase(lines[1], kBy)) {
+        heading.Title = lines[0];
+        heading.Artist = Bare(lines[1].substr(kBy.size()));
+    }
+}
+
 void SetIfEmpty(std::string& field, std::string value) {
     if (field.empty())
         field = std::move(value);
@@ -139,6 +177,8 @@ Score::ModelHeading ReadHeading(const TabReading& reading) {
         heading.Capo = heading.Capo > 0 ? heading.Capo : StatedCapo(text).Fret;
         heading.IsSwung = heading.IsSwung || IsSwung(text);
     }
+    if (heading.Title.empty() && heading.Artist.empty())
+        ReadTitle(reading, head, heading);
     return heading;
 }
 

@@ -44,7 +44,7 @@ constexpr std::array kPieceSigns{
     PieceSign{"Capo 2", "capo", Never, [](const ModelHeading& heading) { return heading.Capo > 0; }},
     PieceSign{"swing, shuffle", "quavers long and short", Never,
               [](const ModelHeading& heading) { return heading.IsSwung; }},
-    PieceSign{"Title: ..., Artist: ...", "above the first stave: title and artist", Never,
+    PieceSign{"Title: ..., Artist: ..., A by B", "above the first stave: title and artist", Never,
               [](const ModelHeading& heading) { return !heading.Title.empty() || !heading.Artist.empty(); }},
 };
 

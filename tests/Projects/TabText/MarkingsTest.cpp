@@ -346,6 +346,15 @@ TEST(Markings, OfTheWholePiece) {
     };
     EXPECT_EQ((Score::ModelHeading{"Blue Bird", "A Trio", 120, 2, false}),
               headingOf("Title: Blue Bird\nArtist:  A Trio\nTempo: 120\nCapo on fret 2"));
+    EXPECT_EQ((Score::ModelHeading{"BLUE BIRD", "THE TRIO"}),
+              headingOf("* \"BLUE BIRD\" by THE TRIO *\nsomething"));
+    EXPECT_EQ((Score::ModelHeading{"Blue Bird", "A Trio"}), headingOf("Blue Bird\n\nby A Trio\n"));
+    for (const char* words : {"Tabbed by Somebody", "Words and music by A Trio", "Blue Bird\ntabbed by me",
+                              "by A Trio", "Blue Bird - A Trio", "Key: low\nby a tone"})
+        EXPECT_EQ(Score::ModelHeading{}, headingOf(words)) << words;
+    EXPECT_EQ(4, headingOf("Capo: IV").Capo);
+    EXPECT_EQ(1, headingOf("(Capo I)").Capo);
+    EXPECT_EQ(0, headingOf("no capo, I think").Capo);
     EXPECT_EQ(96, headingOf("q=96").Tempo);
     EXPECT_EQ(132, headingOf("played at 132 bpm").Tempo);
     EXPECT_EQ(0, headingOf("Tempo: 5000").Tempo) << "nobody plays that";
