@@ -62,25 +62,46 @@ public:
         : m_Line(line), m_Text(reading.GetFile().GetLine(line)), m_Unclear(unclear) {}
 
     void AppendTo(std::vector<Extent>& extents) {
-        for (std::size_t at = 0; at < m_Text.size(); ++at)
-            if (const Sign* sign = SignAt(m_Text, at)) {
-                const std::size_t wordEnd = at + sign->Text.size();
-                m_End = EndOfExtent(m_Text, wordEnd);
-                const bool isDrawn =
-                    m_Text.substr(wordEnd, m_End - wordEnd).find_first_not_of('.') != std::string_view::npos;
-                if (IsDefined(wordEnd) || IsNone(*sign, at))
-                    continue;
-                const SignSpan span{m_Line, static_cast<int>(at), static_cast<int>(m_End)};
-                if (!isDrawn && IsAmongWords(at))
-                    m_Unclear.push_back({span, "it is not clear which notes it means"});
-                else
-                    extents.push_back({sign->Kind, span, StartOfExtent(at), span.EndColumn});
-                m_LastEnd = m_End;
-                at = m_End - 1;
-            }
+        for (std::size_t at = 0; at < m_Text.size(); ++at) {
+            const Sign* sign = SignAt(m_Text, at);
+            const std::size_t end = sign == nullptr ? DoubtUnknown(at) : Append(*sign, at, extents);
+            at = std::max(end, at + 1) - 1;
+        }
     }
 
 private:
+    // Each gives the place after what it read, 0 for nothing.
+    std::size_t Append(const Sign& sign, std::size_t at, std::vector<Extent>& extents) {
+        const std::size_t wordEnd = at + sign.Text.size();
+        m_End = EndOfExtent(m_Text, wordEnd);
+        const bool isDrawn =
+            m_Text.substr(wordEnd, m_End - wordEnd).find_first_not_of('.') != std::string_view::npos;
+        if (IsDefined(wordEnd) || IsNone(sign, at))
+            return 0;
+        const SignSpan span{m_Line, static_cast<int>(at), static_cast<int>(m_End)};
+        if (!isDrawn && IsAmongWords(at))
+            m_Unclear.push_back({span, "it is not clear which notes it means"});
+        else
+            extents.push_back({sign.Kind, span, StartOfExtent(at), span.EndColumn});
+        m_LastEnd = m_End;
+        return m_End;
+    }
+
+    // "trem----|" is drawn over notes.
+    std::size_t DoubtUnknown(std::size_t at) {
+        constexpr std::size_t kFewestStrokes = 2;
+        if (!Nvr::Ascii::IsAlpha(m_Text[at]))
+            return 0;
+        std::size_t wordEnd = at;
+        while (wordEnd < m_Text.size() && (Nvr::Ascii::IsAlnum(m_Text[wordEnd]) || m_Text[wordEnd] == '/'))
+            ++wordEnd;
+        const std::size_t end = std::min(m_Text.find_first_not_of("-_~=.", wordEnd), m_Text.size());
+        if (end >= wordEnd + kFewestStrokes && end < m_Text.size() && m_Text[end] == '|')
+            m_Unclear.push_back({{m_Line, static_cast<int>(at), static_cast<int>(end) + 1},
+                                 "what it asks of the notes under it is not known"});
+        return wordEnd;
+    }
+
     // "PM = palm mute" says what it means.
     bool IsDefined(std::size_t wordEnd) const {
         const std::size_t separator = std::min(m_Text.find_first_not_of(' ', wordEnd), m_Text.size());

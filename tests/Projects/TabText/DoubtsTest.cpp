@@ -191,6 +191,8 @@ TEST(Doubts, OfSymbols) {
          "of what"},
         {Stave("|-0---1---|", 4) + "\n(x2)\n", "6:1 unclear-sign", "of which stave"},
         {With("|-0---1---|", "        PM\n\n"), "1:9 unclear-sign", "palm mute of no note"},
+        {With("|-0---1---|", " PM--| trem--|\n\n"), "1:8 unclear-sign", "no technique that is known"},
+        {With("|-0---1---|", "Bridge -- softly\n\n"), "", "words"},
         {With("|-0---1---|", "  let ring throughout\n\n"), "1:3 unclear-sign", "who knows how long"},
         {With("|-0---1---|") + "\nPM = palm mute\n", "", "a legend"},
         {With("|-0---1---|", "  D   U  D\n\n"), "1:3 unclear-sign", "a stroke over no note"},
