@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cassert>
-#include <utility>
 
 namespace Fretline {
 
@@ -23,8 +22,7 @@ constexpr int kColumnsInFrontOfBar = 2;
 
 TabAnalysis::TabAnalysis(TabFile& file) : m_File(file) {
     m_File.SetAnalysis(this);
-    FindStaveLines();
-    GroupStaveLines();
+    FindStaves();
     CollectReadableBars();
     FindTimeSignatures();
     AssignTimeSignatures();
@@ -33,13 +31,6 @@ TabAnalysis::TabAnalysis(TabFile& file) : m_File(file) {
 }
 
 TabAnalysis::~TabAnalysis() = default;
-
-bool TabAnalysis::IsStaveLine(int line) const {
-    const auto after = std::upper_bound(
-        m_Staves.begin(), m_Staves.end(), line,
-        [](int wanted, const std::unique_ptr<TabStave>& stave) { return wanted < stave->GetFirstLine(); });
-    return after != m_Staves.begin() && line < (*(after - 1))->GetEndLine();
-}
 
 bool TabAnalysis::HasRhythms() const {
     return std::any_of(m_ReadableBars.begin(), m_ReadableBars.end(),
@@ -77,20 +68,15 @@ bool TabAnalysis::BarHasChords(int scoreBar) const {
     return BarOf(scoreBar).HasChords();
 }
 
-void TabAnalysis::FindStaveLines() {
-    for (int line = 0; line < m_File.GetLineCount(); ++line)
-        if (IsStaveLineCandidate(m_File.GetLine(line)))
-            m_StaveLines.push_back(line);
-}
-
-void TabAnalysis::GroupStaveLines() {
-    const std::vector<int> candidates = std::exchange(m_StaveLines, {});
-    for (auto first = candidates.begin(); first != candidates.end();) {
-        const auto gap =
-            std::adjacent_find(first, candidates.end(), [](int line, int next) { return next != line + 1; });
-        const auto last = gap == candidates.end() ? candidates.end() - 1 : gap;
-        ProcessRun({*first, *last});
-        first = last + 1;
+void TabAnalysis::FindStaves() {
+    const int lineCount = m_File.GetLineCount();
+    m_IsStaveLine.resize(static_cast<std::size_t>(lineCount));
+    for (int line = 0; line < lineCount; ++line) {
+        const int first = line;
+        while (line < lineCount && IsStaveLineCandidate(m_File.GetLine(line)))
+            ++line;
+        if (line > first)
+            ProcessRun({first, line - 1});
     }
 }
 
@@ -101,7 +87,7 @@ void TabAnalysis::ProcessRun(LineRun run) {
 
 void TabAnalysis::CutIntoStaves(const LineRun& run) {
     for (int line = run.m_First; line <= run.m_Last; ++line)
-        m_StaveLines.push_back(line);
+        m_IsStaveLine[static_cast<std::size_t>(line)] = true;
     for (int first = run.m_First; first <= run.m_Last; first += kMostLinesOfAStave) {
         const int lineCount = std::min(run.m_Last - first + 1, kMostLinesOfAStave);
         m_Staves.push_back(std::make_unique<TabStave>(m_File, first, lineCount));

@@ -35,7 +35,10 @@ public:
     TabAnalysis& operator=(const TabAnalysis&) = delete;
 
     /// True when the line lies in one of the staves.
-    bool IsStaveLine(int line) const;
+    bool IsStaveLine(int line) const {
+        const auto index = static_cast<std::size_t>(line);
+        return index < m_IsStaveLine.size() && m_IsStaveLine[index];
+    }
     /// True when a time signature of the list covers the absolute column of the line.
     bool IsTimeSignatureAt(int line, int column) const;
     /// All bars with a dash: stave by stave, left to right.
@@ -60,8 +63,7 @@ public:
     bool BarHasChords(int scoreBar) const;
 
 private:
-    void FindStaveLines();
-    void GroupStaveLines();
+    void FindStaves();
     /// Trims the run, then drops it or cuts it into staves.
     void ProcessRun(LineRun run);
     void CutIntoStaves(const LineRun& run);
@@ -79,8 +81,8 @@ private:
     const TabBar& BarOf(int scoreBar) const;
 
     TabFile& m_File;
-    /// Ascending: first the candidates, in the end the lines of the staves.
-    std::vector<int> m_StaveLines;
+    /// By line.
+    std::vector<bool> m_IsStaveLine;
     std::vector<std::unique_ptr<TabStave>> m_Staves;
     std::vector<TabBar*> m_ReadableBars;
     /// By line, then by column.
