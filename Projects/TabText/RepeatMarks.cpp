@@ -7,6 +7,7 @@
 #include "Projects/TabText/Words.h"
 
 #include <algorithm>
+#include <array>
 #include <set>
 
 namespace TabText {
@@ -20,23 +21,24 @@ bool IsRepeatDot(char c) {
     return c == ':' || c == '*' || c == 'o' || c == 'O';
 }
 
-// Two dots or more, all in the same column at an edge of the bar: a lone sign is something else.
-bool HasDots(const TabBar& bar, int column) {
+// What the dots at the edges of a bar begin or end. On all lines they make a barline of their own, next to
+// the bar; on some they stand in its first or last column.
+Score::ModelRepeats RepeatsOf(const TabBar& bar) {
+    const int start = bar.GetStartColumn();
+    const int end = start + bar.GetWidth();
+    const std::array columns{start - 1, start, end - 1, end};
+    std::array<int, columns.size()> dots{};
+    for (int line = bar.GetFirstLine(); line < bar.GetFirstLine() + bar.GetLineCount(); ++line) {
+        const std::string_view text = bar.GetFile().GetLine(line);
+        for (std::size_t edge = 0; edge < columns.size(); ++edge) {
+            const auto place = static_cast<std::size_t>(columns[edge]);
+            dots[edge] += place < text.size() && IsRepeatDot(text[place]) ? 1 : 0;
+        }
+    }
+    // A lone sign is something else.
     constexpr int kFewestDots = 2;
-    int dots = 0;
-    for (int line = bar.GetFirstLine(); line < bar.GetFirstLine() + bar.GetLineCount(); ++line)
-        dots += column >= 0 && IsRepeatDot(bar.GetFile().GetChar(line, column)) ? 1 : 0;
-    return dots >= kFewestDots;
-}
-
-// Dots on all lines make a barline of their own, next to the bar; on some they stand in its first column.
-bool BeginsRepeat(const TabBar& bar) {
-    return HasDots(bar, bar.GetStartColumn()) || HasDots(bar, bar.GetStartColumn() - 1);
-}
-
-bool EndsRepeat(const TabBar& bar) {
-    const int end = bar.GetStartColumn() + bar.GetWidth();
-    return HasDots(bar, end - 1) || HasDots(bar, end);
+    const auto hasDots = [&](std::size_t edge) { return dots[edge] >= kFewestDots; };
+    return {hasDots(0) || hasDots(1), hasDots(2) || hasDots(3)};
 }
 
 // How often something is played, and where that is said.
@@ -101,8 +103,8 @@ private:
     void ReadStave(const StaveBars& stave) {
         bool hasRepeats = false;
         for (const BarReading& bar : stave.Bars)
-            if (BeginsRepeat(*bar.Bar) || EndsRepeat(*bar.Bar)) {
-                m_Marks.At(IndexOf(bar)).Repeats = {BeginsRepeat(*bar.Bar), EndsRepeat(*bar.Bar), 2};
+            if (const Score::ModelRepeats repeats = RepeatsOf(*bar.Bar); repeats.IsStart || repeats.IsEnd) {
+                m_Marks.At(IndexOf(bar)).Repeats = repeats;
                 hasRepeats = true;
             }
         std::vector<TimesSign> signs = TimesAfter(m_Reading.GetFile(), *stave.Stave);

@@ -13,6 +13,7 @@ namespace TabText {
 namespace {
 
 using Fretline::TabBar;
+using Fretline::TabFile;
 using Nvr::Ascii::IsDigit;
 using Score::ModelTechnique;
 using Score::Technique;
@@ -35,67 +36,58 @@ public:
     // `next` is the bar after it on the stave, null for the last.
     StringReader(const TabBar& bar, const TabBar* next, std::size_t barIndex, const SignMeanings& signs,
                  std::vector<NoteMark>& marks)
-        : m_Bar(bar), m_NextBar(next), m_BarIndex(barIndex), m_StartColumn(bar.GetStartColumn()),
+        : m_File(bar.GetFile()), m_BarIndex(barIndex), m_StartColumn(bar.GetStartColumn()),
+          m_Width(bar.GetWidth()),
+          m_WidthWithNext(next == nullptr ? m_Width
+                                          : next->GetStartColumn() + next->GetWidth() - m_StartColumn),
           m_Signs(signs), m_Marks(marks) {}
 
     void Read(int line) {
         m_Line = line;
-        m_Text = TextOf(m_Bar, line);
+        m_Text = m_File.GetStretch(line, m_StartColumn, m_WidthWithNext);
+        m_OwnEnd = std::min(m_Text.size(), static_cast<std::size_t>(m_Width));
         m_GhostsEnd = m_HarmonicsEnd = m_AmountEnd = 0;
-        FindStops();
-        if (m_NextBar != nullptr && m_OwnStops > 0)
-            FindStopAfterBarline(m_Bar, *m_NextBar);
-        for (m_Next = 0; m_Next <= m_OwnStops; ++m_Next) {
-            ReadBefore();
-            if (m_Next < m_OwnStops)
-                ReadAt(m_Stops[m_Next]);
+        m_Before.reset();
+        m_FirstSign = m_Text.size();
+        for (FindStop(0, m_OwnEnd); m_After; FindStop(m_Before->End, m_OwnEnd)) {
+            ReadSigns();
+            ReadStop(*m_After);
+            m_Before = m_After;
+            m_FirstSign = m_Text.size();
         }
+        if (!m_Before)
+            return;
+        // What is played on from the bar's last stop may lead to the next bar's first one.
+        FindStop(m_OwnEnd, m_Text.size());
+        ReadSigns();
     }
 
 private:
-    static std::string_view TextOf(const TabBar& bar, int line) {
-        const std::string_view text = bar.GetFile().GetLine(line);
-        const std::size_t start = std::min(text.size(), static_cast<std::size_t>(bar.GetStartColumn()));
-        return text.substr(start, static_cast<std::size_t>(bar.GetWidth()));
-    }
-
-    void FindStops() {
-        m_Stops.clear();
-        FindStopsFrom(0, m_Text.size());
-        m_OwnStops = m_Stops.size();
-        m_OwnEnd = m_Text.size();
-    }
-
-    // What is played on from the bar's last stop may lead to the next bar's first one. The text then goes on
-    // to that.
-    void FindStopAfterBarline(const TabBar& bar, const TabBar& next) {
-        const std::string_view line = bar.GetFile().GetLine(m_Line);
-        const auto start = std::min(line.size(), static_cast<std::size_t>(m_StartColumn));
-        const int end = next.GetStartColumn() + next.GetWidth();
-        m_Text = line.substr(start, static_cast<std::size_t>(end) - start);
-        FindStopsFrom(m_OwnEnd, m_OwnStops + 1);
-    }
-
-    void FindStopsFrom(std::size_t start, std::size_t most) {
-        constexpr std::size_t kDigitsOfAFret = 2;
+    // Goes on to the next stop, and keeps in mind where the first sign before it stands.
+    void FindStop(std::size_t start, std::size_t end) {
+        m_After.reset();
         // Most of a string is dashes.
-        for (std::size_t at = m_Text.find_first_not_of('-', start);
-             at < m_Text.size() && m_Stops.size() < most; at = m_Text.find_first_not_of('-', at + 1)) {
-            if (IsDead(m_Text[at]))
-                m_Stops.push_back({at, at + 1, 0, true});
-            if (!IsDigit(m_Text[at]))
-                continue;
-            Stop stop{at, at, 0, false};
-            for (; stop.End < m_Text.size() && IsDigit(m_Text[stop.End]); ++stop.End)
-                stop.Fret =
-                    stop.End - at < kDigitsOfAFret ? stop.Fret * 10 + (m_Text[stop.End] - '0') : stop.Fret;
-            m_Stops.push_back(stop);
-            at = stop.End - 1;
+        for (std::size_t at = m_Text.find_first_not_of('-', start); at < end;
+             at = m_Text.find_first_not_of('-', at + 1)) {
+            if (IsDigit(m_Text[at]) || IsDead(m_Text[at])) {
+                m_After = StopAt(at);
+                return;
+            }
+            if (at < m_FirstSign && SignAt(at) != nullptr)
+                m_FirstSign = at;
         }
     }
 
-    const Stop* Before() const { return m_Next == 0 ? nullptr : &m_Stops[m_Next - 1]; }
-    const Stop* After() const { return m_Next == m_Stops.size() ? nullptr : &m_Stops[m_Next]; }
+    Stop StopAt(std::size_t at) const {
+        constexpr std::size_t kDigitsOfAFret = 2;
+        if (IsDead(m_Text[at]))
+            return {at, at + 1, 0, true};
+        Stop stop{at, at, 0, false};
+        for (; IsDigit(At(stop.End)); ++stop.End)
+            if (stop.End - at < kDigitsOfAFret)
+                stop.Fret = stop.Fret * 10 + (m_Text[stop.End] - '0');
+        return stop;
+    }
 
     char At(std::size_t place) const { return place < m_Text.size() ? m_Text[place] : '\0'; }
 
@@ -110,7 +102,7 @@ private:
         m_Marks.push_back({what, m_BarIndex, m_Line, column(stop.Start), m_Line, column(start), column(end)});
     }
 
-    void ReadAt(const Stop& stop) {
+    void ReadStop(const Stop& stop) {
         if (stop.IsDead)
             Add(stop, {Technique::Dead, 0}, stop.Start, stop.End);
         const char beforeBracket = stop.Start < 2 ? '\0' : m_Text[stop.Start - 2];
@@ -130,32 +122,29 @@ private:
         }
         if (stop.Start >= bracketsEnd)
             return;
-        const bool isLast = m_Next + 1 == m_OwnStops || m_Stops[m_Next + 1].Start > bracketsEnd;
+        const std::size_t nextStop = m_Text.find_first_of("0123456789xX", stop.End);
+        const bool isLast = nextStop >= m_OwnEnd || nextStop > bracketsEnd;
         Add(stop, {kind, 0}, stop.Start - (isFirst ? 1 : 0), isLast ? bracketsEnd : stop.End);
     }
 
     // The signs between the stop before and the next one.
-    void ReadBefore() {
-        const std::size_t end = After() == nullptr ? m_OwnEnd : After()->Start;
-        const std::size_t start = Before() == nullptr ? 0 : Before()->End;
-        for (std::size_t at = m_Text.find_first_not_of('-', start); at < end;
-             at = m_Text.find_first_not_of('-', at)) {
+    void ReadSigns() {
+        const std::size_t end = m_After ? m_After->Start : m_OwnEnd;
+        for (std::size_t at = m_FirstSign; at < end; at = m_Text.find_first_not_of('-', at)) {
             const Sign* sign = SignAt(at);
-            // After the barline, all but this belongs to the next bar's first note.
-            if (at >= m_OwnEnd && sign != nullptr && sign->Place != SignPlace::Between)
-                sign = nullptr;
             at = sign == nullptr ? at + 1 : ReadSign(*sign, at, end);
         }
     }
 
     const Sign* SignAt(std::size_t at) const {
-        if (IsTrill(at))
-            return TrillSign();
         // A capital among letters is one of a word.
         const bool isOfAWord =
             Nvr::Ascii::IsUpper(m_Text[at]) &&
             (Nvr::Ascii::IsAlpha(At(at + 1)) || (at > 0 && Nvr::Ascii::IsAlpha(m_Text[at - 1])));
-        return isOfAWord ? nullptr : m_Signs.Find(m_Text[at]);
+        const Sign* sign = IsTrill(at) ? TrillSign() : isOfAWord ? nullptr : m_Signs.Find(m_Text[at]);
+        // After the barline, all but this belongs to the next bar's first note.
+        const bool isOfNextBar = at >= m_OwnEnd && sign != nullptr && sign->Place != SignPlace::Between;
+        return isOfNextBar ? nullptr : sign;
     }
 
     bool IsTrill(std::size_t at) const { return Nvr::Ascii::StartsWithIgnoreCase(m_Text.substr(at), "tr"); }
@@ -180,7 +169,7 @@ private:
             break;
         case SignPlace::Before:
             if (IsRightBeforeNext(after))
-                Add(*After(), {sign.Kind, 0}, at, after);
+                Add(*m_After, {sign.Kind, 0}, at, after);
             break;
         default:
             ReadAfter(sign, at, after, end);
@@ -191,58 +180,58 @@ private:
 
     // Nothing but a bracket stands between.
     bool IsRightBeforeNext(std::size_t after) const {
-        return After() != nullptr && after + (At(after) == '<' || At(after) == '(' ? 1 : 0) == After()->Start;
+        return m_After && after + (At(after) == '<' || At(after) == '(' ? 1 : 0) == m_After->Start;
     }
 
     void ReadAfter(const Sign& sign, std::size_t at, std::size_t after, std::size_t end) {
-        const bool isApart = Before() == nullptr || Before()->End != at;
+        const bool isApart = !m_Before || m_Before->End != at;
         // "*12"
-        if (sign.Kind == Technique::NaturalHarmonic && isApart && After() != nullptr &&
-            after == After()->Start && m_Next < m_OwnStops) {
-            Add(*After(), {sign.Kind, 0}, at, after);
+        if (sign.Kind == Technique::NaturalHarmonic && isApart && m_After && after == m_After->Start &&
+            m_After->Start < m_OwnEnd) {
+            Add(*m_After, {sign.Kind, 0}, at, after);
             return;
         }
-        if (Before() == nullptr || Before()->IsDead || (sign.Kind == Technique::Bend && !IsBend(at, after)))
+        if (!m_Before || m_Before->IsDead || (sign.Kind == Technique::Bend && !IsBend(at, after)))
             return;
         if (sign.Kind == Technique::Bend && IsBackToTheFret(after)) {
-            Add(*Before(), {Technique::Release, 0}, at, after);
+            Add(*m_Before, {Technique::Release, 0}, at, after);
             return;
         }
         const int amount = AmountOf(sign.Kind, after, end);
-        Add(*Before(), {sign.Kind, amount}, at,
+        Add(*m_Before, {sign.Kind, amount}, at,
             sign.Kind == Technique::Bend ? m_AmountEnd : EndOfTarget(after));
     }
 
     // After the brackets around the number that follows; where it follows in none, after the sign.
     std::size_t EndOfTarget(std::size_t after) const {
         const bool isInBrackets =
-            After() != nullptr && At(after) == '(' && After()->Start == after + 1 && At(After()->End) == ')';
-        return isInBrackets ? After()->End + 1 : after;
+            m_After && At(after) == '(' && m_After->Start == after + 1 && At(m_After->End) == ')';
+        return isInBrackets ? m_After->End + 1 : after;
     }
 
     // A sign at the next number alone bends to that, or does not belong to what is before.
     bool IsBend(std::size_t at, std::size_t after) const {
-        return Touches(*Before(), at) || After() == nullptr || After()->Start != after ||
-               After()->Fret > Before()->Fret;
+        return Touches(*m_Before, at) || !m_After || m_After->Start != after ||
+               m_After->Fret > m_Before->Fret;
     }
 
     // The second of "7b9b7".
     bool IsBackToTheFret(std::size_t after) const {
-        return IsAmountOfABend(*Before()) && After() != nullptr && After()->Start == after &&
-               After()->Fret < Before()->Fret;
+        return IsAmountOfABend(*m_Before) && m_After && m_After->Start == after &&
+               m_After->Fret < m_Before->Fret;
     }
 
     void ReadBetween(const Sign& sign, std::size_t at) {
-        if (Before() == nullptr || After() == nullptr || Before()->IsDead || After()->IsDead)
+        if (!m_Before || !m_After || m_Before->IsDead || m_After->IsDead)
             return;
         // "pb" is a bend, and "^" leads nowhere from a fret to itself.
         if ((sign.Kind == Technique::PullOff && At(at + 1) == 'b') ||
-            (sign.Text == "^" && After()->Fret == Before()->Fret))
+            (sign.Text == "^" && m_After->Fret == m_Before->Fret))
             return;
         Technique kind = sign.Kind;
-        if (sign.Text == "^" && After()->Fret < Before()->Fret)
+        if (sign.Text == "^" && m_After->Fret < m_Before->Fret)
             kind = Technique::PullOff;
-        Add(*Before(), {kind, 0}, at, at + 1);
+        Add(*m_Before, {kind, 0}, at, at + 1);
     }
 
     // True when the sign at `at` leads on from `stop`, or to it, with no dash and little else between them.
@@ -259,52 +248,53 @@ private:
         // The stroke of "1/2".
         if (at < m_AmountEnd)
             return;
-        const bool leadsFrom = Before() != nullptr && !Before()->IsDead;
-        const bool leadsTo = After() != nullptr && !After()->IsDead;
-        const bool touchesBefore = leadsFrom && Touches(*Before(), at);
-        const bool touchesAfter = leadsTo && Touches(*After(), at);
+        const bool leadsFrom = m_Before && !m_Before->IsDead;
+        const bool leadsTo = m_After && !m_After->IsDead;
+        const bool touchesBefore = leadsFrom && Touches(*m_Before, at);
+        const bool touchesAfter = leadsTo && Touches(*m_After, at);
         const int direction = m_Text[at] == '/' ? 1 : m_Text[at] == '\\' ? -1 : 0;
         if (leadsFrom && leadsTo && touchesBefore == touchesAfter)
-            Add(*Before(), {Technique::Slide, 0}, at, at + 1);
+            Add(*m_Before, {Technique::Slide, 0}, at, at + 1);
         else if (touchesBefore && direction != 0)
-            Add(*Before(), {Technique::SlideOut, direction}, at, at + 1);
-        else if (touchesAfter && direction != 0 && m_Next < m_OwnStops)
-            Add(*After(), {Technique::SlideIn, direction}, at, at + 1);
+            Add(*m_Before, {Technique::SlideOut, direction}, at, at + 1);
+        else if (touchesAfter && direction != 0 && m_After->Start < m_OwnEnd)
+            Add(*m_After, {Technique::SlideIn, direction}, at, at + 1);
     }
 
     // In quarter tones for a bend, as a fret for a trill.
     int AmountOf(Technique kind, std::size_t after, std::size_t end) {
         if (kind == Technique::Trill) {
             const std::size_t bracket = At(after) == '(' ? 1 : 0;
-            return After() != nullptr && after + bracket == end ? After()->Fret : 0;
+            return m_After && after + bracket == end ? m_After->Fret : 0;
         }
         if (kind != Technique::Bend)
             return 0;
-        const BendAmount amount = ReadBendAmount(m_Text, after, Before()->Fret);
+        const BendAmount amount = ReadBendAmount(m_Text, after, m_Before->Fret);
         m_AmountEnd = amount.End;
         return amount.QuarterTones > 0 ? amount.QuarterTones : kQuarterTonesPerTone;
     }
 
-    const TabBar& m_Bar;
-    const TabBar* m_NextBar;
+    const TabFile& m_File;
     std::size_t m_BarIndex;
     int m_StartColumn;
+    int m_Width;
+    // Up to the end of the next bar, or of this one where it is the last.
+    int m_WidthWithNext;
     const SignMeanings& m_Signs;
     std::vector<NoteMark>& m_Marks;
-    // All below is of the present line.
+    // All below is of the present line. The text goes on to the end of the next bar, if there is one.
     int m_Line = 0;
     std::string_view m_Text;
-    // The bar's own, and after them at most one of the next bar.
-    std::vector<Stop> m_Stops;
-    std::size_t m_OwnStops = 0;
     std::size_t m_OwnEnd = 0;
+    std::optional<Stop> m_Before;
+    std::optional<Stop> m_After;
+    // The first after m_Before; the end of the text where there is none.
+    std::size_t m_FirstSign = 0;
     // The places after the last brackets of each kind.
     std::size_t m_GhostsEnd = 0;
     std::size_t m_HarmonicsEnd = 0;
     // The place after what says how far the last bend goes.
     std::size_t m_AmountEnd = 0;
-    // Index of the stop that comes next.
-    std::size_t m_Next = 0;
 };
 
 } // namespace
