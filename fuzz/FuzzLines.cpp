@@ -33,10 +33,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             end = chord->m_End;
         }
         int position = 0;
-        for (const auto& [key, column] : bar->GetColumns()) {
-            FuzzSupport::Require(column->m_Duration >= 0, "no duration is negative");
-            FuzzSupport::Require(column->m_Position >= position, "positions ascend");
-            position = column->m_Position;
+        for (const Fretline::TabColumn& column : bar->GetColumns()) {
+            FuzzSupport::Require(column.m_Duration >= 0, "no duration is negative");
+            FuzzSupport::Require(column.m_Position >= position, "positions ascend");
+            position = column.m_Position;
         }
     }
     return 0;

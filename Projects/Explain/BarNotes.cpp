@@ -38,10 +38,10 @@ int ColumnNumber(const TabBar& bar, int columnOfBar, const KnownPlaces& places) 
 
 std::string Columns(const TabBar& bar, const KnownPlaces& places) {
     std::string text;
-    for (const auto& [key, column] : bar.GetColumns())
-        text += (text.empty() ? "" : ", ") + std::to_string(ColumnNumber(bar, key, places)) + " at " +
-                std::to_string(column->m_Position) + " for " + std::to_string(column->m_Duration) +
-                (column->m_Tied ? " (tied)" : "");
+    for (const Fretline::TabColumn& column : bar.GetColumns())
+        text += (text.empty() ? "" : ", ") + std::to_string(ColumnNumber(bar, column.m_Column, places)) +
+                " at " + std::to_string(column.m_Position) + " for " + std::to_string(column.m_Duration) +
+                (column.m_Tied ? " (tied)" : "");
     return text.empty() ? "no column with a number: a rest" : "columns: " + text;
 }
 

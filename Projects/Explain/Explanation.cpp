@@ -136,8 +136,8 @@ private:
     }
 
     ExplainedBar ExplainBar(const TabBar& bar) {
-        for (const auto& [key, column] : bar.GetColumns())
-            MarkColumn(bar, *column);
+        for (const TabColumn& column : bar.GetColumns())
+            MarkColumn(bar, column);
         MarkRhythmLine(bar);
         MarkChords(bar);
         if (bar.GetLabel() != nullptr)

@@ -156,10 +156,10 @@ bool IsPlayedAt(const StaveBars& stave, int column) {
     if (after == stave.Bars.begin())
         return false;
     const Fretline::TabBar& bar = *(after - 1)->Bar;
-    const auto next = bar.GetColumns().upper_bound(column - bar.GetStartColumn());
-    return next != bar.GetColumns().begin() && column < bar.GetStartColumn() +
-                                                            std::prev(next)->second->m_Column +
-                                                            std::prev(next)->second->m_Width;
+    const auto& columns = bar.GetColumns();
+    const int place = column - bar.GetStartColumn();
+    const auto next = std::lower_bound(columns.begin(), columns.end(), place + 1, Fretline::IsLeftOf);
+    return next != columns.begin() && place < (next - 1)->m_Column + (next - 1)->m_Width;
 }
 
 bool IsPlayedIn(const StaveBars& stave, int start, int end) {

@@ -2,6 +2,7 @@
 
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/TabText/DoubtFinders.h"
+#include "Projects/TabText/ScorePlaces.h"
 #include "Projects/TabText/StaveBars.h"
 #include "Projects/TabText/StruckNotes.h"
 #include "Projects/TabText/Words.h"
@@ -68,19 +69,6 @@ DigitRuns GatherRuns(const TabBar& bar, int line) {
         highFret = run.Digits;
     }
     return runs;
-}
-
-// The column of the reading that covers an absolute column of the text; null when none does.
-const TabColumn* ColumnAt(const TabBar& bar, int column) {
-    const int relative = column - bar.GetStartColumn();
-    // A column begins at its key, or one to the left of it.
-    auto next = bar.GetColumns().upper_bound(relative + 1);
-    for (int tries = 0; tries < 2 && next != bar.GetColumns().begin(); ++tries) {
-        const TabColumn& found = *(--next)->second;
-        if (relative >= found.m_Column + found.m_StartOffset && relative < found.m_Column + found.m_Width)
-            return &found;
-    }
-    return nullptr;
 }
 
 bool WasReadAsOneNumber(const TabBar& bar, const DigitRun& run) {
@@ -165,14 +153,14 @@ std::vector<StruckNote> FindSecondNotes(const TabBar& bar) {
     std::vector<int> groupOfLast(static_cast<std::size_t>(bar.GetLineCount()), -1);
     int group = 0;
     auto note = notes.begin();
-    for (const auto& [key, column] : bar.GetColumns()) {
-        for (; note != notes.end() && note->Time == column.get(); ++note) {
+    for (const TabColumn& column : bar.GetColumns()) {
+        for (; note != notes.end() && note->Time == &column; ++note) {
             int& last = groupOfLast[static_cast<std::size_t>(note->String)];
             if (last == group)
                 seconds.push_back(*note);
             last = group;
         }
-        group += column->m_Duration == 0 ? 0 : 1;
+        group += column.m_Duration == 0 ? 0 : 1;
     }
     return seconds;
 }
@@ -194,9 +182,9 @@ std::vector<DigitRun> FindDroppedNumbers(const TabBar& bar) {
 // The last notes of a bar when no time is left for them.
 std::vector<StruckNote> FindNotesAfterTheEnd(const TabBar& bar) {
     std::vector<StruckNote> lost;
-    if (bar.GetColumns().empty() || bar.GetColumns().rbegin()->second->m_Duration > 0)
+    if (bar.GetColumns().empty() || bar.GetColumns().back().m_Duration > 0)
         return lost;
-    const TabColumn* last = bar.GetColumns().rbegin()->second.get();
+    const TabColumn* last = &bar.GetColumns().back();
     for (const StruckNote& note : StruckNotesOf(bar))
         if (note.Time == last)
             lost.push_back(note);

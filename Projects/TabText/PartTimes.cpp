@@ -89,8 +89,8 @@ private:
         std::vector<PartColumn> columns;
         for (std::size_t part = 0; part < m_Bars.size(); ++part)
             if (m_Bars[part] != nullptr)
-                for (const auto& [key, column] : m_Bars[part]->GetColumns())
-                    columns.push_back({part, column.get()});
+                for (const TabColumn& column : m_Bars[part]->GetColumns())
+                    columns.push_back({part, &column});
         std::stable_sort(columns.begin(), columns.end(), [](const PartColumn& a, const PartColumn& b) {
             return a.GetStart() < b.GetStart();
         });

@@ -37,13 +37,14 @@ bool HasUnevenLengths(const TabBar& bar) {
         return false;
     std::map<int, int> lengthOfDistance;
     const Fretline::TabColumn* before = nullptr;
-    for (const auto& [key, column] : bar.GetColumns()) {
+    for (const Fretline::TabColumn& column : bar.GetColumns()) {
         if (before != nullptr) {
-            const auto [entry, isNew] = lengthOfDistance.emplace(key - before->m_Column, before->m_Duration);
+            const auto [entry, isNew] =
+                lengthOfDistance.emplace(column.m_Column - before->m_Column, before->m_Duration);
             if (!isNew && entry->second != before->m_Duration)
                 return true;
         }
-        before = column.get();
+        before = &column;
     }
     return false;
 }
@@ -137,15 +138,14 @@ void FindShortNotes(const TabReading& reading, DoubtSink& doubts) {
     for (const BarReading& entry : reading.GetBars()) {
         const TabBar& bar = *entry.Bar;
         const auto& columns = bar.GetColumns();
-        const auto found = std::find_if(columns.begin(), columns.end(), [](const auto& column) {
-            return column.second->m_Duration % kShortestUsual != 0;
+        const auto column = std::find_if(columns.begin(), columns.end(), [](const auto& each) {
+            return each.m_Duration % kShortestUsual != 0;
         });
-        if (!bar.HasRhythms() || found == columns.end())
+        if (!bar.HasRhythms() || column == columns.end())
             continue;
-        const Fretline::TabColumn& column = *found->second;
-        const int start = bar.GetStartColumn() + column.m_Column + column.m_StartOffset;
+        const int start = bar.GetStartColumn() + column->m_Column + column->m_StartOffset;
         doubts.Add(bar.GetFirstLine(), start, start + 1,
-                   "a note lasts " + std::to_string(column.m_Duration) +
+                   "a note lasts " + std::to_string(column->m_Duration) +
                        " units, which takes values shorter than a 64th (" + std::to_string(kShortestUsual) +
                        " units)");
     }

@@ -3,16 +3,19 @@
 #include "Projects/Fretline/stave/TabBar.h"
 #include "Projects/TabText/TabReading.h"
 
+#include <algorithm>
+
 namespace TabText {
 
 const Fretline::TabColumn* ColumnAt(const Fretline::TabBar& bar, int textColumn) {
     const int place = textColumn - bar.GetStartColumn();
     // A column may reach one place to the left of its key.
-    auto next = bar.GetColumns().upper_bound(place + 1);
-    for (int tries = 0; tries < 2 && next != bar.GetColumns().begin(); ++tries) {
-        const Fretline::TabColumn& column = *(--next)->second;
-        if (place >= column.m_Column + column.m_StartOffset && place < column.m_Column + column.m_Width)
-            return &column;
+    const auto& columns = bar.GetColumns();
+    auto next = std::lower_bound(columns.begin(), columns.end(), place + 2, Fretline::IsLeftOf);
+    for (int tries = 0; tries < 2 && next != columns.begin(); ++tries) {
+        --next;
+        if (place >= next->m_Column + next->m_StartOffset && place < next->m_Column + next->m_Width)
+            return &*next;
     }
     return nullptr;
 }

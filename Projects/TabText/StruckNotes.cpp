@@ -38,9 +38,9 @@ std::optional<StruckNote> NoteOn(const TabBar& bar, const TabColumn& column, int
 
 std::vector<StruckNote> StruckNotesOf(const TabBar& bar) {
     std::vector<StruckNote> notes;
-    for (const auto& [key, column] : bar.GetColumns())
+    for (const TabColumn& column : bar.GetColumns())
         for (int string = 0; string < bar.GetLineCount(); ++string)
-            if (const std::optional<StruckNote> note = NoteOn(bar, *column, string))
+            if (const std::optional<StruckNote> note = NoteOn(bar, column, string))
                 notes.push_back(*note);
     return notes;
 }

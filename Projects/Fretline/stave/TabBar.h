@@ -4,7 +4,7 @@
 #include "Projects/Fretline/stave/TabChord.h"
 #include "Projects/Fretline/stave/TabColumn.h"
 
-#include <map>
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -49,8 +49,6 @@ struct ChordReading {
 /// nothing here fails or reports. Reading costs in proportion to the bar's cells.
 class TabBar {
 public:
-    using ColumnMap = std::map<int, std::unique_ptr<TabColumn>>;
-
     /// `startColumn` is absolute. Works out whether the rectangle holds a dash; all else is empty. The tuning
     /// has one entry a line when the bar is read; it may be filled after the bar is made.
     TabBar(TabFile& file, int firstLine, int lineCount, int startColumn, int width,
@@ -97,8 +95,8 @@ public:
     bool HasBeenRead() const { return m_HasBeenRead; }
     /// What ReadBar has found. All of it is empty before; the pointers live as long as the bar.
     ///
-    /// The columns that are timed, by bar-relative column.
-    const ColumnMap& GetColumns() const { return m_Columns; }
+    /// The columns that are timed, left to right.
+    const std::vector<TabColumn>& GetColumns() const { return m_Columns; }
     const std::vector<std::unique_ptr<ScoreBar>>& GetScoreBars() const { return m_ScoreBars; }
     /// The symbols of the chosen chord line, in text order.
     const std::vector<std::unique_ptr<TabChord>>& GetChords() const { return m_Chords; }
@@ -120,7 +118,6 @@ private:
     // Columns (TabBarColumns.cpp).
     void FindColumns();
     void FindColumnsOfLine(int line);
-    TabColumn& GetColumn(int column);
     void JoinRightAlignedColumns();
 
     // Timing without a rhythm line (TabBarTiming.cpp).
@@ -132,7 +129,7 @@ private:
 
     // Notes and score bars (TabBarNotes.cpp).
     void ReadNotes(Nvr::TreeNode* lastNoteRest);
-    ColumnMap::const_iterator ReadGroup(ColumnMap::const_iterator first, int& cursor);
+    std::size_t ReadGroup(std::size_t first, int& cursor);
     void ReadNotesOfColumn(const TabColumn& column, std::vector<TabNote>& notes) const;
     void EmitDuration(int position, int duration, const std::vector<TabNote>& notes, const TabChord* chord);
     void EmitIntoOneBar(int position, int duration, const std::vector<TabNote>& notes, const TabChord* chord);
@@ -142,7 +139,6 @@ private:
     void ReadChords();
     std::vector<std::unique_ptr<TabChord>> ReadChordLine(int offset) const;
     void AttachChords();
-    TabColumn* FindNearestColumn(int column) const;
     int MiddleOf(const TabChord& chord) const;
     bool Displaces(const TabChord& chord, const TabChord& holder, int column) const;
 
@@ -154,7 +150,7 @@ private:
     int m_LineCount;
     int m_StartColumn;
     int m_Width;
-    ColumnMap m_Columns;
+    std::vector<TabColumn> m_Columns;
     bool m_HasDash = false;
     const std::vector<int>& m_Tuning;
     /// In score units. Input and output: the analysis sets it, 0 stands for nothing set, and reading puts the

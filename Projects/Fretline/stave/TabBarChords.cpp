@@ -8,6 +8,21 @@
 
 namespace Fretline {
 
+namespace {
+
+// At the same distance the left one is taken; the end where there is no column.
+template <typename Columns>
+auto FindNearest(Columns& columns, int column) {
+    const auto high = std::lower_bound(columns.begin(), columns.end(), column, IsLeftOf);
+    if (high == columns.begin())
+        return high;
+    const auto low = std::prev(high);
+    const bool isLowNearer = high == columns.end() || column - low->m_Column <= high->m_Column - column;
+    return isLowNearer ? low : high;
+}
+
+} // namespace
+
 void TabBar::ReadChords() {
     std::vector<std::unique_ptr<TabChord>> nearer = ReadChordLine(-1);
     std::vector<std::unique_ptr<TabChord>> farther = ReadChordLine(-2);
@@ -29,8 +44,8 @@ std::vector<std::unique_ptr<TabChord>> TabBar::ReadChordLine(int offset) const {
 
 void TabBar::AttachChords() {
     for (const std::unique_ptr<TabChord>& chord : m_Chords) {
-        TabColumn* column = FindNearestColumn(MiddleOf(*chord));
-        if (column == nullptr)
+        const auto column = FindNearest(m_Columns, MiddleOf(*chord));
+        if (column == m_Columns.end())
             continue;
         if (column->m_Chord == nullptr || Displaces(*chord, *column->m_Chord, column->m_Column))
             column->m_Chord = chord.get();
@@ -39,17 +54,6 @@ void TabBar::AttachChords() {
 
 int TabBar::MiddleOf(const TabChord& chord) const {
     return chord.m_Start + (chord.m_End - chord.m_Start) / 2 - m_StartColumn;
-}
-
-// At the same distance the left one is taken.
-TabColumn* TabBar::FindNearestColumn(int column) const {
-    const auto high = m_Columns.lower_bound(column);
-    if (high == m_Columns.begin())
-        return high == m_Columns.end() ? nullptr : high->second.get();
-    const auto low = std::prev(high);
-    if (high == m_Columns.end() || column - low->first <= high->first - column)
-        return low->second.get();
-    return high->second.get();
 }
 
 bool TabBar::Displaces(const TabChord& chord, const TabChord& holder, int column) const {
@@ -68,7 +72,8 @@ std::vector<ChordReading> TabBar::GetChordReadings() const {
     std::vector<ChordReading> readings;
     readings.reserve(m_Chords.size());
     for (const std::unique_ptr<TabChord>& chord : m_Chords) {
-        const TabColumn* column = FindNearestColumn(MiddleOf(*chord));
+        const auto nearest = FindNearest(m_Columns, MiddleOf(*chord));
+        const TabColumn* column = nearest == m_Columns.end() ? nullptr : &*nearest;
         const bool attached = column != nullptr && column->m_Chord == chord.get();
         readings.push_back({chord.get(), column, attached, written.contains(chord.get())});
     }

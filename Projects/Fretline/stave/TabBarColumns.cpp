@@ -4,7 +4,6 @@
 #include "Projects/Fretline/text/TabFile.h"
 
 #include <algorithm>
-#include <iterator>
 #include <string_view>
 
 namespace Fretline {
@@ -71,16 +70,35 @@ private:
     int m_FirstNonZero = 0;
 };
 
-} // namespace
+// The columns of a bar while one more of its lines is read: those of the lines before in order, after them
+// the new ones, which are asked for in ascending order too.
+class ColumnsOfLine {
+public:
+    explicit ColumnsOfLine(std::vector<TabColumn>& columns) : m_Columns(columns), m_Known(columns.size()) {}
 
-TabColumn& TabBar::GetColumn(int column) {
-    std::unique_ptr<TabColumn>& entry = m_Columns[column];
-    if (entry == nullptr) {
-        entry = std::make_unique<TabColumn>();
-        entry->m_Column = column;
+    TabColumn& At(int column) {
+        const auto endOfKnown = EndOfKnown();
+        const auto known = std::lower_bound(m_Columns.begin(), endOfKnown, column, IsLeftOf);
+        if (known != endOfKnown && known->m_Column == column)
+            return *known;
+        return m_Columns.emplace_back(TabColumn{column});
     }
-    return *entry;
-}
+
+    void PutInOrder() {
+        std::inplace_merge(m_Columns.begin(), EndOfKnown(), m_Columns.end(),
+                           [](const TabColumn& a, const TabColumn& b) { return IsLeftOf(a, b.m_Column); });
+    }
+
+private:
+    std::vector<TabColumn>::iterator EndOfKnown() const {
+        return m_Columns.begin() + static_cast<std::ptrdiff_t>(m_Known);
+    }
+
+    std::vector<TabColumn>& m_Columns;
+    std::size_t m_Known;
+};
+
+} // namespace
 
 void TabBar::FindColumns() {
     for (int line = m_FirstLine; line < m_FirstLine + m_LineCount; ++line)
@@ -89,6 +107,7 @@ void TabBar::FindColumns() {
 
 void TabBar::FindColumnsOfLine(int line) {
     FretRunReader runs(m_File.GetStretch(line, m_StartColumn, m_Width));
+    ColumnsOfLine columns(m_Columns);
     int i = 0;
     while (i < runs.GetWidth()) {
         if (!runs.HasRunAt(i)) {
@@ -98,31 +117,32 @@ void TabBar::FindColumnsOfLine(int line) {
         const FretRun run = runs.ReadAt(i);
         if (run.m_TooBig) {
             for (const int end = i + run.m_Length; i < end; ++i) {
-                TabColumn& column = GetColumn(i);
+                TabColumn& column = columns.At(i);
                 column.m_Single = true;
                 column.m_Width = 1;
             }
         } else {
-            TabColumn& column = GetColumn(i);
+            TabColumn& column = columns.At(i);
             if (!column.m_Single)
                 column.m_Width = std::max(column.m_Width, run.m_Length);
             i += column.m_Width;
         }
     }
+    columns.PutInOrder();
 }
 
 void TabBar::JoinRightAlignedColumns() {
     constexpr int kTwoDigits = 2;
-    auto current = m_Columns.begin();
-    while (current != m_Columns.end()) {
-        const auto next = std::next(current);
-        if (next != m_Columns.end() && next->first == current->first + 1 &&
-            current->second->m_Width == kTwoDigits) {
-            next->second->m_StartOffset = -1;
-            m_Columns.erase(current);
-        }
-        current = next;
+    auto kept = m_Columns.begin();
+    for (auto next = m_Columns.begin(); next != m_Columns.end();) {
+        const TabColumn current = *next++;
+        if (next != m_Columns.end() && next->m_Column == current.m_Column + 1 &&
+            current.m_Width == kTwoDigits)
+            next->m_StartOffset = -1;
+        else
+            *kept++ = current;
     }
+    m_Columns.erase(kept, m_Columns.end());
 }
 
 } // namespace Fretline

@@ -44,24 +44,23 @@ void MarkTied(Nvr::TreeNode* noteRest) {
 
 // Only a tie from the bar before has an effect: the dash that ties a letter also fills the space between two.
 void TabBar::ReadNotes(Nvr::TreeNode* lastNoteRest) {
-    if (lastNoteRest != nullptr && !m_Columns.empty() && m_Columns.begin()->second->m_Tied)
+    if (lastNoteRest != nullptr && !m_Columns.empty() && m_Columns.front().m_Tied)
         MarkTied(lastNoteRest);
     int cursor = 0;
-    auto next = m_Columns.cbegin();
-    while (next != m_Columns.cend())
+    for (std::size_t next = 0; next < m_Columns.size();)
         next = ReadGroup(next, cursor);
     if (cursor < m_BarLength)
         EmitDuration(cursor, m_BarLength - cursor, kRest, nullptr);
 }
 
 // A column, with the columns before it that last no time, sounds as one chord.
-TabBar::ColumnMap::const_iterator TabBar::ReadGroup(ColumnMap::const_iterator first, int& cursor) {
+std::size_t TabBar::ReadGroup(std::size_t first, int& cursor) {
     std::vector<TabNote> notes;
     const TabChord* chord = nullptr;
     const TabColumn* column = nullptr;
-    auto next = first;
+    std::size_t next = first;
     do {
-        column = next->second.get();
+        column = &m_Columns[next];
         if (chord == nullptr)
             chord = column->m_Chord;
         if (cursor < column->m_Position)
@@ -69,7 +68,7 @@ TabBar::ColumnMap::const_iterator TabBar::ReadGroup(ColumnMap::const_iterator fi
         ReadNotesOfColumn(*column, notes);
         cursor = column->m_Position + column->m_Duration;
         ++next;
-    } while (column->m_Duration == 0 && next != m_Columns.cend());
+    } while (column->m_Duration == 0 && next < m_Columns.size());
 
     std::stable_sort(notes.begin(), notes.end(),
                      [](const TabNote& a, const TabNote& b) { return a.m_Diat < b.m_Diat; });

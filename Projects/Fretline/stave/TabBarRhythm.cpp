@@ -54,23 +54,26 @@ bool TabBar::IsRhythmCandidate(int offset) const {
 }
 
 void TabBar::ApplyRhythmSource() {
-    TabColumn* before = nullptr;
+    auto kept = m_Columns.begin();
     int limitBefore = 0;
-    for (auto& [key, column] : m_Columns) {
+    for (TabColumn column : m_Columns) {
         int limit = 0;
-        column->m_Position = RoundToMultipleOf32(m_Rhythm->GetPosition(key, limit, column->m_Tied));
-        if (before != nullptr) {
+        column.m_Position = RoundToMultipleOf32(m_Rhythm->GetPosition(column.m_Column, limit, column.m_Tied));
+        if (kept != m_Columns.begin()) {
+            TabColumn& before = *(kept - 1);
             // Of several columns at the very start only the last one stays.
-            if (before->m_Position == 0 && column->m_Position == 0)
-                m_Columns.erase(before->m_Column);
+            if (before.m_Position == 0 && column.m_Position == 0)
+                --kept;
             else
-                before->m_Duration = LimitedTo(limitBefore, column->m_Position - before->m_Position);
+                before.m_Duration = LimitedTo(limitBefore, column.m_Position - before.m_Position);
         }
-        before = column.get();
+        *kept++ = column;
         limitBefore = limit;
     }
-    if (before != nullptr)
-        before->m_Duration = LimitedTo(limitBefore, m_Rhythm->GetLength() - before->m_Position);
+    m_Columns.erase(kept, m_Columns.end());
+    if (!m_Columns.empty())
+        m_Columns.back().m_Duration =
+            LimitedTo(limitBefore, m_Rhythm->GetLength() - m_Columns.back().m_Position);
     m_BarLength = m_Rhythm->GetLength();
 }
 

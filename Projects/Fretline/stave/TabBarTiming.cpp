@@ -36,9 +36,9 @@ void TabBar::ComputeTiming() {
 
 void TabBar::ApplyEvenTiming() {
     m_BarLength = 0;
-    for (auto& [key, column] : m_Columns) {
-        column->m_Position = m_BarLength;
-        column->m_Duration = kUnitsPerQuaver;
+    for (TabColumn& column : m_Columns) {
+        column.m_Position = m_BarLength;
+        column.m_Duration = kUnitsPerQuaver;
         m_BarLength = AddTime(m_BarLength, kUnitsPerQuaver);
     }
 }
@@ -58,30 +58,30 @@ void TabBar::ApplySpacing() {
 
 void TabBar::SpreadOverSeveralBars() {
     int position = 0;
-    for (auto& [key, column] : m_Columns) {
-        column->m_Position = position;
-        column->m_Duration = kUnitsPerQuaver;
+    for (TabColumn& column : m_Columns) {
+        column.m_Position = position;
+        column.m_Duration = kUnitsPerQuaver;
         position = AddTime(position, kUnitsPerQuaver);
     }
-    TabColumn& last = *m_Columns.rbegin()->second;
+    TabColumn& last = m_Columns.back();
     last.m_Duration = (last.m_Position / m_BarLength + 1) * m_BarLength - last.m_Position;
 }
 
 void TabBar::PlaceInProportion() {
-    const int firstKey = m_Columns.begin()->first;
-    const int columns = std::max(firstKey < kFirstColumnsOfABar ? m_Width - firstKey : m_Width - 1, 1);
+    const int first = m_Columns.front().m_Column;
+    const int columns = std::max(first < kFirstColumnsOfABar ? m_Width - first : m_Width - 1, 1);
     const int unitsPerColumn = m_BarLength / columns;
 
     // The sum stays unrounded, so that the roundings do not add up.
     int sum = 0;
     TabColumn* before = nullptr;
-    for (auto& [key, column] : m_Columns) {
+    for (TabColumn& column : m_Columns) {
         if (before != nullptr)
-            sum += unitsPerColumn * (key - before->m_Column);
-        column->m_Position = RoundToMultipleOf64(sum);
+            sum += unitsPerColumn * (column.m_Column - before->m_Column);
+        column.m_Position = RoundToMultipleOf64(sum);
         if (before != nullptr)
-            before->m_Duration = column->m_Position - before->m_Position;
-        before = column.get();
+            before->m_Duration = column.m_Position - before->m_Position;
+        before = &column;
     }
     before->m_Duration = std::min(RoundToMultipleOf64(unitsPerColumn * (m_Width - before->m_Column)),
                                   m_BarLength - before->m_Position);

@@ -52,11 +52,10 @@ const Count* FindCount(const std::vector<Count>& counts, int column) {
 // A number of two digits under two counts may be two notes.
 bool StandUnderCounts(const TabBar& bar, const std::vector<Count>& counts) {
     const auto& columns = bar.GetColumns();
-    return std::all_of(columns.begin(), columns.end(), [&](const auto& entry) {
-        const auto& [key, column] = entry;
-        return FindCount(counts, key) != nullptr &&
-               (column->m_Width == 1 || FindCount(counts, key + 1) == nullptr) &&
-               (column->m_StartOffset == 0 || FindCount(counts, key - 1) == nullptr);
+    return std::all_of(columns.begin(), columns.end(), [&](const Fretline::TabColumn& column) {
+        return FindCount(counts, column.m_Column) != nullptr &&
+               (column.m_Width == 1 || FindCount(counts, column.m_Column + 1) == nullptr) &&
+               (column.m_StartOffset == 0 || FindCount(counts, column.m_Column - 1) == nullptr);
     });
 }
 
@@ -64,10 +63,10 @@ bool IsReadAs(const CountedBar& counted, const TabBar& bar) {
     const int quarters = BeatsOf(bar) * kQuartersOfABeat;
     return bar.GetRhythmLine().m_Kind == RhythmLineKind::BeatPositions &&
            bar.GetRhythmLine().m_Line == counted.Line && bar.GetBarLength() == LengthByMetre(bar) &&
-           std::all_of(bar.GetColumns().begin(), bar.GetColumns().end(), [&](const auto& entry) {
-               const Count* count = FindCount(counted.Counts, entry.first);
+           std::all_of(bar.GetColumns().begin(), bar.GetColumns().end(), [&](const auto& column) {
+               const Count* count = FindCount(counted.Counts, column.m_Column);
                return count != nullptr &&
-                      entry.second->m_Position * quarters ==
+                      column.m_Position * quarters ==
                           (count->Beat * kQuartersOfABeat + count->Quarter) * LengthByMetre(bar);
            });
 }

@@ -198,7 +198,7 @@ private:
         return bar.GetRhythmLine().m_Kind != RhythmLineKind::None && bar.GetBarLength() == planned.Length &&
                std::equal(planned.Times.begin(), planned.Times.end(), bar.GetColumns().begin(),
                           bar.GetColumns().end(),
-                          [](int time, const auto& column) { return column.second->m_Position == time; });
+                          [](int time, const auto& column) { return column.m_Position == time; });
     }
 
     // The bar takes a line that is meant for the stave below it.

@@ -40,8 +40,8 @@ BarSpacing SpacingOf(const TabBar& bar) {
         ++spacing.First;
     while (spacing.End > spacing.First && !HasInColumn(bar, spacing.End - 1, IsDrawn))
         --spacing.End;
-    for (const auto& [key, column] : bar.GetColumns())
-        spacing.Onsets.push_back({key, column->m_Width});
+    for (const Fretline::TabColumn& column : bar.GetColumns())
+        spacing.Onsets.push_back({column.m_Column, column.m_Width});
     return spacing;
 }
 
@@ -166,8 +166,8 @@ std::optional<BarRhythm> TextGrid::RhythmOf(const TabBar& bar) const {
     BarRhythm rhythm{metre->GetLength(), {}, metre->SignsOf(SpacingOf(bar), *grid)};
     if (rhythm.Signs.empty())
         return std::nullopt;
-    for (const auto& [key, column] : bar.GetColumns())
-        rhythm.Times.push_back(metre->TimeOf(grid->SlotOf(key), grid->Slots));
+    for (const Fretline::TabColumn& column : bar.GetColumns())
+        rhythm.Times.push_back(metre->TimeOf(grid->SlotOf(column.m_Column), grid->Slots));
     return rhythm;
 }
 

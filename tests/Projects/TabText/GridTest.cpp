@@ -162,14 +162,14 @@ struct Evenness {
         const Fretline::TabColumn* before = nullptr;
         bool isJudged = false;
         bool isUneven = false;
-        for (const auto& [key, column] : bar.GetColumns()) {
+        for (const Fretline::TabColumn& column : bar.GetColumns()) {
             if (before != nullptr) {
                 const auto [entry, isNew] =
-                    lengthOfDistance.emplace(key - before->m_Column, before->m_Duration);
+                    lengthOfDistance.emplace(column.m_Column - before->m_Column, before->m_Duration);
                 isJudged = isJudged || !isNew;
                 isUneven = isUneven || entry->second != before->m_Duration;
             }
-            before = column.get();
+            before = &column;
         }
         Bars += isJudged ? 1 : 0;
         Uneven += isUneven ? 1 : 0;

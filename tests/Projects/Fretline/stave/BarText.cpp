@@ -53,17 +53,17 @@ TabBar& BarText::ReadAt(int firstLine, int lineCount) {
 
 std::string ColumnsOf(const TabBar& bar) {
     std::string text;
-    for (const auto& [key, column] : bar.GetColumns()) {
-        const std::string width = column->m_Width == 1 ? "" : 'w' + std::to_string(column->m_Width);
-        AppendWord(text, std::to_string(key) + width + (column->m_StartOffset == -1 ? "<" : ""));
+    for (const TabColumn& column : bar.GetColumns()) {
+        const std::string width = column.m_Width == 1 ? "" : 'w' + std::to_string(column.m_Width);
+        AppendWord(text, std::to_string(column.m_Column) + width + (column.m_StartOffset == -1 ? "<" : ""));
     }
     return text;
 }
 
 std::string TimesOf(const TabBar& bar) {
     std::string text;
-    for (const auto& [key, column] : bar.GetColumns())
-        AppendWord(text, std::to_string(column->m_Position) + '+' + std::to_string(column->m_Duration));
+    for (const TabColumn& column : bar.GetColumns())
+        AppendWord(text, std::to_string(column.m_Position) + '+' + std::to_string(column.m_Duration));
     return text;
 }
 
