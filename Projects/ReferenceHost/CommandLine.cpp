@@ -33,7 +33,7 @@ std::filesystem::path UserConfigFolder() {
 std::filesystem::path PluginOfProgram() {
     std::error_code failure;
     const auto folder = std::filesystem::read_symlink("/proc/self/exe", failure).parent_path();
-    const auto installed = folder.parent_path() / FRETLINE_PLUGIN_FOLDER / "libFretline.so";
+    auto installed = folder.parent_path() / FRETLINE_PLUGIN_FOLDER / "libFretline.so";
     if (std::filesystem::exists(installed, failure))
         return installed;
     return folder.parent_path().parent_path() / "libFretline.so";
@@ -142,7 +142,7 @@ constexpr std::array<OptionValue, 8> kOptionValues{{
 // What CLI11 calls it, in words of people: it begins with the option, and goes on in the parser's own
 // notation.
 std::string MistakeText(const CLI::ParseError& mistake) {
-    const std::string text = mistake.what();
+    std::string text = mistake.what();
     if (dynamic_cast<const CLI::ExtrasError*>(&mistake) != nullptr)
         return "unknown option " + text.substr(text.find(": ") + 2);
     const std::string option = text.substr(0, text.find_first_of(": "));

@@ -220,7 +220,7 @@ JobResult Converter::TellRefusal(const Input& input, const std::string& part, co
     result.Ended = opened.Ended;
     result.Reason = opened.Reason;
     for (const std::string& message : opened.Messages)
-        result.Errors += name + ": " + message + "\n";
+        result.Errors.append(name).append(": ").append(message).append("\n");
     result.Errors += Terminal::Complaint(name + ": " + opened.Reason);
     if (m_Line.Prints == Printing::Json)
         result.Output = Formats::RefusalJson(input.Path.string(), part, opened.Reason) + "\n";

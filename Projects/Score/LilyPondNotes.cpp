@@ -110,7 +110,7 @@ std::vector<Step> StepsOf(const WrittenPiece& piece, const WrittenPiece* next, T
 
 // Says which heads the lines of a slide join, where not all have one.
 std::string MapOf(const std::vector<Step>& steps, const WrittenPiece& piece, const WrittenPiece* next) {
-    if (steps.empty() || (piece.Notes->size() == 1 && next->Notes->size() == 1))
+    if (steps.empty() || next == nullptr || (piece.Notes->size() == 1 && next->Notes->size() == 1))
         return {};
     std::string text = "\\once \\set glissandoMap = #'(";
     for (const Step& step : steps)

@@ -31,7 +31,7 @@ const TechniqueName& NameOf(Technique kind) {
 }
 
 std::string JumpText(const ModelWay& way) {
-    const std::string text = way.To == Jump::DaCapo ? "D.C." : "D.S.";
+    std::string text = way.To == Jump::DaCapo ? "D.C." : "D.S.";
     switch (way.Until) {
     case JumpEnd::Fine:
         return text + " al Fine";

@@ -64,9 +64,11 @@ std::span<NoteMark> MarksOf(const TabReading& reading, const StaveBars& stave, s
     const auto first = static_cast<std::size_t>(stave.Bars.data() - reading.GetBars().data());
     const auto place = [&](std::size_t bar) {
         return std::lower_bound(marks.begin(), marks.end(), bar,
-                                [](const NoteMark& mark, std::size_t wanted) { return mark.Bar < wanted; });
+                                [](const NoteMark& mark, std::size_t wanted) { return mark.Bar < wanted; }) -
+               marks.begin();
     };
-    return {place(first), place(first + stave.Bars.size())};
+    NoteMark* const data = marks.data();
+    return {data + place(first), data + place(first + stave.Bars.size())};
 }
 
 } // namespace
