@@ -78,8 +78,10 @@ std::vector<TimesSign> TimesBelow(const TabReading& reading, const Fretline::Tab
     const int count = reading.GetFile().GetLineCount();
     if (line >= count || reading.GetAnalysis().IsStaveLine(line))
         return {};
-    const bool isLast = line + 1 >= count || WordsOf(reading.GetFile().GetLine(line + 1)).empty();
-    return isLast ? TimesIn(reading.GetFile(), line, 0) : std::vector<TimesSign>();
+    std::vector<TimesSign> signs = TimesIn(reading.GetFile(), line, 0);
+    const bool isFollowed =
+        !signs.empty() && line + 1 < count && !WordsOf(reading.GetFile().GetLine(line + 1)).empty();
+    return isFollowed ? std::vector<TimesSign>() : signs;
 }
 
 // Reads the staves in turn; a repeat that begins in one may end in a later one.
