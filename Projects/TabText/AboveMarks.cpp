@@ -79,7 +79,7 @@ private:
         if (IsDefined(wordEnd) || IsNone(sign, at))
             return 0;
         const SignSpan span{m_Line, static_cast<int>(at), static_cast<int>(m_End)};
-        if (!isDrawn && IsAmongWords(at))
+        if (!isDrawn && (IsAmongWords(at) || IsOfAPassage(sign, at)))
             m_Unclear.push_back({span, "it is not clear which notes it means"});
         else
             extents.push_back({sign.Kind, span, StartOfExtent(at), span.EndColumn});
@@ -131,6 +131,14 @@ private:
         const bool isBeforeOne =
             m_End + 1 < m_Text.size() && m_Text[m_End] == ' ' && Nvr::Ascii::IsAlpha(m_Text[m_End + 1]);
         return isBeforeOne && !IsOneOfMusic(WordsOf(m_Text.substr(m_End)).front().Text);
+    }
+
+    // "(let ring)"
+    bool IsOfAPassage(const Sign& sign, std::size_t at) const {
+        const bool isInBrackets =
+            at > 0 && m_Text[at - 1] == '(' && m_End < m_Text.size() && m_Text[m_End] == ')';
+        return isInBrackets &&
+               (sign.Kind == Score::Technique::LetRing || sign.Kind == Score::Technique::PalmMute);
     }
 
     // Dashes may stand before it too: "|--PM--|".

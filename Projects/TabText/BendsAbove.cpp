@@ -20,25 +20,34 @@ struct AmountSign {
     SignSpan Span;
 };
 
-// The amounts of a line that has nothing else.
-std::vector<AmountSign> AmountsOf(const TabReading& reading, int line) {
+// The amounts of a line, each two blanks or more away from anything else.
+struct AmountLine {
+    std::vector<AmountSign> Amounts;
+    bool HasOthers = false;
+};
+
+AmountLine AmountsOf(const TabReading& reading, int line) {
     const std::string_view text = reading.GetFile().GetLine(line);
-    std::vector<AmountSign> amounts;
+    AmountLine found;
     for (std::size_t at = text.find_first_not_of(' '); at < text.size();
          at = text.find_first_not_of(' ', at)) {
         const BendAmount amount = ReadBendAmount(text, at, std::numeric_limits<int>::max());
+        const std::size_t end = std::max(amount.End, std::min(text.find("  ", at), text.size()));
         const std::string_view word = text.substr(at, amount.End - at);
         // A number alone is something else.
         const bool isAmount = word.find('/') != std::string_view::npos || FindInAnyCase(word, "full") == 0;
-        if (!isAmount || (amount.End < text.size() && text[amount.End] != ' '))
-            return {};
-        amounts.push_back({amount.QuarterTones, {line, static_cast<int>(at), static_cast<int>(amount.End)}});
-        at = amount.End;
+        if (isAmount && end == amount.End)
+            found.Amounts.push_back(
+                {amount.QuarterTones, {line, static_cast<int>(at), static_cast<int>(end)}});
+        else
+            found.HasOthers = true;
+        at = end;
     }
     // "3/4" alone is a time signature.
     constexpr int kThreeQuarters = 3;
-    const bool isMetre = amounts.size() == 1 && amounts[0].QuarterTones == kThreeQuarters;
-    return isMetre ? std::vector<AmountSign>() : amounts;
+    if (found.Amounts.size() == 1 && found.Amounts[0].QuarterTones == kThreeQuarters)
+        found.Amounts.clear();
+    return found;
 }
 
 // How many columns lie between a note with its bend and the amount above it.
@@ -80,11 +89,12 @@ void ReadBendsAbove(const TabReading& reading, std::vector<NoteMark>& marks,
         for (int line = first - 1; line >= std::max(first - kLinesAbove, 0); --line) {
             if (reading.GetAnalysis().IsStaveLine(line))
                 break;
-            for (const AmountSign& amount : AmountsOf(reading, line)) {
+            const AmountLine found = AmountsOf(reading, line);
+            for (const AmountSign& amount : found.Amounts) {
                 NoteMark* bend = BendUnder(amount, MarksOf(reading, stave, marks));
                 if (bend != nullptr)
                     bend->What.Amount = amount.QuarterTones;
-                else
+                else if (!found.HasOthers)
                     unclear.push_back({amount.Span, "no bend stands under it"});
             }
         }

@@ -66,10 +66,19 @@ std::vector<TimesSign> TimesAfter(const TabFile& file, const Fretline::TabStave&
     return {};
 }
 
+// In the nearest line that says it, between what belongs to the stave before and this one.
 std::vector<TimesSign> TimesAbove(const TabReading& reading, const Fretline::TabStave& stave) {
-    const int line = stave.GetFirstLine() - 1;
-    return line < 0 || reading.GetAnalysis().IsStaveLine(line) ? std::vector<TimesSign>()
-                                                               : TimesIn(reading.GetFile(), line, 0);
+    const int first = stave.GetFirstLine();
+    for (int line = first - 1; line >= std::max(first - kLinesAbove, 0); --line) {
+        if (reading.GetAnalysis().IsStaveLine(line))
+            break;
+        // Right below another stave.
+        if (line + 1 < first && line > 0 && reading.GetAnalysis().IsStaveLine(line - 1))
+            break;
+        if (std::vector<TimesSign> signs = TimesIn(reading.GetFile(), line, 0); !signs.empty())
+            return signs;
+    }
+    return {};
 }
 
 // Right below the stave, where a blank line separates it from what follows.

@@ -77,7 +77,8 @@ private:
             const std::size_t first = at;
             while (at < text.size() && CanBeSign(text[at]) && !IsUsed(line, at))
                 ++at;
-            const bool isDot = isRepeated && at == first + 1 && (first == start || at == end);
+            const bool isDot = isRepeated && at == first + 1 && (first == start || at == end) &&
+                               IsOneOf(":*oO", text[first]);
             const bool isTold = openBrackets > 0 && IsOneOf(")]}", text[first]);
             if (at > first && !isDot && !isTold && !GoesOn(text, first) && !BeginsLine(text, first))
                 Add(line, first, text.substr(first, at - first));

@@ -158,6 +158,8 @@ TEST(Doubts, OfSigns) {
         {"w = vibrato\n\n" + With("|-7w--|"), "", "the legend says it"},
         {Stave("|:-5--:|", 4), "", "dots of a repeat"},
         {With("|-7b------7---|", "          full\n\n"), "1:11 unclear-sign", "an amount of no bend"},
+        {Stave("|-----|", 3) + "|-/-5\\|x2\n", "4:3 left-out-sign", "a slide that touches no note"},
+        {Stave("|----|", 3) + "|---\\| x2\n", "4:5 left-out-sign", "no dot of a repeat either"},
         {With("|o-5---|"), "6:2 left-out-sign", "one alone is none"},
     });
 }
@@ -191,6 +193,7 @@ TEST(Doubts, OfSymbols) {
          "of what"},
         {Stave("|-0---1---|", 4) + "\n(x2)\n", "6:1 unclear-sign", "of which stave"},
         {With("|-0---1---|", "        PM\n\n"), "1:9 unclear-sign", "palm mute of no note"},
+        {With("|-0---1---|", "  (let ring)\n\n"), "1:4 unclear-sign", "perhaps the whole of it"},
         {With("|-0---1---|", " PM--| trem--|\n\n"), "1:8 unclear-sign", "no technique that is known"},
         {With("|-0---1---|", "Bridge -- softly\n\n"), "", "words"},
         {With("|-0---1---|", "  let ring throughout\n\n"), "1:3 unclear-sign", "who knows how long"},

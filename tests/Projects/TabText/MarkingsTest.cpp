@@ -119,6 +119,7 @@ TEST(Markings, OfNotes) {
         {With("|-7b8r(7)-|"), "2 bend 2, 4 release", "released to a fret in brackets"},
         {With("|-7b----7b8--7b--|", "   1/2  full   1 1/2\n\n"), "2 bend 2, 8 bend 2, 13 bend 6",
          "over it, where it says nothing itself"},
+        {With("|-7b------7--|", "  1/2     ~~\n\n"), "2 bend 2, 10 vibrato", "beside another sign"},
         {With("|-7b------|", "  1/2 step\n\n"), "2 bend 4", "a remark"},
         {With("|-7b------|", "  3/4\n\n"), "2 bend 4", "a time signature"},
         {With("|-5H7-5S7-7B9-|"), "2 hammer, 6 slide, 10 bend 4", "capitals"},
@@ -219,6 +220,9 @@ TEST(Markings, OfBars) {
         {TestSupport::Stave("|-5-|--7--|", 4) + "(play 4 times)\n", "0[, 1]4", "right below it"},
         {TestSupport::Stave("|-5-|--7--|", 4) + "x 3\n" + TestSupport::Stave("|-5-|--7--|", 4), "2[, 3]3",
          "right above the next"},
+        {"Intro (x3)\nsoftly\n\n" + TestSupport::Stave("|-5-|", 4), "0[]3", "beside a label"},
+        {TestSupport::Stave("|-5-|", 4) + "x3\n\n" + TestSupport::Stave("|-5-|", 4), "0[]3",
+         "right below the other"},
         {"played twice\n" + TestSupport::Stave("|-5-|", 4), "0[]2", "in words"},
         {"3 times\n" + TestSupport::Stave("|-5-|", 4), "0[]3", "alone"},
         {"we did this 3 times\n" + TestSupport::Stave("|-5-|", 4), "", "a tale"},
@@ -355,6 +359,9 @@ TEST(Markings, OfTheWholePiece) {
     EXPECT_EQ(4, headingOf("Capo: IV").Capo);
     EXPECT_EQ(1, headingOf("(Capo I)").Capo);
     EXPECT_EQ(0, headingOf("no capo, I think").Capo);
+    EXPECT_EQ(2, headingOf("Capo=2nd fret").Capo);
+    EXPECT_EQ(2, headingOf("capo II, swing 8ths").Capo);
+    EXPECT_EQ(0, headingOf("no capo, swing 8ths").Capo);
     EXPECT_EQ(96, headingOf("q=96").Tempo);
     EXPECT_EQ(132, headingOf("played at 132 bpm").Tempo);
     EXPECT_EQ(0, headingOf("Tempo: 5000").Tempo) << "nobody plays that";
