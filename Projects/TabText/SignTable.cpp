@@ -57,7 +57,7 @@ std::string InCapitals(string_view text) {
 
 // As it stands beside a fret.
 std::string Shown(const Sign& sign) {
-    const std::string text(sign.Text);
+    std::string text(sign.Text);
     switch (sign.Place) {
     case SignPlace::Between:
     case SignPlace::Slide:

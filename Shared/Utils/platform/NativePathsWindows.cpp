@@ -106,7 +106,7 @@ std::string PathOfUrl(std::string_view url) {
     url.remove_prefix(kFileScheme.size());
     if (Ascii::StartsWithIgnoreCase(url, kThisComputer) && url.substr(kThisComputer.size()).starts_with('/'))
         url.remove_prefix(kThisComputer.size());
-    const std::string path = NativeText(url);
+    std::string path = NativeText(url);
     if (path.empty())
         return {};
     if (path.front() != '\\')
