@@ -446,4 +446,17 @@ TEST(Markings, JoinTheNotesOfTheScore) {
     EXPECT_EQ((Score::ModelRepeats{false, true, 2}), score.Bars[1].Repeats);
 }
 
+TEST(Markings, JoinNumbersThatEndInOneColumn) {
+    // They sound together, and the longer one begins left of their column.
+    const ReadText reading("e|-12~---|\nB|--3----|\nG|-------|\nD|-------|\nA|-------|\nE|-------|\n");
+    Score::ScoreModel score;
+    score.Tuning = {40, 45, 50, 55, 59, 64};
+    score.Bars.resize(1);
+    score.Bars[0].Events = {{0, 1024, {{4, 3, 62, 36, false}, {5, 12, 76, 44, false}}}};
+    TabText::JoinMarkings(*reading, TabText::ReadMarkings(*reading), score);
+    EXPECT_TRUE(score.Bars[0].Events[0].Notes[0].Techniques.empty());
+    EXPECT_EQ((std::vector<Score::ModelTechnique>{{Technique::Vibrato, 0}}),
+              score.Bars[0].Events[0].Notes[1].Techniques);
+}
+
 } // namespace
