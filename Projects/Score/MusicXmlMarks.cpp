@@ -1,6 +1,7 @@
 #include "Projects/Score/MusicXmlMarks.h"
 
 #include "Projects/Score/Utf8.h"
+#include "Projects/Score/XmlNodes.h"
 
 #include <algorithm>
 
@@ -9,17 +10,8 @@ namespace Score {
 namespace {
 
 using pugi::xml_node;
-
-xml_node Add(xml_node parent, const char* name, const std::string& text = {}) {
-    xml_node node = parent.append_child(name);
-    if (!text.empty())
-        node.text().set(text.c_str());
-    return node;
-}
-
-void Set(xml_node node, const char* attribute, const char* value) {
-    node.append_attribute(attribute).set_value(value);
-}
+using XmlNodes::Add;
+using XmlNodes::Set;
 
 bool LeadsToTheNext(Technique kind) {
     return kind == Technique::HammerOn || kind == Technique::PullOff || kind == Technique::Slide;

@@ -1,25 +1,17 @@
 #include "Projects/Score/MusicXmlWay.h"
+#include "Projects/Score/XmlNodes.h"
 
 namespace Score {
 
 namespace {
 
 using pugi::xml_node;
+using XmlNodes::Add;
+using XmlNodes::Set;
 
 // There is at most one of each in a score.
 constexpr const char* kSegno = "segno";
 constexpr const char* kCoda = "coda";
-
-xml_node Add(xml_node parent, const char* name, const std::string& text = {}) {
-    xml_node node = parent.append_child(name);
-    if (!text.empty())
-        node.text().set(text.c_str());
-    return node;
-}
-
-void Set(xml_node node, const char* attribute, const std::string& value) {
-    node.append_attribute(attribute).set_value(value.c_str());
-}
 
 xml_node AddDirection(xml_node measure) {
     xml_node direction = Add(measure, "direction");
