@@ -17,7 +17,7 @@ std::optional<std::string> ReadWholeFile(const std::filesystem::path& path) {
     std::string bytes;
     std::error_code isStream;
     if (const std::uintmax_t size = std::filesystem::file_size(path, isStream); !isStream)
-        bytes.reserve(size);
+        bytes.reserve(static_cast<std::size_t>(size));
     std::vector<char> block(kBlockSize);
     while (file) {
         file.read(block.data(), static_cast<std::streamsize>(block.size()));
