@@ -110,10 +110,14 @@ Answer AnswerOf(const Opening::Opened& opened, const CommandLine& line) {
     return answer;
 }
 
+bool IsEmptyLine(std::string_view line) {
+    return line.find_first_not_of(" \t\r") == std::string_view::npos;
+}
+
 } // namespace
 
 bool StandardInputLines::IsReady() {
-    while (!HasLine() && !m_IsAtEnd) {
+    for (PassOverEmptyLines(); !HasLine() && !m_IsAtEnd; PassOverEmptyLines()) {
         pollfd descriptor{STDIN_FILENO, POLLIN, 0};
         if (poll(&descriptor, 1, 0) <= 0)
             return false;
@@ -122,23 +126,35 @@ bool StandardInputLines::IsReady() {
     return true;
 }
 
+bool StandardInputLines::HasAtHand(std::size_t count) {
+    std::size_t end = m_LineEnd;
+    for (; count > 1 && end != std::string::npos; --count)
+        end = m_Bytes.find('\n', end + 1);
+    return end != std::string::npos;
+}
+
 int StandardInputLines::Descriptor() const {
     return STDIN_FILENO;
 }
 
 bool StandardInputLines::Next(std::string& job) {
-    for (;;) {
-        while (!HasLine() && !m_IsAtEnd)
-            FillOnce();
-        const std::size_t end = HasLine() ? m_LineEnd : m_Bytes.size();
-        job = m_Bytes.substr(m_Start, end - m_Start);
-        if (!HasLine() && job.empty())
-            return false;
-        m_Start = std::min(end + 1, m_Bytes.size());
-        m_LineEnd = m_Bytes.find('\n', m_Start);
-        if (job.find_first_not_of(" \t\r") != std::string::npos)
-            return true;
-    }
+    for (PassOverEmptyLines(); !HasLine() && !m_IsAtEnd; PassOverEmptyLines())
+        FillOnce();
+    job = TakeLine();
+    return !IsEmptyLine(job);
+}
+
+void StandardInputLines::PassOverEmptyLines() {
+    while (HasLine() && IsEmptyLine(std::string_view(m_Bytes).substr(m_Start, m_LineEnd - m_Start)))
+        TakeLine();
+}
+
+std::string StandardInputLines::TakeLine() {
+    const std::size_t end = HasLine() ? m_LineEnd : m_Bytes.size();
+    std::string line = m_Bytes.substr(m_Start, end - m_Start);
+    m_Start = std::min(end + 1, m_Bytes.size());
+    m_LineEnd = m_Bytes.find('\n', m_Start);
+    return line;
 }
 
 void StandardInputLines::FillOnce() {

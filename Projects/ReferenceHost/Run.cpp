@@ -28,6 +28,7 @@ public:
 
     bool IsReady() override { return true; }
     int Descriptor() const override { return -1; }
+    bool HasAtHand(std::size_t count) override { return m_End - m_Next >= count; }
     bool Next(std::string& job) override {
         if (m_Next == m_End)
             return false;

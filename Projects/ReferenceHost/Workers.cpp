@@ -6,12 +6,15 @@
 #include <csignal>
 #include <cstdint>
 #include <cstring>
+#include <deque>
+#include <fcntl.h>
 #include <iostream>
 #include <list>
 #include <map>
 #include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace ReferenceHost {
@@ -20,6 +23,10 @@ namespace {
 
 // How far jobs may be ahead of the first one that has not ended, for each process.
 constexpr std::size_t kJobsAhead = 16;
+// A process has its next job at hand when so many more are there for each.
+constexpr std::size_t kManyJobs = 2;
+// What a pipe takes where nobody says how much.
+constexpr std::size_t kSmallestPipe = 4096;
 
 bool WriteAll(int file, const void* bytes, std::size_t size) {
     const auto* from = static_cast<const char*>(bytes);
@@ -62,6 +69,16 @@ bool ReadText(int file, std::string& text) {
     return ReadAll(file, text.data(), text.size());
 }
 
+struct Job {
+    std::size_t Number = 0;
+    std::string Text;
+};
+
+std::size_t CapacityOfPipe(int file) {
+    const int size = fcntl(file, F_GETPIPE_SZ);
+    return size > 0 ? static_cast<std::size_t>(size) : kSmallestPipe;
+}
+
 // One process and the two pipes to it.
 class Worker {
 public:
@@ -88,6 +105,7 @@ public:
         close(results[1]);
         m_Jobs = jobs[1];
         m_Results = results[0];
+        m_RoomForNext = CapacityOfPipe(m_Jobs) / 2;
     }
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
@@ -99,17 +117,25 @@ public:
 
     bool IsRunning() const { return m_Process > 0; }
     int ResultDescriptor() const { return m_Results; }
-    bool IsBusy() const { return m_IsBusy; }
-    std::size_t JobNumber() const { return m_JobNumber; }
-
-    bool Give(std::size_t number, const std::string& job) {
-        m_JobNumber = number;
-        m_IsBusy = true;
-        return WriteText(m_Jobs, job);
+    bool IsBusy() const { return !m_Given.empty(); }
+    // Whether it could have this job as its next one. With one that does not fit into the pipe its giver
+    // would wait for the process, and the process for somebody who takes its result.
+    bool CouldHaveNext(const Job& job) const {
+        return m_Given.size() == 1 && job.Text.size() < m_RoomForNext;
     }
+    // REQUIRES: IsBusy. The job that it is at.
+    std::size_t JobNumber() const { return m_Given.front().Number; }
+
+    void Give(Job job) {
+        // Where nobody is there any more, that is seen when the result should come.
+        WriteText(m_Jobs, job.Text);
+        m_Given.push_back(std::move(job));
+    }
+    // After its death: those that it was not at yet.
+    std::deque<Job> TakeBack() { return std::exchange(m_Given, {}); }
     // False when the process has died.
     bool Take(JobResult& result) {
-        m_IsBusy = false;
+        m_Given.pop_front();
         std::string bytes;
         if (!ReadText(m_Results, bytes))
             return false;
@@ -150,8 +176,9 @@ private:
     pid_t m_Process = -1;
     int m_Jobs = -1;
     int m_Results = -1;
-    bool m_IsBusy = false;
-    std::size_t m_JobNumber = 0;
+    std::size_t m_RoomForNext = 0;
+    // The one that it is at, and its next.
+    std::deque<Job> m_Given;
 };
 
 // The caller's side: hands out jobs, and tells results in order.
@@ -166,7 +193,7 @@ public:
     void Run() {
         while (!m_Workers.empty()) {
             HandOut();
-            if (!IsWorkUnderWay() && m_IsSourceEmpty)
+            if (!IsWorkUnderWay() && m_IsSourceEmpty && m_ToGive.empty())
                 return;
             Wait();
             TellInOrder();
@@ -190,15 +217,31 @@ private:
     bool HasRoomAhead() const { return m_NextJob - m_NextResult < kJobsAhead * m_Workers.size(); }
 
     void HandOut() {
-        for (Worker& worker : m_Workers) {
-            std::string job;
-            while (!worker.IsBusy() && !m_IsSourceEmpty && HasRoomAhead() && m_Source.IsReady()) {
-                if (m_Source.Next(job))
-                    worker.Give(m_NextJob++, job);
-                else
-                    m_IsSourceEmpty = true;
+        for (Worker& worker : m_Workers)
+            if (!worker.IsBusy() && HasJob())
+                GiveTo(worker);
+        for (Worker& worker : m_Workers)
+            if (m_Source.HasAtHand(kManyJobs * m_Workers.size()) && HasJob() &&
+                worker.CouldHaveNext(m_ToGive.front()))
+                GiveTo(worker);
+    }
+
+    // Fetches the next job unless there is one.
+    bool HasJob() {
+        if (m_ToGive.empty() && !m_IsSourceEmpty && HasRoomAhead() && m_Source.IsReady()) {
+            Job job{m_NextJob, {}};
+            m_IsSourceEmpty = !m_Source.Next(job.Text);
+            if (!m_IsSourceEmpty) {
+                m_ToGive.push_back(std::move(job));
+                ++m_NextJob;
             }
         }
+        return !m_ToGive.empty();
+    }
+
+    void GiveTo(Worker& worker) {
+        worker.Give(std::move(m_ToGive.front()));
+        m_ToGive.pop_front();
     }
 
     bool WantsSource() const {
@@ -239,6 +282,9 @@ private:
             return true;
         result.Ended = JobResult::Status::Failed;
         result.Reason = "its conversion broke off (" + worker.WaitForDeath() + ")";
+        if (!m_IsStopped)
+            for (Job& job : worker.TakeBack())
+                m_ToGive.push_back(std::move(job));
         return false;
     }
 
@@ -252,6 +298,7 @@ private:
     void Stop() {
         m_IsSourceEmpty = true;
         m_IsStopped = true;
+        m_ToGive.clear();
         for (const Worker& worker : m_Workers)
             if (worker.IsBusy())
                 worker.Interrupt();
@@ -261,6 +308,8 @@ private:
     const JobFunction& m_Work;
     const ResultFunction& m_Tell;
     std::list<Worker> m_Workers;
+    // Taken from the source, or back from a process that died.
+    std::deque<Job> m_ToGive;
     // By number: those that wait for an earlier one.
     std::map<std::size_t, JobResult> m_Results;
     std::size_t m_NextJob = 0;

@@ -403,6 +403,12 @@ TEST_F(Program, AnswersJsonLinesOneByOne) {
         EXPECT_TRUE(Has(lines[2], "{\"id\":null,\"taken\":false")) << lines[2];
         EXPECT_TRUE(Has(lines[3], "is no tab: no line has 11 dashes")) << lines[3];
     }
+    // Somebody who waits for an answer gets it, whatever empty lines came after the question.
+    const Outcome waiting =
+        Run("--json-lines --to mid -j 2 >answer < <(head -n 1 lines; printf '\\n\\n \\n'; "
+            "for i in {1..400}; do [ -s answer ] && exit; sleep 0.02; done; touch late)");
+    EXPECT_EQ(0, waiting.ExitCode) << waiting.Text;
+    EXPECT_FALSE(fs::exists(Path() / "late"));
     EXPECT_EQ(2, Run("--json-lines a.tab").ExitCode);
 }
 

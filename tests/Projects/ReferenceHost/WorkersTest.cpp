@@ -13,17 +13,20 @@ namespace {
 
 class Numbers : public JobSource {
 public:
-    explicit Numbers(int count) : m_Count(count) {}
+    // Each followed by so many blanks.
+    explicit Numbers(int count, std::size_t blanks) : m_Count(count), m_Blanks(blanks, ' ') {}
     bool IsReady() override { return true; }
     int Descriptor() const override { return -1; }
+    bool HasAtHand(std::size_t count) override { return m_Next + static_cast<int>(count) <= m_Count; }
     bool Next(std::string& job) override {
-        job = std::to_string(m_Next);
+        job = std::to_string(m_Next) + m_Blanks;
         return m_Next++ < m_Count;
     }
     int Taken() const { return m_Next; }
 
 private:
     int m_Count;
+    std::string m_Blanks;
     int m_Next = 0;
 };
 
@@ -34,9 +37,10 @@ struct Told {
     std::string Reason;
 };
 
-Told RunNumbers(int count, int processes, const JobFunction& work, int stopAfter = -1) {
+Told RunNumbers(int count, int processes, const JobFunction& work, int stopAfter = -1,
+                std::size_t blanks = 0) {
     std::signal(SIGPIPE, SIG_IGN);
-    Numbers numbers(count);
+    Numbers numbers(count, blanks);
     Told told;
     RunJobs(numbers, processes, work, [&](const JobResult& result) {
         told.Outputs += result.Output + " ";
@@ -90,4 +94,13 @@ TEST(Workers, LargeResultsAndAStopInTheMiddle) {
         return result;
     };
     EXPECT_EQ("0 1 2 ", RunNumbers(1000, 2, large, 3).Outputs);
+}
+
+TEST(Workers, LargeJobsAndResultsDoNotWaitForEachOther) {
+    constexpr std::size_t kMoreThanAPipeTakes = 300000;
+    for (const std::size_t blanks : {std::size_t{30000}, kMoreThanAPipeTakes}) {
+        const Told told = RunNumbers(40, 2, Echo, -1, blanks);
+        EXPECT_EQ(0, told.Failed);
+        EXPECT_NE(std::string::npos, told.Outputs.find("39 ")) << blanks;
+    }
 }
