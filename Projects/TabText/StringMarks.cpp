@@ -123,7 +123,7 @@ private:
         if (stop.Start >= bracketsEnd)
             return;
         const std::size_t nextStop = m_Text.find_first_of("0123456789xX", stop.End);
-        const bool isLast = nextStop >= m_OwnEnd || nextStop > bracketsEnd;
+        const bool isLast = nextStop >= bracketsEnd;
         Add(stop, {kind, 0}, stop.Start - (isFirst ? 1 : 0), isLast ? bracketsEnd : stop.End);
     }
 

@@ -325,6 +325,14 @@ TEST(Markings, StandInTheReadme) {
     EXPECT_NE(std::string::npos, readme.str().find("\n\n" + table + "\n")) << table;
 }
 
+TEST(Markings, ReachOverTheirBrackets) {
+    const ReadText reading(With("|-(5)7------|"));
+    const TabText::Markings markings = TabText::ReadMarkings(*reading);
+    ASSERT_EQ(1U, markings.Notes.size());
+    EXPECT_EQ(2, markings.Notes[0].Column);
+    EXPECT_EQ(5, markings.Notes[0].EndColumn) << "also where a note follows";
+}
+
 TEST(Markings, NameTheSignsOfAText) {
     const auto signsOf = [](const std::string& text) {
         const ReadText reading(text);
