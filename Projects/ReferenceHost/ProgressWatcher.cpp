@@ -19,6 +19,9 @@ extern "C" void NoteInterrupt(int signal) {
 void CatchInterrupts() {
     std::signal(SIGINT, NoteInterrupt);
     std::signal(SIGTERM, NoteInterrupt);
+    // Who runs it by nohup wants it to go on without a terminal.
+    if (std::signal(SIGHUP, NoteInterrupt) == SIG_IGN)
+        std::signal(SIGHUP, SIG_IGN);
 }
 
 bool WasInterrupted() {
@@ -26,7 +29,7 @@ bool WasInterrupted() {
 }
 
 bool WasAskedToEnd() {
-    return g_interrupt == SIGTERM;
+    return g_interrupt == SIGTERM || g_interrupt == SIGHUP;
 }
 
 void ProgressWatcher::OnBegin(const std::string& title) {

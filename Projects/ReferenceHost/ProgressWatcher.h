@@ -19,12 +19,12 @@ private:
     ProgressBar m_Bar;
 };
 
-/// Makes Ctrl-C, and a request to end, cancel the running conversion instead of ending the program. A second
-/// Ctrl-C ends it.
+/// Makes Ctrl-C, and a request to end or a terminal that is closed, cancel the running conversion instead of
+/// ending the program. A second Ctrl-C ends it.
 void CatchInterrupts();
 /// True once Ctrl-C was pressed, or a request to end came.
 bool WasInterrupted();
-/// True when it was a request to end.
+/// True when it was such a request.
 bool WasAskedToEnd();
 
 } // namespace ReferenceHost

@@ -103,6 +103,8 @@ TEST_F(Dialog, OneAnswerHoldsForAllFilesOfARun) {
     EXPECT_NE(std::string::npos, second);
     TerminalPerson again(kCells, kRows, Host({"a.tab"}));
     EXPECT_TRUE(again.WaitFor("[ ] Don't show this again")) << "a new run asks again";
+    again.Type("\x1b");
+    EXPECT_EQ(kCancelled, again.WaitForEnd());
 }
 
 TEST_F(Dialog, CancelEndsTheRun) {

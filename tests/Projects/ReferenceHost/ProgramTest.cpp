@@ -356,16 +356,19 @@ TEST_F(Program, EndsInOrderWhenItIsInterrupted) {
     constexpr int kFiles = 400;
     for (int i = 0; i < kFiles; ++i)
         Tab("in/" + std::to_string(1000 + i) + ".tab");
-    const std::pair<std::string, int> cases[] = {{"INT", 130}, {"TERM", 143}};
+    const std::pair<std::string, int> cases[] = {{"INT", 130}, {"TERM", 143}, {"HUP", 143}};
+    fs::create_directory(Path() / "tmp");
     for (const auto& [signal, exitCode] : cases) {
         // Through a shell of its own, whose group gets the signal as a terminal would send it.
         const std::string out = "out-" + signal;
         const Outcome outcome = Run("in -o " + out + "/ -q -j 2 & until [ -e " + out +
-                                    "/1000.nvf ]; do sleep 0.02; done; kill -" + signal + " $!; wait $!");
+                                        "/1000.nvf ]; do sleep 0.02; done; kill -" + signal + " $!; wait $!",
+                                    "export TMPDIR=\"$PWD/tmp\"; env --default-signal=HUP ");
         EXPECT_EQ(exitCode, outcome.ExitCode) << outcome.Text;
         const std::string whole = Read(out + "/1000.nvf");
         for (const auto& entry : fs::directory_iterator(Path() / out))
             EXPECT_EQ(whole.size(), fs::file_size(entry)) << entry.path() << " is not whole";
+        EXPECT_TRUE(fs::is_empty(Path() / "tmp")) << signal;
     }
 }
 
