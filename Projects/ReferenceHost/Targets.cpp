@@ -30,9 +30,39 @@ fs::path Normal(const fs::path& path) {
     return failure ? fs::absolute(path).lexically_normal() : real;
 }
 
+// Real paths. Most files of a run lie in few folders, whose own are asked for once.
+class RealPaths {
+public:
+    fs::path Of(const fs::path& path) {
+        std::error_code failure;
+        if (!path.has_parent_path() || IsNameOfFolder(path.filename()) || fs::is_symlink(path, failure))
+            return Normal(path);
+        const auto [folder, isNew] = m_Folders.try_emplace(path.parent_path());
+        if (isNew)
+            folder->second = Normal(folder->first);
+        return folder->second / path.filename();
+    }
+
+private:
+    static bool IsNameOfFolder(const fs::path& name) { return name.empty() || name == "." || name == ".."; }
+
+    std::map<fs::path, fs::path> m_Folders;
+};
+
 bool IsDevice(const fs::path& place) {
     std::error_code failure;
     return fs::exists(place, failure) && !fs::is_regular_file(place, failure);
+}
+
+// REQUIRES: `place` is the real path of the target, and no device.
+std::string WhyNot(const TargetPlan& plan, const fs::path& place, const Target& target, const Input& input) {
+    if (plan.Sources.contains(place))
+        return target.File.string() + " is both read and written";
+    const auto other = plan.Written.find(place);
+    if (other == plan.Written.end() || other->second == &input)
+        return {};
+    return "both " + other->second->Path.string() + " and " + input.Path.string() + " would be written to " +
+           target.File.string();
 }
 
 // Plans for one command line.
@@ -42,7 +72,7 @@ public:
 
     TargetPlan Plan() {
         for (const Input& input : m_Inputs)
-            m_Plan.Sources.insert(Normal(input.Path));
+            m_Plan.Sources.insert(m_RealPaths.Of(input.Path));
         for (const Input& input : m_Inputs) {
             m_Plan.Targets.push_back(TargetsOf(input));
             for (const Target& target : m_Plan.Targets.back())
@@ -105,17 +135,20 @@ private:
                 throw Mistake("several files cannot go to standard output");
             return;
         }
-        const fs::path place = Normal(target.File);
-        if (const std::string why = m_Plan.WhyNot(target, input); !why.empty()) {
+        const fs::path place = m_RealPaths.Of(target.File);
+        if (IsDevice(place))
+            return;
+        if (const std::string why = WhyNot(m_Plan, place, target, input); !why.empty()) {
             const bool isOneName = m_Plan.Written.contains(place) && !m_Line.Outputs.empty();
             throw Mistake(why + (isOneName ? " (a name with a slash at its end is a folder)" : ""));
         }
-        if (!IsDevice(place) && !m_Plan.Written.emplace(place, &input).second)
+        if (!m_Plan.Written.emplace(place, &input).second)
             throw Mistake(target.File.string() + " is named twice as a target");
     }
 
     const CommandLine& m_Line;
     const std::vector<Input>& m_Inputs;
+    RealPaths m_RealPaths;
     TargetPlan m_Plan;
 };
 
@@ -123,15 +156,7 @@ private:
 
 std::string TargetPlan::WhyNot(const Target& target, const Input& input) const {
     const fs::path place = Normal(target.File);
-    if (IsDevice(place))
-        return {};
-    if (Sources.contains(place))
-        return target.File.string() + " is both read and written";
-    const auto other = Written.find(place);
-    if (other == Written.end() || other->second == &input)
-        return {};
-    return "both " + other->second->Path.string() + " and " + input.Path.string() + " would be written to " +
-           target.File.string();
+    return IsDevice(place) ? std::string() : ReferenceHost::WhyNot(*this, place, target, input);
 }
 
 TargetPlan PlanTargets(const CommandLine& line, const std::vector<Input>& inputs, std::string& mistake) {

@@ -82,6 +82,8 @@ TEST_F(Program, DoesWhatPeopleTypeAndSaysSo) {
     ASSERT_EQ(0, Run("a.tab -o score.nvf -q").ExitCode);
     Write("cut.nvf", Read("score.nvf").substr(0, 5000));
     Write("foreign.nvf", "This is no score");
+    fs::create_directory_symlink(".", Path() / "same");
+    fs::create_symlink("../a.tab", Path() / "twin/link.mid");
     const struct {
         const char* Arguments;
         int ExitCode;
@@ -121,6 +123,9 @@ TEST_F(Program, DoesWhatPeopleTypeAndSaysSo) {
         {"twin -o two/", 2, "both twin/a.tab and twin/a.txt would be written to two/a.nvf", "-two"},
         {"a.tab -o x.mid -o ./x.mid", 2, "named twice", ""},
         {"a.tab -o ./a.tab --to mid", 2, "both read and written", ""},
+        {"a.tab -o same/a.tab --to mid", 2, "both read and written", ""},
+        {"a.tab -o twin/link.mid", 2, "both read and written", ""},
+        {"a.tab -o same/x.mid -o x.mid", 2, "named twice", ""},
         {"a.tab b.btab -o - --to mid", 2, "several files cannot go to standard output", ""},
         {"a.tab -o -", 2, "needs one format", ""},
         {"a.tab -o /dev/full --to mid", 1, "cannot be written", ""},
