@@ -1,6 +1,7 @@
 #include "Projects/ReferenceHost/Converter.h"
 
 #include "Projects/Explain/Explanation.h"
+#include "Projects/Explain/WhyNot.h"
 #include "Projects/Formats/Formats.h"
 #include "Projects/Formats/Json.h"
 #include "Projects/Opening/WholeFile.h"
@@ -23,13 +24,12 @@ using Printing = CommandLine::Printing;
 
 namespace {
 
-// What would tidy the text up; nothing for a tidy one.
-std::string HelpOfPreparation(const fs::path& tab) {
-    const auto bytes = ReadWholeFile(tab);
+// What would tidy the text up, as a sentence; nothing for a tidy one.
+std::string HelpOfPreparation(const std::optional<std::string>& text) {
     std::string names;
-    for (const char* name : bytes ? TabText::StepsThatWouldHelp(*bytes) : std::vector<const char*>())
+    for (const char* name : text ? TabText::StepsThatWouldHelp(*text) : std::vector<const char*>())
         names += (names.empty() ? "" : ", ") + std::string(name);
-    return names.empty() ? names : SummaryLine("Untidy", "--prepare would help: " + names);
+    return names.empty() ? names : "--prepare would help: " + names;
 }
 
 // Empty when it went well, else a sentence that says what is wrong. What goes to standard output is appended
@@ -105,9 +105,23 @@ JobResult Converter::ConvertInput(const Input& input, const std::vector<Target>&
     std::optional<TemporaryTab> name;
     const bool isChanged = !parts.empty() && parts.front().Text.IsChanged();
     const Formats::Wanted wanted = WantedFor(targets);
-    const Opened opened =
+    Opened opened =
         isChanged ? OpenPrepared(parts.front().Text, input, wanted, name) : Open(input, wanted, name);
+    if (!opened.Conversion && opened.Ended != Status::Cancelled && m_Line.Preparation.empty())
+        opened.Reason += HelpForRefused(input, name);
     return Finish(input, {}, opened, targets);
+}
+
+std::string Converter::HelpForRefused(const Input& input, const std::optional<TemporaryTab>& name) const {
+    // A stream is there once.
+    if (input.What == Input::Kind::Score || (input.What == Input::Kind::Stream && !name))
+        return {};
+    const auto text = ReadWholeFile(name ? name->Path() : input.Path);
+    const std::string help = HelpOfPreparation(text);
+    if (help.empty())
+        return {};
+    const TemporaryTab tab = TemporaryTab::Write(m_Folder, "prepared", TabText::Prepare(*text).Text);
+    return !tab.Path().empty() && Explain::HoldsStave(tab.Path()) ? "; " + help : std::string();
 }
 
 Formats::Wanted Converter::WantedFor(const std::vector<Target>& targets) const {
@@ -280,8 +294,10 @@ std::string Converter::Printed(const Input& input, const Opened& opened,
         text += SummaryLine("Prepared",
                             std::to_string(std::count(opened.Changes.begin(), opened.Changes.end(), '@')) +
                                 " lines (--prepare=show, --explain)");
-    else if (m_Line.Preparation.empty() && conversion.Tab)
-        text += HelpOfPreparation(conversion.Tab->File);
+    else if (m_Line.Preparation.empty() && conversion.Tab) {
+        if (const std::string help = HelpOfPreparation(ReadWholeFile(conversion.Tab->File)); !help.empty())
+            text += SummaryLine("Untidy", help);
+    }
     text += DoubtSummary(conversion.GetDoubts(), m_Line.TellsDoubts);
     std::string row = "Written";
     for (const std::string& file : files) {

@@ -40,6 +40,9 @@ private:
 
     // What the public operations do where nothing throws.
     JobResult ConvertInput(const Input& input, const std::vector<Target>& targets) const;
+    // What to try on an input that gave no score, as the end of the sentence that says why; empty where its
+    // text gives none when it is prepared either. `name` is the temporary name of its text, if it has one.
+    std::string HelpForRefused(const Input& input, const std::optional<TemporaryTab>& name) const;
     Answer AnswerText(const std::string& text) const;
     Opened Open(const Input& input, Formats::Wanted wanted, std::optional<TemporaryTab>& name) const;
     Opened OpenTab(const std::filesystem::path& tab, const std::filesystem::path& source,

@@ -79,6 +79,9 @@ TEST_F(Program, DoesWhatPeopleTypeAndSaysSo) {
     Write("empty.tab", "");
     Write("binary.tab", std::string(200, '\x80') + "------------\n");
     Write("words.tab", "Only words, and no line of dashes.\n");
+    Write("gaps.tab",
+          "E|--0-----------|\n\nB|-------------|\n\nG|-------------|\n\nD|-------------|\n\nA|-----"
+          "--------|\n\nE|-------------|\n");
     ASSERT_EQ(0, Run("a.tab -o score.nvf -q").ExitCode);
     Write("cut.nvf", Read("score.nvf").substr(0, 5000));
     Write("foreign.nvf", "This is no score");
@@ -105,7 +108,10 @@ TEST_F(Program, DoesWhatPeopleTypeAndSaysSo) {
         {"single.tab", 1, "no stave", ""},
         {"empty.tab", 1, "is empty", ""},
         {"binary.tab", 1, "is not plain text", ""},
-        {"words.tab", 1, "no line has 11 dashes or more", ""},
+        {"words.tab", 1, "no line has 11 dashes or more\n", ""},
+        {"gaps.tab", 1, "one below the other); --prepare would help: short\n", ""},
+        {"- < gaps.tab", 1, "; --prepare would help: short\n", ""},
+        {"gaps.tab --prepare -o gaps.mid", 0, "Prepared", "gaps.mid"},
         {"in/prose.txt", 1, "in/prose.txt: is no tab: no line", ""},
         {"cut.nvf --to mid", 1, "the score cannot be read", "-cut.mid"},
         {"foreign.nvf --to mid", 1, "the score cannot be read", "-foreign.mid"},
