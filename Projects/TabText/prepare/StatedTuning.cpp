@@ -90,14 +90,16 @@ bool IsLink(string_view word) {
                    {"", "is", "to", "in", "guitar", "bass", "open", "=", ":"});
 }
 
-// The letters that begin with the word at `at`; single ones are put together.
+// The letters that begin with the word at `at`; single ones are put together. More than a tuning has are too
+// many, and none of them is left out; but "E A D G B E a half step down" goes on in words.
 string SpelledFrom(const std::vector<Word>& words, std::size_t at) {
     string letters = LettersIn(WithoutPunctuation(words[at]).Text);
     if (letters.size() != 1)
         return letters;
-    for (++at; at < words.size() && letters.size() < kMostStrings; ++at) {
-        const string next = LettersIn(WithoutPunctuation(words[at]).Text);
-        if (next.size() != 1)
+    for (++at; at < words.size(); ++at) {
+        const string_view word = WithoutPunctuation(words[at]).Text;
+        const string next = LettersIn(word);
+        if (next.size() != 1 || (letters.size() == kMostStrings && word != next))
             break;
         letters += next;
     }
