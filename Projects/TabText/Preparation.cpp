@@ -22,6 +22,9 @@ constexpr std::array kSteps = std::to_array<PreparationStep>({
      "without "
      "accents, the rest as \"?\" of the same width",
      true, RunAscii},
+    {"markup",
+     "What mails and web pages put around a text away: \"> \" before its lines, tags, \"&gt;\" and the like",
+     true, RunMarkup},
     {"prose", "Hyphens of words and rules that would be read as a stave, or as a string of one, to \"=\"",
      true, RunProse},
     {"short",

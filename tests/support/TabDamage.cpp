@@ -103,6 +103,21 @@ string InAnOldCodePage(const string& text, Dice& dice) {
     return dice.Roll(2) == 0 ? Replace(text, "\x96", "\xA6") : Replace(text, "\xC4", "\xB3");
 }
 
+string InAMail(const string& text, Dice& dice) {
+    const string mark = dice.Roll(2) == 0 ? "> " : "> > ";
+    return "Hello,\n" + EachLine(text, [&](const Lines& lines, std::size_t at, Lines& changed) {
+               changed.push_back(lines[at].empty() ? mark.substr(0, mark.size() - 1) : mark + lines[at]);
+           });
+}
+
+// As a page has it that shows notes in bold.
+string OnAPage(const string& text, Dice& /*dice*/) {
+    string page = "<html><body><pre>\n";
+    for (const char c : text)
+        page += IsDigit(c) ? string("<b>") + c + "</b>" : c == ' ' ? string("&nbsp;") : string(1, c);
+    return page + "</pre></body></html>\n";
+}
+
 string InUtf16(const string& text, Dice& dice) {
     const bool isLowFirst = dice.Roll(2) == 0;
     string wide = isLowFirst ? "\xFF\xFE" : "\xFE\xFF";
@@ -312,6 +327,8 @@ constexpr std::array kDamages = std::to_array<TabDamage>({
     {"double", "a blank line after each string", "", true, nullptr, DoublySpaced},
     {"annotation", "an annotation (PM---) right above each stave", "", true, nullptr, WithAnnotations},
     {"signature", "rules and hyphens of an e-mail", "", true, nullptr, WithSignature},
+    {"mail", "answered in a mail, once or twice", "", true, nullptr, InAMail},
+    {"page", "a web page with tags and entities", "", true, nullptr, OnAPage},
     {"rules", "a rule right above and below each stave", "", true, nullptr, WithRules},
     {"rules between", "a rule in place of the blank line between staves", "", true, nullptr,
      WithRulesBetween},

@@ -51,6 +51,14 @@ std::vector<DraftLine> SplitLines(string_view text) {
     return lines;
 }
 
+// Where the character of the line as it is now stood; beyond its end it goes on.
+int OriginalColumn(const DraftLine& line, int column) {
+    if (column < static_cast<int>(line.Columns.size()))
+        return line.Columns[static_cast<std::size_t>(column)];
+    return line.Columns.empty() ? column
+                                : line.Columns.back() + column - (static_cast<int>(line.Text.size()) - 1);
+}
+
 string_view UsualLineEnd(const std::vector<DraftLine>& lines) {
     return lines.front().End.empty() ? string_view("\n") : lines.front().End;
 }
@@ -108,23 +116,17 @@ void Draft::Insert(int line, const std::vector<Insertion>& insertions) {
         return;
     DraftLine& entry = m_Lines[static_cast<std::size_t>(line)];
     const auto length = static_cast<int>(entry.Text.size());
-    const auto placeOf = [&](int column) {
-        const bool isKnown = column < static_cast<int>(entry.Columns.size());
-        if (isKnown)
-            return entry.Columns[static_cast<std::size_t>(column)];
-        return entry.Columns.empty() ? column : entry.Columns.back() + column - (length - 1);
-    };
     string text;
     std::vector<int> columns;
     auto next = insertions.begin();
     for (int column = 0; column <= length; ++column) {
         for (; next != insertions.end() && next->Column == column; ++next) {
             text += next->Character;
-            columns.push_back(placeOf(column));
+            columns.push_back(OriginalColumn(entry, column));
         }
         if (column < length) {
             text += entry.Text[static_cast<std::size_t>(column)];
-            columns.push_back(placeOf(column));
+            columns.push_back(OriginalColumn(entry, column));
         }
     }
     for (MappedBend& bend : entry.Bends)
@@ -133,6 +135,29 @@ void Draft::Insert(int line, const std::vector<Insertion>& insertions) {
                           [&](const Insertion& insertion) { return insertion.Column <= bend.Column; }));
     entry.Text = std::move(text);
     entry.Columns = std::move(columns);
+    Mark(entry);
+}
+
+void Draft::Erase(int line, const std::vector<int>& columns) {
+    if (columns.empty())
+        return;
+    DraftLine& entry = m_Lines[static_cast<std::size_t>(line)];
+    string text;
+    std::vector<int> kept;
+    auto next = columns.begin();
+    for (int column = 0; column < static_cast<int>(entry.Text.size()); ++column) {
+        if (next != columns.end() && *next == column) {
+            ++next;
+            continue;
+        }
+        text += entry.Text[static_cast<std::size_t>(column)];
+        kept.push_back(OriginalColumn(entry, column));
+    }
+    for (MappedBend& bend : entry.Bends)
+        bend.Column -= static_cast<int>(
+            std::count_if(columns.begin(), columns.end(), [&](int column) { return column < bend.Column; }));
+    entry.Text = std::move(text);
+    entry.Columns = std::move(kept);
     Mark(entry);
 }
 

@@ -72,6 +72,8 @@ public:
     void KeepBend(int line, MappedBend bend);
     /// Puts each character before its column, which is one of the line as it is now. By ascending column.
     void Insert(int line, const std::vector<Insertion>& insertions);
+    /// Takes the characters at these columns, ascending, away.
+    void Erase(int line, const std::vector<int>& columns);
     /// Puts the lines in this order; those that are not mentioned are removed. A plan that mentions all lines
     /// in their order and no others changes nothing.
     void Rearrange(std::vector<PlannedLine> plan);

@@ -7,6 +7,7 @@ namespace TabText {
 class Draft;
 
 void RunAscii(Draft& draft);
+void RunMarkup(Draft& draft);
 void RunProse(Draft& draft);
 void RunShort(Draft& draft);
 void RunApart(Draft& draft);

@@ -137,6 +137,35 @@ TEST(PreparationSteps, TellStavesFromTheirSurroundings) {
         ExpectCase(row);
 }
 
+TEST(PreparationSteps, TakeAwayWhatMailsAndPagesPutAround) {
+    const Case rows[] = {
+        {"markup",
+         "Ann:\n> > Hi\n> >\n> > G|-0-----|\n> > D|-------|\n> > A|-------|\n> > E|-------|\n> no\n",
+         "Ann:\nHi\n\nG|-0-----|\nD|-------|\nA|-------|\nE|-------|\nno\n", "answered twice"},
+        {"markup", ">   > >\n>G|-0-----|\n>D|-------|\n>A|-------|\n>E|-------|\n",
+         "   > >\nG|-0-----|\nD|-------|\nA|-------|\nE|-------|\n", "without blanks, and with accents"},
+        {"markup", "  > >\nG|-0-----|\n>|-------|\nA|-------|\nE|-------|\n",
+         "  > >\nG|-0-----|\n>|-------|\nA|-------|\nE|-------|\n", "no answer"},
+        {"markup", ">G|-0-----|\n>D|-------|\n>A|-------|\n", ">G|-0-----|\n>D|-------|\n>A|-------|\n",
+         "no stave"},
+        {"markup", "<PRE class=\"tab\"><b>Riff</b>\nG|-<i>0</i>-<12>-|\n</PRE><br/> a<3 &lt;b>\n",
+         "Riff\nG|-0-<12>-|\n a<3 <b>\n", "tags, and what is none"},
+        {"markup", "<b>Riff\n|-<12>-|\n", "<b>Riff\n|-<12>-|\n", "nothing ends"},
+        {"markup", "Tom &amp; I&nbsp;&ndash; &copy; AT&T;\n", "Tom & I - &copy; AT&T;\n",
+         "characters by name"},
+    };
+    for (const Case& row : rows)
+        ExpectCase(row);
+    const std::vector steps{TabText::FindPreparationStep("markup")};
+    EXPECT_EQ("a,-- &#8211 &#99999999999; &#;",
+              TabText::Prepare("a&#44;&#x2013;&#8212; &#8211 &#99999999999; &#;", steps).Text)
+        << "characters by number";
+    const TabText::PreparedText page = TabText::Prepare("<pre>a<b>&lt;c</b></pre>", steps);
+    EXPECT_EQ("a<c", page.Text);
+    for (const auto& [column, original] : {std::pair{0, 5}, {1, 9}, {2, 13}, {4, 15}})
+        EXPECT_EQ((TabText::TextPlace{0, original}), page.Map.ToOriginal(0, column)) << column;
+}
+
 TEST(PreparationSteps, MakeNotesPlain) {
     const Case rows[] = {
         {"tuning", "Tuning: D G C F\n\nG|-0-|\nD|---|\nA|---|\nE|---|\n",
