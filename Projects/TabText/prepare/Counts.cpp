@@ -129,9 +129,11 @@ private:
                 continue;
             const TabBar& bar = *GetBars()[counted.Index];
             string& text = texts.try_emplace(counted.Line, m_Draft.GetLine(counted.Line)).first->second;
-            for (const Count& count : counted.Counts)
+            for (const Count& count : counted.Counts) {
+                const int column = bar.GetStartColumn() + count.Column;
                 if (!IsLeft(count, *counted.Way))
-                    text[static_cast<std::size_t>(bar.GetStartColumn() + count.Column)] = ' ';
+                    text[static_cast<std::size_t>(column)] = ' ';
+            }
         }
         return texts;
     }

@@ -113,15 +113,17 @@ private:
     // A label reaches over single blanks.
     bool HasRoom(int line, const TabBar& bar) const {
         constexpr int kBlanksAfterLabel = 3;
-        return IsBlank(line, static_cast<std::size_t>(std::max(bar.GetStartColumn() - kBlanksAfterLabel, 0)),
-                       static_cast<std::size_t>(bar.GetStartColumn() + bar.GetWidth()));
+        const int first = std::max(bar.GetStartColumn() - kBlanksAfterLabel, 0);
+        const int end = bar.GetStartColumn() + bar.GetWidth();
+        return IsBlank(line, static_cast<std::size_t>(first), static_cast<std::size_t>(end));
     }
 
     std::string TextOf(const RhythmPlan& plan) const {
         std::string text = IsBlank(plan.Line) ? std::string() : m_Draft.GetLine(plan.Line);
         for (const TabBar* bar : plan.Bars)
             for (const RhythmSign& sign : m_Wanted.at(bar).Signs) {
-                const auto column = static_cast<std::size_t>(bar->GetStartColumn() + sign.Column);
+                const int signColumn = bar->GetStartColumn() + sign.Column;
+                const auto column = static_cast<std::size_t>(signColumn);
                 if (text.size() <= column)
                     text.resize(column + 1, ' ');
                 text[column] = sign.Sign;

@@ -176,9 +176,9 @@ private:
         const int slash = column - word.Column;
         // Of "Csus2/4" the chord stays.
         const int kept = IsChordName(word.Text.substr(0, static_cast<std::size_t>(slash))) ? slash : 0;
-        const auto start = static_cast<std::size_t>(word.Column + kept);
+        const int start = word.Column + kept;
         const std::size_t length = word.Text.size() - static_cast<std::size_t>(kept);
-        text.replace(start, length, length, ' ');
+        text.replace(static_cast<std::size_t>(start), length, length, ' ');
     }
 
     const Draft& m_Draft;
