@@ -76,8 +76,10 @@ std::string TerminalPainter::Paint(const DialogState& state, DialogExtent screen
     for (int row = 0; row < rows; ++row) {
         out += MoveCursor(left, top + row);
         for (int column = 0; column < columns; ++column) {
-            const Cell& cell = canvas[static_cast<std::size_t>(firstRow + row)]
-                                     [static_cast<std::size_t>(firstColumn + column)];
+            const int shownRow = firstRow + row;
+            const int shownColumn = firstColumn + column;
+            const Cell& cell =
+                canvas[static_cast<std::size_t>(shownRow)][static_cast<std::size_t>(shownColumn)];
             if (cell.Underlined)
                 out += "\x1b[4m";
             if (cell.Inverted)
