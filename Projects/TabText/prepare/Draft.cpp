@@ -129,10 +129,12 @@ void Draft::Insert(int line, const std::vector<Insertion>& insertions) {
             columns.push_back(OriginalColumn(entry, column));
         }
     }
-    for (MappedBend& bend : entry.Bends)
-        bend.Column += static_cast<int>(
-            std::count_if(insertions.begin(), insertions.end(),
-                          [&](const Insertion& insertion) { return insertion.Column <= bend.Column; }));
+    for (MappedBend& bend : entry.Bends) {
+        const auto after = std::upper_bound(
+            insertions.begin(), insertions.end(), bend.Column,
+            [](int column, const Insertion& insertion) { return column < insertion.Column; });
+        bend.Column += static_cast<int>(after - insertions.begin());
+    }
     entry.Text = std::move(text);
     entry.Columns = std::move(columns);
     Mark(entry);
@@ -154,8 +156,8 @@ void Draft::Erase(int line, const std::vector<int>& columns) {
         kept.push_back(OriginalColumn(entry, column));
     }
     for (MappedBend& bend : entry.Bends)
-        bend.Column -= static_cast<int>(
-            std::count_if(columns.begin(), columns.end(), [&](int column) { return column < bend.Column; }));
+        bend.Column -=
+            static_cast<int>(std::lower_bound(columns.begin(), columns.end(), bend.Column) - columns.begin());
     entry.Text = std::move(text);
     entry.Columns = std::move(kept);
     Mark(entry);
