@@ -131,10 +131,11 @@ Json DoubtsJson(const std::vector<TabText::Doubt>& doubts) {
 
 Json MarksJson(const TabText::TabReading& reading, const TabText::Markings& markings, const TabPlace& tab) {
     Json list = Json::array();
-    // A stave and the line above it may ask for the same.
+    // A stave and the line above it may ask for the same. A further bend goes on from the one before it.
     std::set<std::tuple<std::size_t, int, int, Score::Technique>> told;
     for (const TabText::NoteMark& mark : markings.Notes) {
-        if (!told.emplace(mark.Bar, mark.NoteLine, mark.NoteColumn, mark.What.Kind).second)
+        const bool isNew = told.emplace(mark.Bar, mark.NoteLine, mark.NoteColumn, mark.What.Kind).second;
+        if (!isNew && mark.What.Kind != Score::Technique::Bend)
             continue;
         const TabText::TextPlace place = tab.ToOriginal(mark.NoteLine, mark.NoteColumn);
         list.push_back({{"kind", Score::NameOf(mark.What.Kind).Id},

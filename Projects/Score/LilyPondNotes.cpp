@@ -92,6 +92,22 @@ std::string BendText(int quarterTones) {
     return whole == 0 ? part : std::to_string(whole) + " " + part;
 }
 
+// What stands above the first note that is bent: "bend full, on to 1 1/2"; empty for none.
+std::string BendsText(const WrittenPiece& piece) {
+    for (const ModelNote& note : *piece.Notes) {
+        std::string text;
+        int reached = 0;
+        for (const ModelTechnique& bend : note.Techniques)
+            if (bend.Kind == Technique::Bend) {
+                reached += bend.Amount;
+                text += (text.empty() ? "bend " : ", on to ") + BendText(reached);
+            }
+        if (!text.empty())
+            return text;
+    }
+    return {};
+}
+
 // The notes of the piece with that technique which lead to a note of their string in the next one: their
 // places in both.
 std::vector<Step> StepsOf(const WrittenPiece& piece, const WrittenPiece* next, Technique kind) {
@@ -234,8 +250,8 @@ std::string LilyPondNotes::BendAt(const WrittenPiece& piece, const WrittenPiece*
     m_IsBent = bend != nullptr && isDrawn;
     std::string text;
     if (bend != nullptr)
-        text = SmallText("bend " + BendText(bend->Amount) +
-                         (FindIn(piece, Technique::Release) != nullptr ? ", release" : ""));
+        text =
+            SmallText(BendsText(piece) + (FindIn(piece, Technique::Release) != nullptr ? ", release" : ""));
     if (isDrawn)
         return text + "\\^";
     return bend == nullptr ? "" : text + "\\bendAfter #2 ";

@@ -71,11 +71,28 @@ int BendValue(int quarterTones) {
     return std::clamp(quarterTones, -kRange, kRange) * kGreatestBend / kRange;
 }
 
-// From 0 to the whole bend between two times, in equal steps.
-void AddRamp(std::vector<PitchBend>& bends, int string, int start, int end, int quarterTones) {
+// From one bend to another between two times, in equal steps.
+void AddRamp(std::vector<PitchBend>& bends, int string, int start, int end, int quarterTones, int from = 0) {
+    const int rise = BendValue(quarterTones) - BendValue(from);
     for (int step = 1; step <= kStepsOfABend; ++step)
         bends.push_back({start + (end - start) * step / kStepsOfABend, string,
-                         BendValue(quarterTones) * step / kStepsOfABend});
+                         BendValue(from) + rise * step / kStepsOfABend});
+}
+
+// One after the other within the first half of the note.
+void AddBendsUp(std::vector<PitchBend>& bends, const SoundingNote& note) {
+    const auto isBend = [](const ModelTechnique& technique) { return technique.Kind == Technique::Bend; };
+    const auto& all = *note.Techniques;
+    const auto count = static_cast<int>(std::count_if(all.begin(), all.end(), isBend));
+    const auto timeOf = [&](int index) { return note.Start + (note.End - note.Start) * index / (2 * count); };
+    int index = 0;
+    int reached = 0;
+    for (const ModelTechnique& bend : all)
+        if (isBend(bend)) {
+            AddRamp(bends, note.String, timeOf(index), timeOf(index + 1), reached + bend.Amount, reached);
+            reached += bend.Amount;
+            ++index;
+        }
 }
 
 // And back; the last step is that to 0.
@@ -93,9 +110,9 @@ void AddBends(std::vector<PitchBend>& bends, const SoundingNote& note, const Sou
     if (length <= 0 || (bend == nullptr && !slides))
         return;
     if (bend != nullptr)
-        AddRamp(bends, note.String, note.Start, note.Start + length / 2, bend->Amount);
+        AddBendsUp(bends, note);
     if (bend != nullptr && Has(note, Technique::Release))
-        AddRelease(bends, note.String, note.End - length / 3, note.End, bend->Amount);
+        AddRelease(bends, note.String, note.End - length / 3, note.End, WholeBend(*note.Techniques));
     if (bend == nullptr)
         AddRamp(bends, note.String, note.End - length / 3, note.End,
                 (next->Midi - note.Midi) * kQuarterTonesPerSemitone);

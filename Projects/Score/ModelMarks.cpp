@@ -42,6 +42,13 @@ std::string JumpText(const ModelWay& way) {
     }
 }
 
+int WholeBend(const std::vector<ModelTechnique>& techniques) {
+    int quarterTones = 0;
+    for (const ModelTechnique& technique : techniques)
+        quarterTones += technique.Kind == Technique::Bend ? technique.Amount : 0;
+    return quarterTones;
+}
+
 const ModelTechnique* FindTechnique(const std::vector<ModelTechnique>& techniques, Technique kind) {
     const auto found = std::find_if(techniques.begin(), techniques.end(),
                                     [&](const ModelTechnique& technique) { return technique.Kind == kind; });

@@ -15,7 +15,8 @@ enum class Technique {
     /// Into the note from nowhere in particular, and out of it; Amount is 1 for upward, -1 for downward.
     SlideIn,
     SlideOut,
-    /// Amount is in quarter tones: 4 for a whole tone up. A release has the same note's bend before it.
+    /// Amount is in quarter tones: 4 for a whole tone up. A release has the same note's bend before it. Each
+    /// further bend of a note goes on from the one before it; the release is of all of them.
     Bend,
     Release,
     Vibrato,
@@ -116,7 +117,10 @@ struct ModelHeading {
     bool operator==(const ModelHeading&) const = default;
 };
 
-/// The technique of that kind; null when the list has none.
+/// The quarter tones of all bends of a note together; 0 for none.
+int WholeBend(const std::vector<ModelTechnique>& techniques);
+
+/// The first technique of that kind; null when the list has none.
 const ModelTechnique* FindTechnique(const std::vector<ModelTechnique>& techniques, Technique kind);
 
 } // namespace Score

@@ -33,12 +33,9 @@ std::string SemitonesText(int quarterTones) {
     return std::to_string(quarterTones / 2) + (quarterTones % 2 == 0 ? "" : ".5");
 }
 
-void WriteBend(xml_node technical, const ModelTechnique& technique, bool isReleased) {
-    Add(Add(technical, "bend"), "bend-alter", SemitonesText(technique.Amount));
-    if (!isReleased)
-        return;
+void WriteRelease(xml_node technical, int quarterTones) {
     xml_node release = Add(technical, "bend");
-    Add(release, "bend-alter", "-" + SemitonesText(technique.Amount));
+    Add(release, "bend-alter", "-" + SemitonesText(quarterTones));
     Add(release, "release");
 }
 
@@ -159,11 +156,13 @@ void MusicXmlMarks::WriteNotations(xml_node notations, xml_node technical, const
     const bool isBent = Has(model, Technique::Bend);
     for (const ModelTechnique& technique : model.Techniques) {
         if (technique.Kind == Technique::Bend) {
-            WriteBend(technical, technique, Has(model, Technique::Release));
+            Add(Add(technical, "bend"), "bend-alter", SemitonesText(technique.Amount));
             continue;
         }
-        if (technique.Kind == Technique::Release && isBent)
+        if (technique.Kind == Technique::Release && isBent) {
+            WriteRelease(technical, WholeBend(model.Techniques));
             continue;
+        }
         if (!LeadsToTheNext(technique.Kind)) {
             WriteTechnique(notations, technical, technique);
             continue;

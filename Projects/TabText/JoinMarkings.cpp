@@ -93,11 +93,23 @@ private:
         return event.Notes.insert(place, std::move(note));
     }
 
+    // After a release it would be another bend, which a note does not have.
+    static void AddFurtherBend(ModelNote& note, const Score::ModelTechnique& bend) {
+        if (Score::FindTechnique(note.Techniques, Technique::Release) != nullptr)
+            return;
+        const auto place =
+            std::find_if(note.Techniques.begin(), note.Techniques.end(),
+                         [](const Score::ModelTechnique& other) { return other.Kind > Technique::Bend; });
+        note.Techniques.insert(place, bend);
+    }
+
     static void AddTechnique(ModelNote& note, const Score::ModelTechnique& what) {
         const auto place =
             std::find_if(note.Techniques.begin(), note.Techniques.end(),
                          [&](const Score::ModelTechnique& other) { return other.Kind >= what.Kind; });
-        if (place == note.Techniques.end() || place->Kind != what.Kind)
+        if (what.Kind == Technique::Bend && Score::FindTechnique(note.Techniques, Technique::Bend) != nullptr)
+            AddFurtherBend(note, what);
+        else if (place == note.Techniques.end() || place->Kind != what.Kind)
             note.Techniques.insert(place, what);
     }
 

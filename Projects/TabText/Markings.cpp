@@ -29,6 +29,28 @@ void SetBends(const LineMap& map, std::vector<NoteMark>& marks) {
                 mark.What.Amount = quarterTones;
 }
 
+bool IsOfTheSameNote(const NoteMark& a, const NoteMark& b) {
+    return a.Bar == b.Bar && a.NoteLine == b.NoteLine && a.NoteColumn == b.NoteColumn;
+}
+
+// A note that is bent farther ("10b12b13") has a second bend, which the text must say the amount of.
+void TakeVagueBends(const LineMap* map, Markings& markings) {
+    std::vector<NoteMark> kept;
+    bool isBent = false;
+    for (const NoteMark& mark : markings.Notes) {
+        const bool isBend = mark.What.Kind == Score::Technique::Bend;
+        isBent = isBent && IsOfTheSameNote(kept.back(), mark) && mark.What.Kind != Score::Technique::Release;
+        if (isBend && isBent && (map == nullptr || map->QuarterTonesOfBend(mark.Line, mark.Column) == 0)) {
+            markings.Unclear.push_back({{mark.Line, mark.Column, mark.EndColumn},
+                                        "it is not clear how far the bend before it goes on"});
+            continue;
+        }
+        isBent = isBent || isBend;
+        kept.push_back(mark);
+    }
+    markings.Notes = std::move(kept);
+}
+
 } // namespace
 
 Markings ReadMarkings(const TabReading& reading, const LineMap* map) {
@@ -45,6 +67,7 @@ Markings ReadMarkings(const TabReading& reading, const LineMap* map) {
     ReadBendsAbove(reading, markings.Notes, markings.Unclear);
     if (map != nullptr)
         SetBends(*map, markings.Notes);
+    TakeVagueBends(map, markings);
     ReadMarksAbove(reading, markings.Notes, markings.Unclear);
     markings.Heading = ReadHeading(reading);
     BarMarks found;

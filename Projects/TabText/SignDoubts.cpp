@@ -46,14 +46,20 @@ public:
 private:
     void MarkUsed() {
         m_IsUsed.resize(static_cast<std::size_t>(m_Reading.GetFile().GetLineCount()));
-        for (const NoteMark& mark : m_Markings.Notes) {
-            std::vector<bool>& line = m_IsUsed[static_cast<std::size_t>(mark.Line)];
-            line.resize(std::max(line.size(), static_cast<std::size_t>(mark.EndColumn)));
-            std::fill(line.begin() + mark.Column, line.begin() + mark.EndColumn, true);
-        }
+        for (const NoteMark& mark : m_Markings.Notes)
+            MarkUsed({mark.Line, mark.Column, mark.EndColumn});
+        // Said already.
+        for (const UnclearSign& sign : m_Markings.Unclear)
+            MarkUsed(sign.Span);
         for (const BarMark& mark : m_Markings.Bars)
             if (mark.Repeats.IsStart || mark.Repeats.IsEnd)
                 m_Repeats.insert(mark.Bar);
+    }
+
+    void MarkUsed(const SignSpan& span) {
+        std::vector<bool>& line = m_IsUsed[static_cast<std::size_t>(span.Line)];
+        line.resize(std::max(line.size(), static_cast<std::size_t>(span.EndColumn)));
+        std::fill(line.begin() + span.Column, line.begin() + span.EndColumn, true);
     }
 
     bool IsUsed(int line, std::size_t column) const {

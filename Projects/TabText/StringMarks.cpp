@@ -93,9 +93,10 @@ private:
 
     void Add(const Stop& stop, ModelTechnique what, std::size_t start, std::size_t end) {
         const auto column = [&](std::size_t place) { return m_StartColumn + static_cast<int>(place); };
-        // "*12*" says it twice.
-        if (!m_Marks.empty() && m_Marks.back().What == what && m_Marks.back().Bar == m_BarIndex &&
-            m_Marks.back().NoteLine == m_Line && m_Marks.back().NoteColumn == column(stop.Start)) {
+        // "*12*" says it twice; "10b12b14" goes on.
+        if (what.Kind != Technique::Bend && !m_Marks.empty() && m_Marks.back().What == what &&
+            m_Marks.back().Bar == m_BarIndex && m_Marks.back().NoteLine == m_Line &&
+            m_Marks.back().NoteColumn == column(stop.Start)) {
             m_Marks.back().EndColumn = column(end);
             return;
         }
@@ -228,10 +229,21 @@ private:
         if ((sign.Kind == Technique::PullOff && At(at + 1) == 'b') ||
             (sign.Text == "^" && m_After->Fret == m_Before->Fret))
             return;
+        if (GoesOnBending(sign, at)) {
+            Add(*m_Before, {Technique::Bend, (m_After->Fret - m_Before->Fret) * kQuarterTonesPerSemitone}, at,
+                at + 1);
+            return;
+        }
         Technique kind = sign.Kind;
         if (sign.Text == "^" && m_After->Fret < m_Before->Fret)
             kind = Technique::PullOff;
         Add(*m_Before, {kind, 0}, at, at + 1);
+    }
+
+    // "10b12^13"
+    bool GoesOnBending(const Sign& sign, std::size_t at) const {
+        return sign.Text == "^" && IsAmountOfABend(*m_Before) && m_Before->End == at &&
+               m_After->Start == at + 1 && m_After->Fret > m_Before->Fret;
     }
 
     // True when the sign at `at` leads on from `stop`, or to it, with no dash and little else between them.

@@ -84,10 +84,13 @@ private:
         if (!isBend)
             return m_IsBent ? BlankRelease(at) : 0;
         m_Text[at] = 'b';
+        // From where an amount of tones would count is not clear.
+        const bool isTold = !m_IsBent || TargetAfter(m_Text, at + 1).Value > m_From;
         m_IsBent = true;
         if (m_Text.find_first_of("0123456789", at) >= amount.End)
             return amount.End;
-        m_Bends.push_back({static_cast<int>(at), amount.QuarterTones});
+        if (isTold)
+            m_Bends.push_back({static_cast<int>(at), amount.QuarterTones});
         m_From += amount.QuarterTones / kQuarterTonesPerSemitone;
         Blank(at + 1, amount.End);
         return amount.End;

@@ -139,6 +139,11 @@ TEST(Midi, BendsTheStringOfABendOrSlide) {
     EXPECT_EQ("181: 14/1 42 73", release[9]) << "seven eighths of it, in the last third";
     EXPECT_EQ("245: 14/1 42 65", release[15]) << "an eighth";
     EXPECT_EQ("256: 14/1 0 64", release[17]);
+    score.Bars[0].Events[0].Notes[0].Techniques = {{Technique::Bend, 4}, {Technique::Bend, 2}};
+    const std::vector<std::string> farther = PlayedLines(score);
+    ASSERT_EQ(19U, farther.size());
+    EXPECT_EQ("64: 14/1 85 74", farther[8]) << "the first after a quarter of the note";
+    EXPECT_EQ("128: 14/1 127 79", farther[16]) << "a quarter of the range, after half of it";
     const std::string bytes = MidiBytes(score);
     const std::vector<std::string> all = PlainReader(bytes).Read();
     EXPECT_EQ(1, std::count(all.begin(), all.end(), "0: 11/1 6 12")) << "twelve semitones either way";

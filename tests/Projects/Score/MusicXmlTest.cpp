@@ -115,6 +115,11 @@ TEST(MusicXml, SaysHowNotesArePlayed) {
     EXPECT_EQ(1U, Count(document, "//note[1]//technical/bend[1][bend-alter='2'][not(release)]"));
     EXPECT_EQ(1U, Count(document, "//note[1]//technical/bend[2][bend-alter='-2']/release"));
     EXPECT_EQ(0U, Count(document, "//note[1]//other-technical"));
+    score.Bars[0].Events[0].Notes[0].Techniques = {
+        {Technique::Bend, 4}, {Technique::Bend, 2}, {Technique::Release, 0}};
+    ASSERT_TRUE(document.load_string(MusicXmlText(score).c_str()));
+    EXPECT_EQ(1U, Count(document, "//note[1]//technical/bend[2][bend-alter='1'][not(release)]"));
+    EXPECT_EQ(1U, Count(document, "//note[1]//technical/bend[3][bend-alter='-3']/release"));
     score.Bars[0].Events[0].Notes[0].Techniques.clear();
     EXPECT_EQ(without, MusicXmlText(score));
 }

@@ -113,6 +113,9 @@ TEST(Markings, OfNotes) {
         {With("|-2b3-7b12-|"), "2 bend 2, 6 bend 10", "higher frets"},
         {With("|-7b5-|"), "2 bend 4", "nobody bends down"},
         {With("|-7b9b7---|"), "2 bend 4, 4 release", "and back"},
+        {With("|-10b12b13-|"), "2 bend 4, 5 bend 2", "and farther"},
+        {With("|-10b12^13-|"), "2 bend 4, 5 bend 2", "by the other sign"},
+        {With("|-10b12--^13-|"), "2 bend 4, 5 hammer", "apart from it"},
         {With("|-7pb9----|"), "2 bend 4", "bent before it is struck"},
         {With("|-7---b9--|"), "2 bend 4", "up to that"},
         {With("|-7---b5--|"), "", "nothing says what is bent"},
@@ -183,15 +186,16 @@ TEST(Markings, OfNotes) {
 }
 
 TEST(Markings, KnowTheBendsOfAPreparedText) {
-    const TabText::PreparedText prepared = TabText::Prepare(
-        "e|-000-7b8r7~-7b1/2-5^7-7b-|\n" + TestSupport::Stave("-|------------------------|", 5));
+    const TabText::PreparedText prepared =
+        TabText::Prepare("e|-000-7b8r7~-7b1/2-5^7-7b-9b11^12-9b10b1-|\n" +
+                         TestSupport::Stave("-|----------------------------------------|", 5));
     const ReadText reading(prepared.Text);
     std::string bends;
     for (const TabText::NoteMark& mark : TabText::ReadMarkings(*reading, &prepared.Map).Notes)
         if (mark.What.Kind == Technique::Bend)
             bends += prepared.Text.substr(static_cast<std::size_t>(mark.NoteColumn), 2) +
                      std::to_string(mark.What.Amount) + " ";
-    EXPECT_EQ("7b2 7b2 5b4 7b4 ", bends) << prepared.Text;
+    EXPECT_EQ("7b2 7b2 5b4 7b4 9b4 9b2 9b2 ", bends) << prepared.Text;
     EXPECT_TRUE(prepared.Text.starts_with("e|-0-0-0-")) << "the signs have other columns";
 }
 
