@@ -471,4 +471,31 @@ TEST(Markings, JoinNumbersThatEndInOneColumn) {
               score.Bars[0].Events[0].Notes[1].Techniques);
 }
 
+TEST(Markings, JoinBendsThatGoOn) {
+    const struct {
+        const char *Line, *Why;
+        std::vector<Score::ModelTechnique> Expected;
+    } rows[] = {
+        {"|-9b11b12r9-|",
+         "one release of both",
+         {{Technique::Bend, 4}, {Technique::Bend, 2}, {Technique::Release}}},
+        {"|-9b11r9b11-|",
+         "a bend after the release is none of the note's",
+         {{Technique::Bend, 4}, {Technique::Release}}},
+    };
+    for (const auto& row : rows) {
+        const std::string line = row.Line;
+        const TabText::PreparedText prepared = TabText::Prepare(
+            TestSupport::Stave("|" + std::string(line.size() - 2, '-') + "|", 5) + line + "\n");
+        const ReadText reading(prepared.Text);
+        Score::ScoreModel score;
+        score.Tuning = {40, 45, 50, 55, 59, 64};
+        score.Bars.resize(1);
+        score.Bars[0].Events = {{0, 1024, {{0, 9, 49, 28, false}}}};
+        TabText::JoinMarkings(*reading, TabText::ReadMarkings(*reading, &prepared.Map), score);
+        EXPECT_EQ(row.Expected, score.Bars[0].Events[0].Notes[0].Techniques) << row.Why << "\n"
+                                                                             << prepared.Text;
+    }
+}
+
 } // namespace
