@@ -62,6 +62,13 @@ byId('copy-link').addEventListener('click', async () => {
     }
 });
 byId('print').addEventListener('click', () => page.print());
+const screenTitle = document.title;
+addEventListener('beforeprint', () => {
+    page.layPaper(byId('paper'));
+    // Browsers name the file after it.
+    document.title = page.title;
+});
+addEventListener('afterprint', () => (document.title = screenTitle));
 byId('about-open').addEventListener('click', openAbout);
 
 for (const button of document.querySelectorAll<HTMLButtonElement>('.views button'))

@@ -9,7 +9,7 @@ import { whyNotOpened, whyNotRead } from '../text/checkInput';
 import type { Measure } from '../text/widths';
 import { DoubtList } from '../ui/DoubtList';
 import { download, nameWith } from '../ui/download';
-import { byId, radioGroup } from '../ui/elements';
+import { byId, make, radioGroup } from '../ui/elements';
 import { showLegend } from '../ui/legend';
 import { PreparePanel } from '../ui/PreparePanel';
 import { Status } from '../ui/Status';
@@ -31,6 +31,10 @@ const longestShared = 400_000;
 
 const messageOf = (error: unknown): string => (error instanceof Error ? error.message : String(error));
 
+/** The text for paper; what stands together is not cut by the end of a page. */
+const paragraphsOf = (text: string): HTMLElement[] =>
+    text.split(/(?<=\n[ \t]*\n)/).map((paragraph) => make('pre', {}, paragraph));
+
 /** The whole page: takes a text, has it read, and shows what comes of it. */
 export class Page {
     private readonly status = new Status(() => this.reader.cancel());
@@ -48,6 +52,8 @@ export class Page {
     private revision = 0;
     private shown: Result | null = null;
     private waitsForMusic: Result | null = null;
+    /** The music shows a score of the text, or of the text before the last keys. */
+    private isDrawn = false;
     /** More only after somebody has said so, for this text. */
     private barsDrawnUnasked = mostBarsDrawn;
 
@@ -164,9 +170,20 @@ export class Page {
         else this.status.say('There is no score to download.');
     }
 
+    /** Has the score printed, by the browser's own dialog. */
     print(): void {
-        if (this.shown) this.music.print();
+        if (this.isDrawn) window.print();
         else this.status.say('There is no score to print.');
+    }
+
+    /** Lays out what the browser prints: the score as it is drawn, or the text where none is. */
+    layPaper(paper: HTMLElement): void {
+        if (this.isDrawn) this.music.engraveForPaper(paper);
+        else paper.replaceChildren(...paragraphsOf(this.tab.text));
+    }
+
+    get title(): string {
+        return this.tab.name;
     }
 
     say(words: string): void {
@@ -262,6 +279,7 @@ export class Page {
         const bars = result.json.barCount as number;
         if (bars > this.barsDrawnUnasked) {
             this.player.setEnabled(false);
+            this.isDrawn = false;
             return this.status.hold(
                 `The score has ${bars} bars. The page stands still for a while as it draws them.`,
                 {
@@ -274,6 +292,7 @@ export class Page {
             );
         }
         this.music.show(result);
+        this.isDrawn = true;
         this.player.setEnabled(true, this.music.tempo);
         this.cursorMoved();
     }
@@ -286,6 +305,7 @@ export class Page {
 
     private withoutMusic(refusal: string, helpful: readonly string[]): void {
         this.shown = null;
+        this.isDrawn = false;
         this.waitsForMusic = null;
         this.player.setEnabled(false);
         const offer =

@@ -2,6 +2,7 @@ import type { AlphaTabApi, model } from '@coderline/alphatab';
 import type { NotePlace, Result } from 'fretline';
 import { libraryFile, loadLibrary, type Library } from './library';
 import { NotePlaces } from './notePlaces';
+import { engraveAtOnce } from './paper';
 import { dress, readScore, showStaves, struckNotes, type Staves } from './score';
 
 export interface MusicEvents {
@@ -152,29 +153,26 @@ export class MusicView {
         return this.score?.tempo ?? 0;
     }
 
-    /** Engraves the score for paper, black on white, in a window of its own, and has that printed. */
-    print(): void {
+    /** Engraves the score for paper, black on white, as the children of an element; it stands there on return. */
+    engraveForPaper(paper: HTMLElement): void {
         if (!this.api || !this.engraver || !this.result) return;
-        const { ink, faint } = onPaper;
-        const resources = {
-            mainGlyphColor: ink,
-            scoreInfoColor: ink,
-            secondaryGlyphColor: ink,
-            staffLineColor: faint,
-            barSeparatorColor: faint,
-            barNumberColor: ink,
-        };
+        const { JsonConverter } = this.engraver.model;
+        const settings = JsonConverter.jsObjectToSettings(
+            JsonConverter.settingsToJsObject(this.api.settings),
+        );
+        this.applyColours(settings, onPaper);
+        settings.display.resources.secondaryGlyphColor = settings.display.resources.mainGlyphColor;
+        settings.display.scale = 0.9;
+        settings.display.stretchForce = 0.8;
+        settings.display.padding = [0, 0];
         // Bars have colours of their own where their metre is hidden: those of the shown score are the screen's.
         const score = readScore(this.engraver, this.result, this.staves);
-        const paper = new this.engraver.Settings();
-        this.applyColours(paper, onPaper);
-        dress(this.engraver, score, this.result, paper.display.resources);
-        // The library prints the score that it shows.
-        const printing = Object.create(this.api, {
-            score: { value: score },
-            tracks: { value: score.tracks },
-        }) as AlphaTabApi;
-        printing.print(undefined, { display: { resources, scale: 0.9 } });
+        dress(this.engraver, score, this.result, settings.display.resources);
+        const surface = document.createElement('div');
+        // The library's style sheet knows its music font by these classes.
+        surface.className = this.element.querySelector('.at-surface')?.className ?? '';
+        surface.append(...engraveAtOnce(this.engraver, score, settings));
+        paper.replaceChildren(surface);
     }
 
     /** All parts, one below the other. */

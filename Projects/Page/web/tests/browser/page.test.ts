@@ -260,15 +260,17 @@ describe('somebody who prints', () => {
         await person.drops('book.tab', Buffer.from(`${smallTab}\n\n`.repeat(100)));
         await person.reads('200 bars, 500 notes');
         await person.seesMusic();
-        const paper = await person.prints();
-        const texts = await paper.locator('.at-surface svg text').allTextContents();
+        await person.prints();
+        const { page: paper } = person;
+        await paper.emulateMedia({ media: 'print' });
+        const texts = await paper.locator('#paper svg text').allTextContents();
         expect(texts.filter((text) => /^[013]$/.test(text))).toHaveLength(500);
-        expect(await paper.locator('button, input, select, textarea, .cm-editor').count()).toBe(0);
+        expect(await paper.locator(':is(button, input, .cm-editor, #score):visible').count()).toBe(0);
         const { inks, heights } = await paper.evaluate(() => {
-            const drawn = [...document.querySelectorAll('.at-surface svg *')].map((element) =>
+            const drawn = [...document.querySelectorAll('#paper svg *')].map((element) =>
                 getComputedStyle(element),
             );
-            const systems = [...document.querySelectorAll('.at-surface > div')];
+            const systems = [...document.querySelectorAll('#paper .at-surface > div')];
             return {
                 inks: [...new Set(drawn.flatMap(({ fill, stroke }) => [fill, stroke]))].sort(),
                 heights: systems.map((system) => system.getBoundingClientRect().height),
@@ -289,7 +291,7 @@ describe('somebody who prints', () => {
         // No line of music is cut in two: the next page has it.
         expect(sizes.length).toBeLessThanOrEqual(Math.ceil(total / (pageHeight - Math.max(...heights))));
         expect(sizes.length).toBeGreaterThan(3);
-        await paper.close();
+        await paper.emulateMedia({ media: 'screen' });
 
         await person.pastes('Only words.');
         await person.isTold(/./);
@@ -297,6 +299,48 @@ describe('somebody who prints', () => {
         await person.reads('There is no score to print.');
         await person.leave();
     });
+
+    it.each(['light', 'dark'] as const)(
+        "gets the score alone by the browser's own print, or else the text, in %s",
+        async (colorScheme) => {
+            const person = await Person.open({ colorScheme });
+            const printed = async (): Promise<{ words: string; alone: boolean; colours: string[] }> => {
+                await person.page.pdf({ format: 'A4' });
+                await person.page.emulateMedia({ media: 'print' });
+                const seen = await person.page.evaluate(() => {
+                    const { color, backgroundColor } = getComputedStyle(document.body);
+                    const visible = [...document.body.children].filter((child) => child.checkVisibility());
+                    return {
+                        words: visible.map((child) => child.textContent).join(''),
+                        alone:
+                            visible.length === 1 && !visible[0]!.querySelector('button, input, .cm-editor'),
+                        colours: [color, backgroundColor],
+                    };
+                });
+                await person.page.emulateMedia({ media: 'screen' });
+                return seen;
+            };
+            const blackOnWhite = { alone: true, colours: ['rgb(0, 0, 0)', 'rgb(255, 255, 255)'] };
+            await person.pastes(smallTab);
+            await person.reads('2 bars, 5 notes');
+            await person.seesMusic();
+            const score = await printed();
+            expect(score).toMatchObject(blackOnWhite);
+            expect(score.words).not.toContain('|--');
+            expect(
+                await person.page
+                    .locator('#paper svg text')
+                    .filter({ hasText: /^[013]$/ })
+                    .count(),
+            ).toBe(5);
+
+            const text = 'Only words.\n\n\n  And others.\n';
+            await person.pastes(text);
+            await person.isTold(/./);
+            expect(await printed()).toEqual({ ...blackOnWhite, words: text });
+            await person.leave();
+        },
+    );
 });
 
 describe('the page', () => {
