@@ -57,7 +57,9 @@ bool ReadOptions(int count, char** words, Options& options) {
         if (text != std::end(texts) && i + 1 < count)
             *text->Value = words[++i];
         else if (word == "--parent" && i + 1 < count)
-            options.Parent = reinterpret_cast<void*>(std::stoul(words[++i]));
+            // The handle of a window comes as a number.
+            options.Parent =
+                reinterpret_cast<void*>(std::stoul(words[++i])); // NOLINT(performance-no-int-to-ptr)
         else if (word == "--calls")
             options.PrintsCalls = true;
         else if (word == "--music")

@@ -33,7 +33,7 @@ protected:
     std::string Stored() const { return Read("config/FretlineOptions.txt"); }
 
     // The host with these files in the folder, on a terminal.
-    std::function<int()> Host(std::vector<const char*> files) const {
+    std::function<int()> Host(const std::vector<const char*>& files) const {
         return [this, files] {
             if (chdir(Path().c_str()) != 0)
                 return kSomeFailed;

@@ -18,7 +18,8 @@ constexpr std::uintmax_t kLarge = 100'000'000;
 const fs::path kMemory = "/dev/shm";
 
 std::string TempFolder() {
-    return std::getenv(kTempFolderVariable);
+    const char* const folder = std::getenv(kTempFolderVariable);
+    return folder == nullptr ? std::string() : folder;
 }
 
 } // namespace
@@ -37,7 +38,7 @@ TEST(RunFolder, KeepsSmallScoresInMemoryAndLargeOnesInTheUsualFolder) {
             fs::path Place;
         } rows[] = {{kSmall, kMemory}, {kLarge, usual}, {kSmall, kMemory}};
         for (const auto& [textSize, place] : rows) {
-            const fs::path ready = folder.MakeReadyFor(textSize);
+            const fs::path& ready = folder.MakeReadyFor(textSize);
             EXPECT_EQ(place, ready.parent_path()) << textSize;
             EXPECT_EQ(ready, TempFolder()) << textSize;
             EXPECT_TRUE(fs::is_directory(ready));
